@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+//
+// Every function that a row of the catalogue names.
+#pragma once
+
+#include "frame/constants.hpp"
+#include "frame/error_code.hpp"
+#include "pt/b_family.hpp"
+#include "pt/o_family.hpp"
+#include "pt/region_given.hpp"
+#include "regions/b23.hpp"
+#include "regions/region1.hpp"
+#include "regions/region2.hpp"
+#include "regions/region3.hpp"
+#include "regions/region3_backward.hpp"
+#include "regions/region3_density.hpp"
+#include "regions/region5.hpp"
+#include "regions/region5_backward.hpp"
+#include "saturation/line.hpp"

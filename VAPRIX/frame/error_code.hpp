@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+//
+// The error code of the calling thread.
+#pragma once
+
+#include "frame/constants.hpp"
+
+namespace vaprix {
+
+// What the codes mean is one table, in docs/error-codes.md.
+enum class ErrorCode : int {
+    success = 0,
+    saturation_temperature_range = -10019,
+    saturation_pressure_range = -10020,
+    outside_range = -10055,
+};
+
+// The calling thread's code: 0 until something is stored, and never reset by a reading.
+[[nodiscard]] int error_code() noexcept;
+
+// Stores a code for the calling thread. Only failing paths and the few successes that are
+// documented to store 0 come here, so the fast paths never touch thread-local storage.
+void store(ErrorCode code) noexcept;
+
+// Stores the code and gives the result of a failed evaluation.
+[[nodiscard]] double fail(ErrorCode code) noexcept;
+
+}  // namespace vaprix

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+//
+// B-family of (p, T): the basic equations directly, region 3 at the volume of the backward
+// equations. Given:    p  pressure, MPa;  t  temperature, K. Failure:  -99999.0 outside the range
+// of validity; no code. On the saturation line the answers differ, which
+//           hosts have come to rely on: 0.0 for v, h, s, cp and w, positive infinity for the
+//           density, -99999.0 for cv, u, f and g.
+#pragma once
+
+namespace vaprix::pt {
+
+// Region as the exports report it: the saturation line as 4, the number of its equation.
+[[nodiscard]] double region_reported(double p, double t) noexcept;
+
+[[nodiscard]] double v_b(double p, double t) noexcept;   // specific volume, m3/kg
+[[nodiscard]] double d_b(double p, double t) noexcept;   // density, kg/m3
+[[nodiscard]] double h_b(double p, double t) noexcept;   // specific enthalpy, kJ/kg
+[[nodiscard]] double s_b(double p, double t) noexcept;   // specific entropy, kJ/(kg K)
+[[nodiscard]] double cp_b(double p, double t) noexcept;  // isobaric heat capacity, kJ/(kg K)
+[[nodiscard]] double cv_b(double p, double t) noexcept;  // isochoric heat capacity, kJ/(kg K)
+[[nodiscard]] double w_b(double p, double t) noexcept;   // speed of sound, m/s
+[[nodiscard]] double u_b(double p, double t) noexcept;   // specific internal energy, kJ/kg
+[[nodiscard]] double f_b(double p, double t) noexcept;   // specific Helmholtz energy, kJ/kg
+[[nodiscard]] double g_b(double p, double t) noexcept;   // specific Gibbs energy, kJ/kg
+
+}  // namespace vaprix::pt

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include "pt/o_family.hpp"
+
+#include <cmath>
+
+#include "frame/error_code.hpp"
+#include "pt/properties.hpp"
+#include "pt/region_pt.hpp"
+#include "regions/region3_density.hpp"
+#include "regions/saturated_densities.hpp"
+
+namespace vaprix::pt {
+namespace {
+
+bool at_critical_point(double p, double t) noexcept {
+    constexpr double near = 1e-9;  // K and MPa
+    return std::fabs(t - T_crit) < near && std::fabs(p - p_crit) < near;
+}
+
+// Density of a state of region 3.
+double density3(double p, double t) noexcept {
+    if (at_critical_point(p, t)) return d_crit;
+    const region3::Density density = region3::density_pt(p, t);
+    return density.converged ? density.d : 0.0;
+}
+
+template <const Property& property>
+double evaluate_o(double p, double t) noexcept {
+    switch (region_pt(p, t)) {
+        case 1: return property.region1(p, t);
+        case 2: return property.region2(p, t);
+        case 3: return property.region3(density3(p, t), t);
+        case 5: return property.region5(p, t);
+        case saturation_line:
+            store(ErrorCode::success);
+            if (t <= T_13) return property.region1(p, t);
+            return property.region3(dsat3(t, p).liquid, t);
+        default: return fail(ErrorCode::outside_range);
+    }
+}
+
+}  // namespace
+
+double d_o(double p, double t) noexcept {
+    switch (region_pt(p, t)) {
+        case 1: return 1 / region1::v(p, t);
+        case 2: return 1 / region2::v(p, t);
+        case 3: return density3(p, t);
+        case 5: return 1 / region5::v(p, t);
+        default: return at_critical_point(p, t) ? d_crit : fail(ErrorCode::outside_range);
+    }
+}
+
+// Deliberately two solves, one to see that there is a density and one for the result: the volume is
+// defined as the reciprocal of a second, independent density, and stays so.
+double v_o(double p, double t) noexcept {
+    if (!(d_o(p, t) > 0)) return failed;
+    return 1 / d_o(p, t);
+}
+
+double h_o(double p, double t) noexcept { return evaluate_o<h>(p, t); }
+double s_o(double p, double t) noexcept { return evaluate_o<s>(p, t); }
+double cp_o(double p, double t) noexcept { return evaluate_o<cp>(p, t); }
+double cv_o(double p, double t) noexcept { return evaluate_o<cv>(p, t); }
+double w_o(double p, double t) noexcept { return evaluate_o<w>(p, t); }
+double u_o(double p, double t) noexcept { return evaluate_o<u>(p, t); }
+double f_o(double p, double t) noexcept { return evaluate_o<f>(p, t); }
+double g_o(double p, double t) noexcept { return evaluate_o<g>(p, t); }
+
+}  // namespace vaprix::pt

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+//
+// Properties of (p, T) with the region given, the form on which the B-family rests: region 3 at the
+// volume of the backward equations. Given:    p  pressure, MPa;  t  temperature, K;  region  0 to
+// have it determined and written back (0 again
+//           when the state is outside), any other value is taken as it is, without a range check.
+// Failure:  0.0 for a region that names no single-phase equation; no code.
+#pragma once
+
+#include "pt/properties.hpp"
+#include "regions/region3_volume.hpp"
+
+namespace vaprix::pt {
+
+// The property in a region that has been settled.
+template <const Property& property>
+[[nodiscard]] inline double evaluate_in(int region, double p, double t) noexcept {
+    switch (region) {
+        case 1: return property.region1(p, t);
+        case 2: return property.region2(p, t);
+        case 3: return property.region3(1 / region3::v_pt(p, t), t);
+        case 5: return property.region5(p, t);
+        default: return 0.0;
+    }
+}
+
+// Specific volume, m3/kg, which region 3 has without a detour through the density.
+[[nodiscard]] inline double volume_in(int region, double p, double t) noexcept {
+    switch (region) {
+        case 1: return region1::v(p, t);
+        case 2: return region2::v(p, t);
+        case 3: return region3::v_pt(p, t);
+        case 5: return region5::v(p, t);
+        default: return 0.0;
+    }
+}
+
+[[nodiscard]] double v_given(double p, double t, int& region) noexcept;   // m3/kg
+[[nodiscard]] double h_given(double p, double t, int& region) noexcept;   // kJ/kg
+[[nodiscard]] double s_given(double p, double t, int& region) noexcept;   // kJ/(kg K)
+[[nodiscard]] double cp_given(double p, double t, int& region) noexcept;  // kJ/(kg K)
+[[nodiscard]] double cv_given(double p, double t, int& region) noexcept;  // kJ/(kg K)
+
+}  // namespace vaprix::pt

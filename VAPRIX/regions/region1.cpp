@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "regions/region1.hpp"
+
+#include <cmath>
+
+#include "frame/constants.hpp"
+#include "frame/guarded_math.hpp"
+#include "frame/polynomial.hpp"
+#include "regions/tables/region1.hpp"
+
+namespace vaprix::region1 {
+namespace {
+
+// gamma = sum n x^I y^J with x = 7.1 - pi, y = tau - 1.222, pi = p/p*, tau = T*/T
+constexpr double p_star = 16.53;  // MPa
+constexpr double T_star = 1386;   // K
+constexpr double x_0 = 7.1;
+constexpr double y_0 = 1.222;
+
+// 1/p*, in the two roundings that v and h, and the other properties, have always been published
+// with. They differ by a few units in the last place and must stay apart, or digits of hosts
+// change.
+constexpr double p_star_reciprocal_short = 0.060496067755596;
+constexpr double p_star_reciprocal = 0.060496067755595885;
+
+constexpr long double R_T_star = extended(R) * extended(T_star);
+constexpr long double R_per_p_star = extended(R) / (1000 * extended(p_star));
+
+constexpr auto gamma = polynomial(tables::region1);
+constexpr auto gamma_pi = -1 * d_x(gamma);
+constexpr auto gamma_pipi = d_x(d_x(gamma));
+constexpr auto gamma_tau = d_y(gamma);
+constexpr auto gamma_tautau = d_y(gamma_tau);
+constexpr auto gamma_pitau = d_y(gamma_pi);
+
+constexpr auto volume_over_t = R_per_p_star * gamma_pi;
+constexpr auto enthalpy = R_T_star * gamma_tau;
+// tau gamma_tau - gamma with tau = y + y_0: one polynomial, all of whose folded terms keep their
+// sign
+constexpr auto entropy =
+    extended(R) * (weighted(gamma, [](int, int J) { return J - 1; }) + extended(y_0) * gamma_tau);
+constexpr auto gibbs_over_t = extended(R) * gamma;
+
+// Reduced variables; the shifts are applied where the polynomial is evaluated.
+struct Reduced {
+    double pi, tau;
+    Reduced(double p, double t) noexcept : pi(p * p_star_reciprocal), tau(T_star / t) {}
+    [[nodiscard]] double x() const noexcept { return x_0 - pi; }
+    [[nodiscard]] double y() const noexcept { return tau - y_0; }
+};
+
+}  // namespace
+
+// v = R T pi gamma_pi / p
+double v(double p, double t) noexcept {
+    return t * evaluate<volume_over_t>(x_0 - p * p_star_reciprocal_short, T_star / t - y_0);
+}
+
+// h = R T tau gamma_tau
+double h(double p, double t) noexcept {
+    return evaluate<enthalpy>(x_0 - p * p_star_reciprocal_short, T_star / t - y_0);
+}
+
+// u = R T (tau gamma_tau - pi gamma_pi)
+double u(double p, double t) noexcept {
+    const Reduced r(p, t);
+    const auto [from_tau, from_pi] = evaluate<enthalpy, gamma_pi>(r.x(), r.y());
+    return from_tau - R * t * r.pi * from_pi;
+}
+
+// s = R (tau gamma_tau - gamma)
+double s(double p, double t) noexcept {
+    const Reduced r(p, t);
+    return evaluate<entropy>(r.x(), r.y());
+}
+
+// g = R T gamma
+double g(double p, double t) noexcept {
+    const Reduced r(p, t);
+    return t * evaluate<gibbs_over_t>(r.x(), r.y());
+}
+
+// cp = -R tau^2 gamma_tautau
+double cp(double p, double t) noexcept {
+    const Reduced r(p, t);
+    return -R * (r.tau * r.tau) * evaluate<gamma_tautau>(r.x(), r.y());
+}
+
+// cv = R (-tau^2 gamma_tautau + (gamma_pi - tau gamma_pitau)^2 / gamma_pipi)
+double cv(double p, double t) noexcept {
+    const Reduced r(p, t);
+    const auto [tautau, pi, pitau, pipi] =
+        evaluate<gamma_tautau, gamma_pi, gamma_pitau, gamma_pipi>(r.x(), r.y());
+    const double a = pi - r.tau * pitau;
+    return R * (a * a / pipi - r.tau * r.tau * tautau);
+}
+
+// w^2 = R T gamma_pi^2 / ((gamma_pi - tau gamma_pitau)^2 / (tau^2 gamma_tautau) - gamma_pipi)
+double w(double p, double t) noexcept {
+    const Reduced r(p, t);
+    const auto [tautau, pi, pitau, pipi] =
+        evaluate<gamma_tautau, gamma_pi, gamma_pitau, gamma_pipi>(r.x(), r.y());
+    const double a = pi - r.tau * pitau;
+    return std::fabs(pi) * signed_sqrt(1000 * R * t / (a * a / (r.tau * r.tau * tautau) - pipi));
+}
+
+// (dv/dp)_T = R T gamma_pipi / p*^2
+double v_p(double p, double t) noexcept {
+    constexpr auto factor = static_cast<double>(R_per_p_star / extended(p_star));
+    const Reduced r(p, t);
+    return factor * t * evaluate<gamma_pipi>(r.x(), r.y());
+}
+
+// (dv/dT)_p = R (gamma_pi - tau gamma_pitau) / p*
+double v_t(double p, double t) noexcept {
+    constexpr auto factor = static_cast<double>(R_per_p_star);
+    const Reduced r(p, t);
+    const auto [pi, pitau] = evaluate<gamma_pi, gamma_pitau>(r.x(), r.y());
+    return factor * (pi - r.tau * pitau);
+}
+
+}  // namespace vaprix::region1

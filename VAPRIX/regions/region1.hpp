@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+//
+// Region 1, compressed liquid: properties of (p, T).
+// Given:    p  pressure, MPa;  t  temperature, K. Region 1 is 273.15 to 623.15 K, saturation
+// pressure to
+//           100 MPa; nothing is checked, outside the equation is evaluated as it stands.
+// Failure:  none.
+// Source:   IAPWS R7-97(2012), Eq. (7) with Tables 2 to 4.
+#pragma once
+
+namespace vaprix::region1 {
+
+[[nodiscard]] double v(double p, double t) noexcept;    // specific volume, m3/kg
+[[nodiscard]] double h(double p, double t) noexcept;    // specific enthalpy, kJ/kg
+[[nodiscard]] double u(double p, double t) noexcept;    // specific internal energy, kJ/kg
+[[nodiscard]] double s(double p, double t) noexcept;    // specific entropy, kJ/(kg K)
+[[nodiscard]] double g(double p, double t) noexcept;    // specific Gibbs energy, kJ/kg
+[[nodiscard]] double cp(double p, double t) noexcept;   // isobaric heat capacity, kJ/(kg K)
+[[nodiscard]] double cv(double p, double t) noexcept;   // isochoric heat capacity, kJ/(kg K)
+[[nodiscard]] double w(double p, double t) noexcept;    // speed of sound, m/s
+[[nodiscard]] double v_p(double p, double t) noexcept;  // (dv/dp)_T, m3/(kg MPa)
+[[nodiscard]] double v_t(double p, double t) noexcept;  // (dv/dT)_p, m3/(kg K)
+
+}  // namespace vaprix::region1

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#include "regions/region2.hpp"
+
+#include "regions/tables/region2.hpp"
+#include "regions/vapour.hpp"
+
+namespace vaprix::region2 {
+namespace {
+
+// gamma = ln pi + sum n0 tau^J0 + sum n pi^I (tau - 0.5)^J, pi = p, tau = 540/T
+struct Equation {
+    static constexpr auto ideal = polynomial(tables::region2_ideal);
+    static constexpr auto residual = polynomial(tables::region2_residual);
+    static constexpr double T_star = 540;  // K
+    static constexpr double shift = 0.5;
+    // 1/T* for the negative powers of tau, in the two roundings that the enthalpy and the other
+    // properties have always been published with; they must stay apart, or digits of hosts change.
+    static constexpr double T_star_reciprocal_h = 0.0018518518518518;
+    static constexpr double T_star_reciprocal = 0.001851851851851852;
+};
+using Properties = Vapour<Equation>;
+
+}  // namespace
+
+double v(double p, double t) noexcept { return Properties::v(p, t); }
+double h(double p, double t) noexcept { return Properties::h(p, t); }
+double u(double p, double t) noexcept { return Properties::u(p, t); }
+double s(double p, double t) noexcept { return Properties::s(p, t); }
+double g(double p, double t) noexcept { return Properties::g(p, t); }
+double cp(double p, double t) noexcept { return Properties::cp(p, t); }
+double cv(double p, double t) noexcept { return Properties::cv(p, t); }
+double w(double p, double t) noexcept { return Properties::w(p, t); }
+double v_p(double p, double t) noexcept { return Properties::v_p(p, t); }
+double v_t(double p, double t) noexcept { return Properties::v_t(p, t); }
+
+}  // namespace vaprix::region2

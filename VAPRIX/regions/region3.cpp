@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include "regions/region3.hpp"
+
+#include <cmath>
+
+#include "frame/constants.hpp"
+#include "frame/guarded_math.hpp"
+#include "frame/polynomial.hpp"
+#include "regions/tables/region3.hpp"
+
+namespace vaprix::region3 {
+namespace {
+
+// phi = n1 ln delta + sum n delta^I tau^J with delta = d/322 kg/m3, tau = 647.096 K/T
+constexpr double n1 = tables::region3_log_coefficient;
+constexpr long double R_l = extended(R);
+constexpr auto d_crit_reciprocal = static_cast<double>(1 / extended(d_crit));
+
+constexpr auto phi = polynomial(tables::region3);
+
+// The sums below stand for the named derivative without the part of n1 ln delta, which is added
+// where they are used: delta phi_delta has n1, delta^2 phi_deltadelta -n1, the derivatives by tau
+// nothing.
+constexpr auto delta_phi_delta = weighted(phi, [](int I, int) { return I; });
+// delta phi_delta - delta tau phi_deltatau, plus n1
+constexpr auto thermal = weighted(phi, [](int I, int J) { return I * (1 - J); });
+// 2 delta phi_delta + delta^2 phi_deltadelta, plus n1
+constexpr auto stiffness = weighted(phi, [](int I, int) { return I * (I + 1); });
+// tau^2 phi_tautau
+constexpr auto tautau = weighted(phi, [](int, int J) { return J * (J - 1); });
+
+constexpr auto pressure = (R_l / 1000) * delta_phi_delta;
+constexpr auto enthalpy_over_t = R_l * weighted(phi, [](int I, int J) { return I + J; });
+constexpr auto energy = (R_l * extended(T_crit)) * d_y(phi);
+constexpr auto entropy = R_l * weighted(phi, [](int, int J) { return J - 1; });
+constexpr auto gibbs_over_t = R_l * weighted(phi, [](int I, int) { return I + 1; });
+constexpr auto helmholtz_over_t = R_l * phi;
+constexpr auto heat_capacity_v = -R_l * tautau;
+
+constexpr auto R_n1 = static_cast<double>(R_l * extended(n1));
+constexpr auto R_n1_1000 = static_cast<double>(R_l * extended(n1) / 1000);
+
+}  // namespace
+
+// p = d R T delta phi_delta
+double p(double d, double t) noexcept {
+    return d * t * (evaluate<pressure>(d * d_crit_reciprocal, T_crit / t) + R_n1_1000);
+}
+
+// h = R T (tau phi_tau + delta phi_delta)
+double h(double d, double t) noexcept {
+    return t * (evaluate<enthalpy_over_t>(d * d_crit_reciprocal, T_crit / t) + R_n1);
+}
+
+// u = R T tau phi_tau
+double u(double d, double t) noexcept {
+    return evaluate<energy>(d * d_crit_reciprocal, T_crit / t);
+}
+
+// s = R (tau phi_tau - phi)
+double s(double d, double t) noexcept {
+    const double delta = d * d_crit_reciprocal;
+    return evaluate<entropy>(delta, T_crit / t) - R_n1 * guarded_log(delta);
+}
+
+// g = R T (phi + delta phi_delta)
+double g(double d, double t) noexcept {
+    const double delta = d * d_crit_reciprocal;
+    return t * (evaluate<gibbs_over_t>(delta, T_crit / t) + R_n1 * (1 + guarded_log(delta)));
+}
+
+// f = R T phi
+double f(double d, double t) noexcept {
+    const double delta = d * d_crit_reciprocal;
+    return t * (evaluate<helmholtz_over_t>(delta, T_crit / t) + R_n1 * guarded_log(delta));
+}
+
+// cv = -R tau^2 phi_tautau
+double cv(double d, double t) noexcept {
+    return evaluate<heat_capacity_v>(d * d_crit_reciprocal, T_crit / t);
+}
+
+// cp = cv + R (delta phi_delta - delta tau phi_deltatau)^2 / (2 delta phi_delta + delta^2
+// phi_deltadelta)
+double cp(double d, double t) noexcept {
+    const auto [tt, a, b] = evaluate<tautau, thermal, stiffness>(d * d_crit_reciprocal, T_crit / t);
+    return R * ((a + n1) * (a + n1) / (b + n1) - tt);
+}
+
+// w^2 = R T (2 delta phi_delta + delta^2 phi_deltadelta
+//            - (delta phi_delta - delta tau phi_deltatau)^2 / (tau^2 phi_tautau))
+double w(double d, double t) noexcept {
+    const auto [tt, a, b] = evaluate<tautau, thermal, stiffness>(d * d_crit_reciprocal, T_crit / t);
+    return signed_sqrt(1000 * R * t * (b + n1 - (a + n1) * (a + n1) / tt));
+}
+
+// (dp/dd)_T = R T (2 delta phi_delta + delta^2 phi_deltadelta)
+double p_d(double d, double t) noexcept {
+    constexpr auto factor = static_cast<double>(R_l / 1000);
+    return factor * t * (evaluate<stiffness>(d * d_crit_reciprocal, T_crit / t) + n1);
+}
+
+// (dp/dT)_d = R d (delta phi_delta - delta tau phi_deltatau)
+double p_t(double d, double t) noexcept {
+    constexpr auto factor = static_cast<double>(R_l / 1000);
+    return factor * d * (evaluate<thermal>(d * d_crit_reciprocal, T_crit / t) + n1);
+}
+
+Isotherm::Isotherm(double t) noexcept : c(coefficients_in_x<pressure>(T_crit / t)) {
+    c[0] += R_n1_1000;  // the table has no power 0 of delta in delta phi_delta
+    double factor = t;  // T / 322^k
+    for (double& coefficient : c) {
+        coefficient *= factor;
+        factor *= d_crit_reciprocal;
+    }
+}
+
+double Isotherm::f_difference(double d, double e) const noexcept {
+    const auto weight = [](std::size_t k) { return k == 0 ? 0.0 : 1.0 / static_cast<double>(k); };
+    return 1000 * (c[0] * std::log1p((d - e) / e) + (sum(d, weight) - sum(e, weight)));
+}
+
+}  // namespace vaprix::region3

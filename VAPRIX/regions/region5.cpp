@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include "regions/region5.hpp"
+
+#include "regions/tables/region5.hpp"
+#include "regions/vapour.hpp"
+
+namespace vaprix::region5 {
+namespace {
+
+// gamma = ln pi + sum n0 tau^J0 + sum n pi^I tau^J, pi = p, tau = 1000/T
+struct Equation {
+    static constexpr auto ideal = polynomial(tables::region5_ideal);
+    static constexpr auto residual = polynomial(tables::region5_residual);
+    static constexpr double T_star = 1000;  // K
+    static constexpr double shift = 0;
+    static constexpr double T_star_reciprocal_h = 0.001;
+    static constexpr double T_star_reciprocal = 0.001;
+};
+using Properties = Vapour<Equation>;
+
+}  // namespace
+
+double v(double p, double t) noexcept { return Properties::v(p, t); }
+double h(double p, double t) noexcept { return Properties::h(p, t); }
+double u(double p, double t) noexcept { return Properties::u(p, t); }
+double s(double p, double t) noexcept { return Properties::s(p, t); }
+double g(double p, double t) noexcept { return Properties::g(p, t); }
+double cp(double p, double t) noexcept { return Properties::cp(p, t); }
+double cv(double p, double t) noexcept { return Properties::cv(p, t); }
+double w(double p, double t) noexcept { return Properties::w(p, t); }
+double v_p(double p, double t) noexcept { return Properties::v_p(p, t); }
+double v_t(double p, double t) noexcept { return Properties::v_t(p, t); }
+
+}  // namespace vaprix::region5

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "regions/saturation_line.hpp"
+
+#include <algorithm>
+
+#include "frame/constants.hpp"
+#include "frame/guarded_math.hpp"
+#include "frame/pegasus.hpp"
+#include "regions/tables/saturation.hpp"
+
+namespace vaprix {
+namespace {
+
+constexpr auto& n = tables::saturation;
+constexpr double n1 = n[0], n2 = n[1], n3 = n[2], n4 = n[3], n5 = n[4], n6 = n[5], n7 = n[6],
+                 n8 = n[7], n9 = n[8], n10 = n[9];
+
+constexpr double critical_tolerance = 1e-15;  // K or MPa
+
+// Eq. (31) and what its derivative needs: beta = p^(1/4); E, F, G; the root of F^2 - 4 E G; D; and
+// half the root of (n10 + D)^2 - 4 (n9 + n10 D), which is (n10 - D)^2 - 4 n9 without the
+// cancellation.
+struct Backward {
+    double beta, E, F, G, root, D, half_root;
+
+    explicit Backward(double p) noexcept
+        : beta(signed_sqrt(signed_sqrt(p))),
+          E((beta + n3) * beta + n6),
+          F((n1 * beta + n4) * beta + n7),
+          G((n2 * beta + n5) * beta + n8),
+          root(signed_sqrt(F * F - 4 * E * G)),
+          D(2 * G / (-F - root)),
+          half_root(0.5 * signed_sqrt((n10 - D) * (n10 - D) - 4 * n9)) {}
+
+    [[nodiscard]] double t() const noexcept { return 0.5 * (n10 + D) - half_root; }
+};
+
+}  // namespace
+
+double psat(double t) noexcept {
+    // Eq. (30) itself gives 22.064000000002 MPa at the critical temperature.
+    if (std::fabs(t - T_crit) < critical_tolerance) return p_crit;
+    const double theta = t + n9 / (t - n10);
+    const double A = (theta + n1) * theta + n2;
+    const double B = (n3 * theta + n4) * theta + n5;
+    const double C = (n6 * theta + n7) * theta + n8;
+    const double beta = 2 * C / (signed_sqrt(B * B - 4 * A * C) - B);
+    return (beta * beta) * (beta * beta);
+}
+
+double tsat(double p) noexcept { return Backward(p).t(); }
+
+double tsat_p(double p) noexcept {
+    const Backward b(p);
+    const double beta_p = 1 / (4 * b.beta * b.beta * b.beta);
+    const double E_p = (2 * b.beta + n3) * beta_p;
+    const double F_p = (2 * n1 * b.beta + n4) * beta_p;
+    const double G_p = (2 * n2 * b.beta + n5) * beta_p;
+    const double root_p = (b.F * F_p - 2 * (E_p * b.G + b.E * G_p)) / b.root;
+    const double D_p = (2 * G_p + b.D * (F_p + root_p)) / (-b.F - b.root);
+    return 0.5 * D_p * (1 + (n10 - b.D) / (2 * b.half_root));
+}
+
+double tsat_exact(double p) noexcept {
+    if (std::fabs(p_crit - p) < critical_tolerance) return T_crit;
+    const double t = tsat(p);
+    return pegasus([p](double x) noexcept { return psat(x) - p; }, std::max(T_min, 0.99 * t),
+                   std::min(T_crit, 1.01 * t), 1e-15);
+}
+
+}  // namespace vaprix

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+//
+// Region 4, the saturation line: 273.15 K to the critical point. Nothing is checked here.
+// Source: IAPWS R7-97(2012), Eqs. (29) to (31), Table 34.
+#pragma once
+
+namespace vaprix {
+
+// Saturation pressure, MPa, of t, K: Eq. (30), exactly 22.064 MPa at 647.096 K.
+[[nodiscard]] double psat(double t) noexcept;
+
+// Saturation temperature, K, of p, MPa: backward equation, Eq. (31).
+[[nodiscard]] double tsat(double p) noexcept;
+
+// Derivative dTs/dp of Eq. (31), K/MPa.
+[[nodiscard]] double tsat_p(double p) noexcept;
+
+// Saturation temperature, K, that gives p, MPa, back through Eq. (30) to rounding; exactly 647.096
+// K at 22.064 MPa. Solved by the Pegasus method around Eq. (31); 0.0 if that does not settle.
+[[nodiscard]] double tsat_exact(double p) noexcept;
+
+}  // namespace vaprix

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+//
+// Properties of a vapour equation gamma(pi, tau) = gamma0 + gammar, an ideal-gas part and a
+// residual part, which regions 2 and 5 share: IAPWS R7-97(2012), Tables 12 and 41.
+//
+// Equation names the two tables as polynomials (the ideal part in tau alone), T*, the shift of tau
+// in the residual part and the stored reciprocals of T*; p* = 1 MPa, so pi is p.
+#pragma once
+
+#include "frame/constants.hpp"
+#include "frame/guarded_math.hpp"
+#include "frame/polynomial.hpp"
+
+namespace vaprix {
+
+template <class Equation>
+class Vapour {
+    static constexpr long double R_l = extended(R);
+    static constexpr long double R_T_star = R_l * extended(Equation::T_star);
+
+    // ideal-gas part, without ln pi
+    static constexpr auto gamma0 = Equation::ideal;
+    static constexpr auto tautau0 = weighted(gamma0, [](int, int J) { return J * (J - 1); });
+    static constexpr auto enthalpy0 = R_T_star * d_y(gamma0);
+    static constexpr auto entropy0 = R_l * weighted(gamma0, [](int, int J) { return J - 1; });
+    static constexpr auto gibbs0_over_t = R_l * gamma0;
+
+    // residual part; its y is tau - shift
+    static constexpr auto gamma = Equation::residual;
+    static constexpr auto gamma_pi = d_x(gamma);
+    static constexpr auto gamma_pipi = d_x(gamma_pi);
+    static constexpr auto gamma_tau = d_y(gamma);
+    static constexpr auto gamma_tautau = d_y(gamma_tau);
+    static constexpr auto gamma_pitau = d_y(gamma_pi);
+    static constexpr auto enthalpy = R_T_star * gamma_tau;
+    // tau gamma_tau - gamma as one polynomial, all of whose folded terms keep their sign
+    static constexpr auto entropy = R_l * (weighted(gamma, [](int, int J) { return J - 1; }) +
+                                           extended(Equation::shift) * gamma_tau);
+    static constexpr auto gibbs_over_t = R_l * gamma;
+
+    // Value of an ideal-gas polynomial; its negative powers of tau are positive ones of T times
+    // 1/T*.
+    template <auto const& P>
+    static double ideal(double tau, double t, double reciprocal) noexcept {
+        return evaluate<P>(WithReciprocal<double>{0, 0},
+                           WithReciprocal<double>{tau, t * reciprocal});
+    }
+
+    template <auto const& P>
+    static double ideal(double tau, double t) noexcept {
+        return ideal<P>(tau, t, Equation::T_star_reciprocal);
+    }
+
+    // What cv and the speed of sound are made of.
+    struct SecondDerivatives {
+        double tautau;  // tau^2 (gamma0_tautau + gammar_tautau)
+        double a;       // 1 + pi gammar_pi
+        double b;       // 1 + pi gammar_pi - tau pi gammar_pitau
+        double c;       // 1 - pi^2 gammar_pipi
+
+        SecondDerivatives(double p, double t) noexcept {
+            const double tau = Equation::T_star / t;
+            const auto [tt, pi, pitau, pipi] =
+                evaluate<gamma_tautau, gamma_pi, gamma_pitau, gamma_pipi>(p, tau - Equation::shift);
+            tautau = ideal<tautau0>(tau, t) + tau * tau * tt;
+            a = 1 + p * pi;
+            b = a - tau * p * pitau;
+            c = 1 - p * p * pipi;
+        }
+    };
+
+public:
+    // v = R T (gamma0_pi + gammar_pi), gamma0_pi = 1/pi
+    static double v(double p, double t) noexcept {
+        constexpr auto factor = static_cast<double>(R_l / 1000);
+        const double tau = Equation::T_star / t;
+        return factor * t * (1 / p + evaluate<gamma_pi>(p, tau - Equation::shift));
+    }
+
+    // h = R T tau (gamma0_tau + gammar_tau)
+    static double h(double p, double t) noexcept {
+        const double tau = Equation::T_star / t;
+        return ideal<enthalpy0>(tau, t, Equation::T_star_reciprocal_h) +
+               evaluate<enthalpy>(p, tau - Equation::shift);
+    }
+
+    // u = R T (tau (gamma0_tau + gammar_tau) - (1 + pi gammar_pi))
+    static double u(double p, double t) noexcept {
+        const double tau = Equation::T_star / t;
+        const auto [from_tau, from_pi] = evaluate<enthalpy, gamma_pi>(p, tau - Equation::shift);
+        return ideal<enthalpy0>(tau, t) + from_tau - R * t * (1 + p * from_pi);
+    }
+
+    // s = R (tau (gamma0_tau + gammar_tau) - (gamma0 + gammar))
+    static double s(double p, double t) noexcept {
+        const double tau = Equation::T_star / t;
+        return ideal<entropy0>(tau, t) + evaluate<entropy>(p, tau - Equation::shift) -
+               R * guarded_log(p);
+    }
+
+    // g = R T (gamma0 + gammar)
+    static double g(double p, double t) noexcept {
+        const double tau = Equation::T_star / t;
+        return t * (ideal<gibbs0_over_t>(tau, t) +
+                    evaluate<gibbs_over_t>(p, tau - Equation::shift) + R * guarded_log(p));
+    }
+
+    // cp = -R tau^2 (gamma0_tautau + gammar_tautau)
+    static double cp(double p, double t) noexcept {
+        const double tau = Equation::T_star / t;
+        return -R * (ideal<tautau0>(tau, t) +
+                     tau * tau * evaluate<gamma_tautau>(p, tau - Equation::shift));
+    }
+
+    // cv = cp - R (1 + pi gammar_pi - tau pi gammar_pitau)^2 / (1 - pi^2 gammar_pipi)
+    static double cv(double p, double t) noexcept {
+        const SecondDerivatives d(p, t);
+        return -R * (d.tautau + d.b * d.b / d.c);
+    }
+
+    // w^2 = R T a^2 / (c + b^2 / (tau^2 (gamma0_tautau + gammar_tautau))), a, b, c as above
+    static double w(double p, double t) noexcept {
+        const SecondDerivatives d(p, t);
+        return std::fabs(d.a) * signed_sqrt(1000 * R * t / (d.c + d.b * d.b / d.tautau));
+    }
+
+    // (dv/dp)_T = R T (gamma0_pipi + gammar_pipi), gamma0_pipi = -1/pi^2
+    static double v_p(double p, double t) noexcept {
+        constexpr auto factor = static_cast<double>(R_l / 1000);
+        const double tau = Equation::T_star / t;
+        return factor * t * (evaluate<gamma_pipi>(p, tau - Equation::shift) - 1 / (p * p));
+    }
+
+    // (dv/dT)_p = R (1 + pi gammar_pi - tau pi gammar_pitau) / p
+    static double v_t(double p, double t) noexcept {
+        constexpr auto factor = static_cast<double>(R_l / 1000);
+        const double tau = Equation::T_star / t;
+        const auto [pi, pitau] = evaluate<gamma_pi, gamma_pitau>(p, tau - Equation::shift);
+        return factor * (1 / p + (pi - tau * pitau));
+    }
+};
+
+}  // namespace vaprix

@@ -1,0 +1,15 @@
+# SPDX-License-Identifier: MIT
+#
+# Compiler flags, once for all files: vaprix_warnings for everything of ours, vaprix_arithmetic for whatever
+# computes properties.
+
+add_library(vaprix_warnings INTERFACE)
+target_compile_options(vaprix_warnings INTERFACE
+  -Wall -Wextra -Wshadow -Wconversion -Wfloat-conversion -Wdouble-promotion
+  $<$<COMPILE_LANGUAGE:CXX>:-Wmissing-declarations>
+  $<$<BOOL:${VAPRIX_WERROR}>:-Werror>)
+
+# Strict IEEE arithmetic without contraction: the same digits from every compiler, instruction set and host.
+# errno is never read. Trapping semantics stay on: no speculated operation may raise a flag that hosts poll.
+add_library(vaprix_arithmetic INTERFACE)
+target_compile_options(vaprix_arithmetic INTERFACE -ffp-contract=off -fno-math-errno)

@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+//
+// What every export answers to arguments that are no state: the sentinel, the code, or whatever its
+// family gives; and what a region number that means nothing does.
+#include <cmath>
+#include <fstream>
+#include <ostream>
+#include <set>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "export_table.hpp"
+
+namespace host {
+
+static void PrintTo(const State& s, std::ostream* out) {
+    const auto precision = out->precision(17);
+    *out << "p = " << s.p << ", T = " << s.t;
+    out->precision(precision);
+}
+
+}  // namespace host
+
+namespace {
+
+using namespace host;
+
+// Pairs outside the range of validity: each bad value on either side and on both, then the nearest
+// neighbours of the limits.
+std::vector<State> outside_states() {
+    std::vector<State> states;
+    for (const double bad : bad_values) {
+        for (const State& good : inside) {
+            states.push_back({bad, good.t});
+            states.push_back({good.p, bad});
+        }
+        for (const double other : bad_values) states.push_back({bad, other});
+    }
+    states.insert(states.end(), {
+                                    {std::nextafter(0.0006112127, 0.0), 300.0},
+                                    {std::nextafter(100.0, infinity), 300.0},
+                                    {3.0, 273.15 - 1e-11},
+                                    {3.0, std::nextafter(2273.15, infinity)},
+                                    {std::nextafter(50.0, infinity), 1500.0},
+                                    {100.0, 1073.15 + 1e-11},
+                                });
+    return states;
+}
+
+// Within the tolerance of the saturation line, in region 1 or 2 and in region 3.
+std::vector<State> saturated_states() {
+    std::vector<State> states;
+    for (const double t : {274.0, 300.0, 373.15, 500.0, 623.15}) states.push_back({PBT(&t), t});
+    for (const double p : {17.0, 19.5, 21.9}) states.push_back({p, TBP(&p)});
+    return states;
+}
+
+struct Answer {
+    double value;
+    int code;
+};
+
+template <class Call, class... Arguments>
+Answer answer(LeftCode left, Call call, Arguments... arguments) {
+    leave(left);
+    const double value = call(arguments...);
+    return {value, ECODETUL()};
+}
+
+#define EXPECT_ANSWER(expected_value, expected_code, ...)                                     \
+    do {                                                                                      \
+        const Answer got = answer(of_line, __VA_ARGS__);                                      \
+        EXPECT_EQ(got.value, expected_value) << row.name << ' ' << testing::PrintToString(s); \
+        EXPECT_EQ(got.code, expected_code) << row.name << ' ' << testing::PrintToString(s);   \
+    } while (0)
+
+TEST(BadInput, FamiliesOfPtOutsideTheRange) {
+    for (const State& s : outside_states()) {
+        for (const auto& row : b_family) EXPECT_ANSWER(failed, of_line, row.call, &s.p, &s.t);
+        for (const auto& row : o_family) EXPECT_ANSWER(failed, outside, row.call, &s.p, &s.t);
+        for (const auto& row : density_of_tp) EXPECT_ANSWER(failed, outside, row.call, &s.t, &s.p);
+        for (const auto& row : region_of_pt) EXPECT_ANSWER(0.0, of_line, row.call, &s.p, &s.t);
+    }
+}
+
+TEST(BadInput, FamiliesOfPtOnTheSaturationLine) {
+    for (const State& s : saturated_states()) {
+        for (const auto& row : b_family) {
+            EXPECT_ANSWER(row.on_saturation_line, of_line, row.call, &s.p, &s.t);
+        }
+        for (const auto& row : region_of_pt) EXPECT_ANSWER(4.0, of_line, row.call, &s.p, &s.t);
+        for (const auto& row : density_of_tp) EXPECT_ANSWER(failed, outside, row.call, &s.t, &s.p);
+        for (const auto& row : o_family) {
+            if (row.call == DOPT || row.call == VOPT) {  // either phase would do: neither does
+                EXPECT_ANSWER(failed, outside, row.call, &s.p, &s.t);
+                continue;
+            }
+            const Answer got = answer(of_line, row.call, &s.p, &s.t);  // the saturated liquid
+            EXPECT_TRUE(std::isfinite(got.value) && got.value != 0.0 && got.value != failed)
+                << row.name << ' ' << testing::PrintToString(s) << ": " << got.value;
+            EXPECT_EQ(got.code, 0) << row.name << ' ' << testing::PrintToString(s);
+        }
+    }
+}
+
+TEST(BadInput, RegionGivenFunctions) {
+    constexpr int meaningless[] = {-1, 4, 6, 7, 8, 9, 2147483647, -2147483647 - 1};
+    for (const auto& row : region_given) {
+        const auto expect_zero = [&row](const State& s, int given) {
+            int region = given;
+            EXPECT_ANSWER(0.0, of_line, row.call, &s.p, &s.t, &region);
+            EXPECT_EQ(region, given) << row.name << ' ' << testing::PrintToString(s);
+        };
+        for (const State& s : outside_states()) {
+            expect_zero(s, 0);
+            for (const int region : meaningless) expect_zero(s, region);
+        }
+        for (const State& s : inside) {
+            for (const int region : meaningless) expect_zero(s, region);
+        }
+        for (const State& s : saturated_states()) {
+            int region = 0;
+            EXPECT_ANSWER(0.0, of_line, row.call, &s.p, &s.t, &region);
+            EXPECT_EQ(region, 9) << row.name << ' ' << testing::PrintToString(s);
+        }
+    }
+}
+
+TEST(BadInput, SaturationLine) {
+    for (const auto& row : saturation_line) {
+        std::vector<double> arguments = {std::nextafter(row.lowest, -infinity),
+                                         std::nextafter(row.highest, infinity)};
+        for (const double bad : bad_values) {
+            if (!(bad >= row.lowest && bad <= row.highest)) arguments.push_back(bad);
+        }
+        for (const double x : arguments) {
+            const Answer got = answer(of_pt, row.call, &x);
+            EXPECT_EQ(got.value, failed) << row.name << ' ' << testing::PrintToString(x);
+            const int code = row.code == 0 ? of_pt : row.code;
+            EXPECT_EQ(got.code, code) << row.name << ' ' << testing::PrintToString(x);
+        }
+        for (const double x : {row.lowest, row.highest}) {
+            leave(of_pt);
+            EXPECT_NE(row.call(&x), failed) << row.name << ' ' << testing::PrintToString(x);
+            EXPECT_EQ(ECODETUL(), of_pt) << row.name << ' ' << testing::PrintToString(x);
+        }
+    }
+}
+
+// The boundary of regions 2 and 3 is a bare polynomial: it answers everything.
+TEST(BadInput, BoundaryPolynomialNeverFails) {
+    leave(of_pt);
+    for (const double t : bad_values) {
+        EXPECT_NE(FB23(&t), failed) << t;
+        EXPECT_EQ(std::isnan(FB23(&t)), std::isnan(t)) << t;
+    }
+    EXPECT_EQ(ECODETUL(), of_pt);
+}
+
+// The tables above are complete: a new export is to be given a row.
+TEST(ExportTable, HoldsEveryExport) {
+    std::set<std::string> tested = {"ECODETUL", "CODE", "FB23", "DITER3"};
+    const auto add = [&tested](const auto& rows) {
+        for (const auto& row : rows) EXPECT_TRUE(tested.insert(row.name).second) << row.name;
+    };
+    add(constants), add(b_family), add(o_family), add(density_of_tp), add(region_of_pt);
+    add(region_given), add(natives), add(saturation_line);
+    std::ifstream list(EXPORT_LIST);
+    std::set<std::string> exported;
+    for (std::string name; list >> name;) exported.insert(name);
+    EXPECT_EQ(tested, exported) << "tests/host/export_table.hpp against " EXPORT_LIST;
+}
+
+}  // namespace

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+//
+// Every export by its arguments and its way to fail, for the tests that treat all of them alike.
+// bad_input_test.cpp holds these tables against the library's export list.
+#pragma once
+
+#include <limits>
+
+#include "vaprix.h"
+
+namespace host {
+
+inline constexpr double failed = -99999.0;
+inline constexpr double infinity = std::numeric_limits<double>::infinity();
+inline constexpr int outside = -10055, off_line_by_t = -10019, off_line_by_p = -10020;
+
+using OfOne = double (*)(const double*);
+using OfTwo = double (*)(const double*, const double*);
+using OfRegion = double (*)(const double*, const double*, int*);
+using Constant = double (*)();
+
+#define ROW(name) #name, name
+
+struct ConstantRow {
+    const char* name;
+    Constant call;
+    double value;
+};
+inline constexpr ConstantRow constants[] = {
+    {ROW(PTRIPLE), 0.000611657}, {ROW(TTRIPLE), 273.16}, {ROW(PCRIT), 22.064},
+    {ROW(TCRIT), 647.096},       {ROW(DCRIT), 322.0},    {ROW(RCONST), 0.461526},
+    {ROW(MOLM), 18.015268},
+};
+
+// (p, T) with range check, the sentinel alone on failure. Each has its own answer on the saturation
+// line: most fall through to 0, the density is the reciprocal of that, four refuse.
+struct BFamilyRow {
+    const char* name;
+    OfTwo call;
+    double on_saturation_line;
+};
+inline constexpr BFamilyRow b_family[] = {
+    {ROW(VBPT), 0.0},    {ROW(DBPT), infinity}, {ROW(HBPT), 0.0}, {ROW(SBPT), 0.0},
+    {ROW(CPBPT), 0.0},   {ROW(CVBPT), failed},  {ROW(WBPT), 0.0}, {ROW(UBPT), failed},
+    {ROW(FBPT), failed}, {ROW(GBPT), failed},
+};
+
+// (p, T) with range check, sentinel and code on failure; DOTP takes (T, p).
+struct PairRow {
+    const char* name;
+    OfTwo call;
+};
+inline constexpr PairRow o_family[] = {
+    {ROW(DOPT)},  {ROW(VOPT)}, {ROW(HOPT)}, {ROW(SOPT)}, {ROW(CPOPT)},
+    {ROW(CVOPT)}, {ROW(WOPT)}, {ROW(UOPT)}, {ROW(FOPT)}, {ROW(GOPT)},
+};
+inline constexpr PairRow density_of_tp[] = {{ROW(DOTP)}};
+inline constexpr PairRow region_of_pt[] = {{ROW(REGIONPT)}};
+
+struct RegionGivenRow {
+    const char* name;
+    OfRegion call;
+};
+inline constexpr RegionGivenRow region_given[] = {
+    {ROW(HPT)}, {ROW(VPT)}, {ROW(SPT)}, {ROW(CPPT)}, {ROW(CVPT)},
+};
+
+// Region-native functions: no check, no code, any argument. The pair is that of the name.
+enum class Pair { pt, tp, vt, ph, ps };
+struct NativeRow {
+    const char* name;
+    OfTwo call;
+    int region;
+    Pair pair;
+};
+inline constexpr NativeRow natives[] = {
+    {ROW(VPT1N), 1, Pair::pt},  {ROW(HPT1N), 1, Pair::pt},  {ROW(SPT1N), 1, Pair::pt},
+    {ROW(CPPT1N), 1, Pair::pt}, {ROW(CVPT1N), 1, Pair::pt}, {ROW(GPT1N), 1, Pair::pt},
+    {ROW(VPT2N), 2, Pair::pt},  {ROW(HPT2N), 2, Pair::pt},  {ROW(SPT2N), 2, Pair::pt},
+    {ROW(CPPT2N), 2, Pair::pt}, {ROW(CVPT2N), 2, Pair::pt}, {ROW(GPT2N), 2, Pair::pt},
+    {ROW(VPT5N), 5, Pair::pt},  {ROW(HPT5N), 5, Pair::pt},  {ROW(SPT5N), 5, Pair::pt},
+    {ROW(CPPT5N), 5, Pair::pt}, {ROW(CVPT5N), 5, Pair::pt}, {ROW(GPT5N), 5, Pair::pt},
+    {ROW(HVT3N), 3, Pair::vt},  {ROW(SVT3N), 3, Pair::vt},  {ROW(GVT3N), 3, Pair::vt},
+    {ROW(CPVT3N), 3, Pair::vt}, {ROW(CVVT3N), 3, Pair::vt}, {ROW(VTP3N), 3, Pair::tp},
+    {ROW(TPH3N), 3, Pair::ph},  {ROW(TPS3N), 3, Pair::ps},  {ROW(VPS3N), 3, Pair::ps},
+    {ROW(TPH5N), 5, Pair::ph},  {ROW(TPS5N), 5, Pair::ps},
+};
+
+// One argument on the saturation line, from `lowest` to `highest`; code 0: the sentinel alone.
+struct SaturationRow {
+    const char* name;
+    OfOne call;
+    double lowest, highest;
+    int code;
+};
+inline constexpr SaturationRow saturation_line[] = {
+    {ROW(PBT), 273.15, 647.096, 0},
+    {ROW(POT), 273.15, 647.096, off_line_by_t},
+    {ROW(PSATOT), 273.15, 647.096, off_line_by_t},
+    {ROW(TBP), 0.0005, 22.064, 0},
+    {ROW(DTBPDP), 0.0005, 22.064, 0},
+    {ROW(TOP), std::numeric_limits<double>::denorm_min(), 22.064, off_line_by_p},
+    {ROW(TSATOP), std::numeric_limits<double>::denorm_min(), 22.064, off_line_by_p},
+};
+
+#undef ROW
+
+// Arguments no state has, alone or together.
+inline constexpr double bad_values[] = {
+    std::numeric_limits<double>::quiet_NaN(),
+    infinity,
+    -infinity,
+    0.0,
+    -0.0,
+    -1.0,
+    std::numeric_limits<double>::denorm_min(),
+    -std::numeric_limits<double>::denorm_min(),
+    1e308,
+    -1e308,
+    std::numeric_limits<double>::max(),
+};
+
+struct State {
+    double p, t;  // MPa, K
+};
+// One state of each region: 1, 2, 3, 5.
+inline constexpr State inside[] = {{3.0, 300.0}, {3.0, 700.0}, {25.0, 650.0}, {3.0, 1500.0}};
+
+// Gives the calling thread a code that none of the functions under test stores: the one of the
+// saturation line for the functions of (p, T), the one of (p, T) for those of the saturation line.
+enum LeftCode : int { of_line = off_line_by_t, of_pt = outside };
+inline void leave(LeftCode code) {
+    const double nowhere = 0.0;
+    code == of_line ? POT(&nowhere) : HOPT(&nowhere, &nowhere);
+}
+
+}  // namespace host

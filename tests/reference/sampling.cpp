@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "sampling.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace reference {
+
+namespace {
+
+constexpr int default_states = 100000;
+constexpr int shown_failures = 3;
+
+}  // namespace
+
+int states() {
+    static const int count = [] {
+        const char* text = std::getenv("VAPRIX_TEST_STATES");
+        return text != nullptr ? std::stoi(text) : default_states;
+    }();
+    return count;
+}
+
+std::string digits(std::initializer_list<double> numbers) {
+    std::string text;
+    for (const double number : numbers) {
+        char buffer[40];
+        std::snprintf(buffer, sizeof buffer, "%s%.17g", text.empty() ? "" : " ", number);
+        text += buffer;
+    }
+    return text;
+}
+
+void Deviations::check(const std::string& name, double got, Quad want, Quad scale, double tolerance,
+                       std::initializer_list<double> at) {
+    Entry& entry = entries_[name];
+    ++entry.count;
+    const double deviation = static_cast<double>(magnitude(got - want) / magnitude(scale));
+    if (!(deviation <= entry.worst)) {  // a NaN stays visible
+        entry.worst = deviation;
+        entry.where = digits(at);
+    }
+    if (deviation <= tolerance) return;
+    if (++entry.failures <= shown_failures)
+        ADD_FAILURE() << name << " at " << digits(at) << ": got " << digits({got}) << ", expected "
+                      << digits({static_cast<double>(want)}) << ", deviation " << deviation
+                      << ", allowed " << tolerance;
+}
+
+void Deviations::report() const {
+    for (const auto& [name, entry] : entries_) {
+        std::printf("%-24s worst %8.2e of %d at (%s)%s\n", name.c_str(), entry.worst, entry.count,
+                    entry.where.c_str(), entry.failures != 0 ? "  FAILS" : "");
+        if (entry.failures != 0) std::printf("%-24s fails %d times\n", "", entry.failures);
+        testing::Test::RecordProperty(name, digits({entry.worst}));
+    }
+}
+
+}  // namespace reference
