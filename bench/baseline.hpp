@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+//
+// The yardstick: the published equations evaluated term by term with std::pow, as one would write
+// them down from the release. Same equations, same results to rounding, no thought given to speed.
+#pragma once
+
+namespace baseline {
+
+// Regions 1, 2 and 5: properties of (p, T), IAPWS R7-97(2012), Eqs. (7), (15) and (32).
+struct Region1;
+struct Region2;
+struct Region5;
+template <class Region>
+struct Gibbs {
+    static double v(double p, double t);
+    static double h(double p, double t);
+    static double s(double p, double t);
+    static double u(double p, double t);
+    static double g(double p, double t);
+    static double f(double p, double t);
+    static double cp(double p, double t);
+    static double cv(double p, double t);
+    static double w(double p, double t);
+};
+
+// Region 3: properties of (v, T), Eq. (28).
+struct Region3 {
+    static double h(double v, double t);
+    static double s(double v, double t);
+    static double u(double v, double t);
+    static double g(double v, double t);
+    static double f(double v, double t);
+    static double cp(double v, double t);
+    static double cv(double v, double t);
+    static double w(double v, double t);
+};
+
+// Region 3 backward equations, IAPWS SR3-03(2014), Eqs. (2), (3) and (6) to (9).
+double t_ph(double p, double h);
+double t_ps(double p, double s);
+double v_ps(double p, double s);
+
+// Saturation line, Eqs. (30) and (31), and boundary of regions 2 and 3, Eq. (5).
+double psat(double t);
+double tsat(double p);
+double p_b23(double t);
+
+}  // namespace baseline
