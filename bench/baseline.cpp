@@ -7,7 +7,9 @@
 #include "frame/constants.hpp"
 #include "regions/tables/b23.hpp"
 #include "regions/tables/region1.hpp"
+#include "regions/tables/region1_backward.hpp"
 #include "regions/tables/region2.hpp"
+#include "regions/tables/region2_backward.hpp"
 #include "regions/tables/region3.hpp"
 #include "regions/tables/region3_backward.hpp"
 #include "regions/tables/region5.hpp"
@@ -189,6 +191,22 @@ double Region3::w(double v, double t) {
     const double a = state.delta * (state.phi(1, 0) - state.tau * state.phi(1, 1));
     const double b = state.delta * (2 * state.phi(1, 0) + state.delta * state.phi(2, 0));
     return std::sqrt(1000 * R * t * (b - a * a / (state.tau * state.tau * state.phi(0, 2))));
+}
+
+double t1_ph(double p, double h) { return sum(tables::t1_ph, p, h / 2500 + 1); }
+double t1_ps(double p, double s) { return sum(tables::t1_ps, p, s + 2); }
+
+double t2_ph(double p, double h) {
+    if (p <= 4) return sum(tables::t2a_ph, p, h / 2000 - 2.1);
+    const auto& n = tables::b2bc;
+    return p > n[0] + n[1] * h + n[2] * std::pow(h, 2) ? sum(tables::t2c_ph, p + 25, h / 2000 - 1.8)
+                                                       : sum(tables::t2b_ph, p - 2, h / 2000 - 2.6);
+}
+
+double t2_ps(double p, double s) {
+    if (p <= 4) return sum(tables::t2a_ps, std::pow(p, 0.25), s / 2 - 2);
+    return s < 5.85 ? sum(tables::t2c_ps, p, 2 - s / 2.9251)
+                    : sum(tables::t2b_ps, p, 10 - s / 0.7853);
 }
 
 double t_ph(double p, double h) {

@@ -35,6 +35,12 @@ struct Region3 {
     static double w(double v, double t);
 };
 
+// Regions 1 and 2: backward equations of (p, h) and (p, s), Eqs. (11), (13) and (20) to (27).
+double t1_ph(double p, double h);
+double t1_ps(double p, double s);
+double t2_ph(double p, double h);
+double t2_ps(double p, double s);
+
 // Region 3 backward equations, IAPWS SR3-03(2014), Eqs. (2), (3) and (6) to (9).
 double t_ph(double p, double h);
 double t_ps(double p, double s);

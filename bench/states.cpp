@@ -11,9 +11,21 @@
 namespace {
 
 constexpr std::size_t count = 1 << 16;
+constexpr double psat_13 = 16.5291642526;  // saturation pressure at 623.15 K, MPa
 
 bool belongs(double found, int region) {
     return region == 0 ? found == 1 || found == 2 : found == region;
+}
+
+// Points of the saturation line: t uniform in temperature, p on its own uniform in pressure.
+std::vector<State> sample_line() {
+    using namespace vaprix;
+    std::mt19937_64 random(20260004U);
+    std::uniform_real_distribution<double> t_of(T_min, T_crit);
+    std::uniform_real_distribution<double> p_of(p_min, psat_13);
+    std::vector<State> found(count);
+    for (State& state : found) state = {p_of(random), t_of(random), 0, 0, 0};
+    return found;
 }
 
 std::vector<State> sample(int region) {
@@ -40,7 +52,7 @@ std::vector<State> sample(int region) {
 }  // namespace
 
 const std::vector<State>& states(int region) {
-    static const std::array<std::vector<State>, 6> all{sample(0), sample(1), sample(2),
-                                                       sample(3), {},        sample(5)};
+    static const std::array<std::vector<State>, 6> all{sample(0), sample(1),     sample(2),
+                                                       sample(3), sample_line(), sample(5)};
     return all[static_cast<std::size_t>(region)];
 }

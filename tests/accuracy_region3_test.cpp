@@ -75,7 +75,7 @@ TEST(Region3Accuracy, HelmholtzEquation) {
 // Backward sums cancel differently in every subregion, so the tolerance follows the sum: 64
 // roundings of its terms. A term carries its coefficient, two powers of up to 36 by repeated
 // multiplication, and the shift of its variables, which magnifies their rounding; with errors of
-// either sign the worst seen is about 40.
+// either sign the worst seen is 54.
 constexpr double roundings = 64 * u;
 
 void check_sum(Deviations& deviations, const std::string& name, double got, const Sum& want,

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "reference/backward12.hpp"
 #include "reference/basic_equations.hpp"
 #include "reference/call.hpp"
 #include "reference/csv.hpp"
@@ -16,6 +17,7 @@
 #include "regions/b23.hpp"
 #include "regions/region1.hpp"
 #include "regions/region2.hpp"
+#include "regions/region2_backward.hpp"
 #include "regions/region3.hpp"
 #include "regions/region3_backward.hpp"
 #include "regions/region3_boundaries.hpp"
@@ -150,6 +152,28 @@ TEST(CheckValues, SaturationLineAndB23) {
     check("if97/check_b23.csv", "T_K", "", {{"p_MPa", {{"FB23", one(call1<FB23>)}, quad(p_b23)}}});
     check("if97/check_b23.csv", "p_MPa", "",
           {{"T_K", {{"t_b23", one(vaprix::t_b23)}, quad(t_b23)}}});
+}
+
+TEST(CheckValues, Region1And2BackwardEquations) {
+    const auto quad = [](auto f) {
+        return Named{"yardstick",
+                     [f](double p, double y) { return static_cast<double>(f(p, y).value); }};
+    };
+    const auto region2_ph = [](Quad p, Quad h) { return t2_ph(subregion2_ph(p, h), p, h); };
+    const auto region2_ps = [](Quad p, Quad s) { return t2_ps(subregion2_ps(p, s), p, s); };
+    const Named t_ph{"TBPH", call<TBPH>}, t_ps{"TBPS", call<TBPS>};
+    check("if97/check_t07_region1_T_ph.csv", "p_MPa", "h_kJ_per_kg",
+          {{"T_K", {{"TPH1N", call<TPH1N>}, t_ph, quad(t1_ph)}}});
+    check("if97/check_t09_region1_T_ps.csv", "p_MPa", "s_kJ_per_kgK",
+          {{"T_K", {{"TPS1N", call<TPS1N>}, t_ps, quad(t1_ps)}}});
+    check("if97/check_t24_region2_T_ph.csv", "p_MPa", "h_kJ_per_kg",
+          {{"T_K", {{"TPH2N", call<TPH2N>}, t_ph, quad(region2_ph)}}});
+    check("if97/check_t29_region2_T_ps.csv", "p_MPa", "s_kJ_per_kgK",
+          {{"T_K", {{"TPS2N", call<TPS2N>}, t_ps, quad(region2_ps)}}});
+    check("if97/check_b2bc.csv", "h_kJ_per_kg", "",
+          {{"p_MPa",
+            {{"p_b2bc", [](double h, double) { return vaprix::region2::p_b2bc(h); }},
+             {"yardstick", [](double h, double) { return static_cast<double>(p_b2bc(h)); }}}}});
 }
 
 TEST(CheckValues, Region3BackwardEquations) {

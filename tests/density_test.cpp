@@ -177,6 +177,22 @@ TEST(Density, Diter3HonoursStartAndTolerance) {
     EXPECT_GT(worst_loose, 1e3 * worst_tight);
 }
 
+// A start beyond the bracket's 0.1 % leads to the root on its own side of the critical density all
+// the same, below the critical temperature as well, where the other side may have another one.
+TEST(Density, Diter3FromAPoorStart) {
+    constexpr double step = 1e-9;
+    Random random(201);
+    Deviations deviations;
+    for (int k = 0; k < states() / 10; ++k) {
+        const Point at = sweeps()[static_cast<std::size_t>(k % 2)].sample(random);
+        if (call<REGIONPT>(at.p, at.t) != 3 || std::abs(at.t - tc) < 1) continue;
+        const double exact = call<DOTP>(at.t, at.p);
+        const double start = exact * (1 + random.uniform(-0.05, 0.05));
+        if ((start > dc) != (exact > dc)) continue;
+        check_density(deviations, "DITER3, poor start", DITER3(&at.p, &at.t, &start, &step), at);
+    }
+}
+
 TEST(Density, CriticalPointAndSaturationLine) {
     EXPECT_EQ(call<DOTP>(tc, pc), dc);
     EXPECT_EQ(call<DOPT>(pc + 9e-10, tc - 9e-10), dc);

@@ -15,10 +15,9 @@ struct BracketedRoot {
 // end of the bracket in. This is the iteration for the density of region 3.
 //
 // Given:    f  residual;  a, b  ends of the bracket;  tolerance  relative step that ends the
-// iteration: the
-//           step from one round's secant point to the next, so that the two points behind an
-//           accepted secant are both as close as that and its own error is of second order in the
-//           tolerance.
+//           iteration: the step from one round's secant point to the next, so that the two points
+//           behind an accepted secant are both as close as that and its own error is of second
+//           order in the tolerance.
 // Returned: the root, converged; the last point, not converged, after 40 rounds.
 // Notes:    a NaN residual is never accepted and ends with the last round.
 template <class Residual>

@@ -9,9 +9,8 @@ namespace vaprix {
 // falsi in which the function value kept at the far end is scaled down by fb/(fb + fc).
 //
 // Given:    f  residual;  a, b  ends of the bracket, not checked for a change of sign (a bracket
-// without
-//           one is extrapolated by secant steps);  width  relative width |(b - a)/b| that ends the
-//           search.
+//           without one is extrapolated by secant steps);  width  relative width |(b - a)/b| that
+//           ends the search.
 // Returned: the root; 0.0 when 80 rounds do not settle, deliberately a value and not a failure.
 // Notes:    all comparisons are strict; a NaN leaves at the latest with the last round.
 template <class Residual>

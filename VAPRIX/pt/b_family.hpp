@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
 // B-family of (p, T): the basic equations directly, region 3 at the volume of the backward
-// equations. Given:    p  pressure, MPa;  t  temperature, K. Failure:  -99999.0 outside the range
-// of validity; no code. On the saturation line the answers differ, which
-//           hosts have come to rely on: 0.0 for v, h, s, cp and w, positive infinity for the
-//           density, -99999.0 for cv, u, f and g.
+// equations.
+// Given:    p  pressure, MPa;  t  temperature, K.
+// Failure:  -99999.0 outside the range of validity; no code. On the saturation line the answers
+//           differ, which hosts have come to rely on: 0.0 for v, h, s, cp and w, positive infinity
+//           for the density, -99999.0 for cv, u, f and g.
+// Source:   IAPWS R7-97(2012), Tables 3, 12, 31 and 41; IAPWS SR5-05(2016) for the volume of region 3.
 #pragma once
 
 namespace vaprix::pt {

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
 // O-family of (p, T): every state consistent with the basic equations, the density of region 3 by
-// iteration. Given:    p  pressure, MPa;  t  temperature, K. Failure:  -99999.0 and code -10055
-// outside the range of validity. Notes:    on the saturation line the density fails as it does
-// outside, while the other properties are those
-//           of the saturated liquid and store the code 0; no other success touches the code.
+// iteration.
+// Given:    p  pressure, MPa;  t  temperature, K.
+// Failure:  -99999.0 and code -10055 outside the range of validity.
+// Notes:    on the saturation line the density fails as it does outside, while the other properties
+//           are those of the saturated liquid and store the code 0; no other success touches the
+//           code.
+// Source:   IAPWS R7-97(2012), Tables 3, 12, 31 and 41.
 #pragma once
 
 namespace vaprix::pt {

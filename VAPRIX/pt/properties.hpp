@@ -18,6 +18,9 @@ struct Property {
     Function region5;           // of (p, T)
 };
 
+inline double reciprocal(double d, double /* t */) noexcept { return 1 / d; }
+
+inline constexpr Property v{region1::v, region2::v, reciprocal, region5::v};
 inline constexpr Property h{region1::h, region2::h, region3::h, region5::h};
 inline constexpr Property s{region1::s, region2::s, region3::s, region5::s};
 inline constexpr Property u{region1::u, region2::u, region3::u, region5::u};

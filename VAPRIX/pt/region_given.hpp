@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 //
 // Properties of (p, T) with the region given, the form on which the B-family rests: region 3 at the
-// volume of the backward equations. Given:    p  pressure, MPa;  t  temperature, K;  region  0 to
-// have it determined and written back (0 again
-//           when the state is outside), any other value is taken as it is, without a range check.
+// volume of the backward equations.
+// Given:    p  pressure, MPa;  t  temperature, K;  region  0 to have it determined and written back
+//           (0 again when the state is outside), any other value is taken as it is, without a range
+//           check.
 // Failure:  0.0 for a region that names no single-phase equation; no code.
+// Source:   IAPWS R7-97(2012), Tables 3, 12, 31 and 41; IAPWS SR5-05(2016) for the volume of region 3.
 #pragma once
 
 #include "pt/properties.hpp"

@@ -21,7 +21,8 @@ inline constexpr double tolerance = 1e-12;
 // Region of (p, t).
 // Given:    p  pressure, MPa;  t  temperature, K.
 // Returned: 1, 2, 3, 5, saturation_line or outside. The limits themselves are inside; a NaN is
-// outside. Source:   IAPWS R7-97(2012), section 2; boundaries by Eqs. (5), (30) and (31).
+//           outside.
+// Source:   IAPWS R7-97(2012), section 2; boundaries by Eqs. (5), (30) and (31).
 [[nodiscard]] inline int region_pt(double p, double t) noexcept {
     if (!(t >= T_min - tolerance && t <= T_max && p <= p_max && p >= p_min)) return outside;
     if (t <= T_13) {

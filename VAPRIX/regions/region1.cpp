@@ -119,4 +119,17 @@ double v_t(double p, double t) noexcept {
     return factor * (pi - r.tau * pitau);
 }
 
+Tangent h_tangent(double p, double t) noexcept {
+    const double tau = T_star / t;
+    const auto [h, tautau] =
+        evaluate<enthalpy, gamma_tautau>(x_0 - p * p_star_reciprocal_short, tau - y_0);
+    return {h, -R * (tau * tau) * tautau};
+}
+
+Tangent s_tangent(double p, double t) noexcept {
+    const Reduced r(p, t);
+    const auto [s, tautau] = evaluate<entropy, gamma_tautau>(r.x(), r.y());
+    return {s, -R / T_star * (r.tau * r.tau * r.tau) * tautau};
+}
+
 }  // namespace vaprix::region1

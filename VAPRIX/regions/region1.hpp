@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 //
 // Region 1, compressed liquid: properties of (p, T).
-// Given:    p  pressure, MPa;  t  temperature, K. Region 1 is 273.15 to 623.15 K, saturation
-// pressure to
-//           100 MPa; nothing is checked, outside the equation is evaluated as it stands.
+// Given:    p  pressure, MPa;  t  temperature, K. Region 1 is 273.15 to 623.15 K,
+//           saturation pressure to 100 MPa; nothing is checked, outside the equation is evaluated
+//           as it stands.
 // Failure:  none.
 // Source:   IAPWS R7-97(2012), Eq. (7) with Tables 2 to 4.
 #pragma once
+
+#include "frame/newton.hpp"
 
 namespace vaprix::region1 {
 
@@ -20,5 +22,9 @@ namespace vaprix::region1 {
 [[nodiscard]] double w(double p, double t) noexcept;    // speed of sound, m/s
 [[nodiscard]] double v_p(double p, double t) noexcept;  // (dv/dp)_T, m3/(kg MPa)
 [[nodiscard]] double v_t(double p, double t) noexcept;  // (dv/dT)_p, m3/(kg K)
+
+// h and s with their slopes in T along the isobar, cp and cp/T, from shared sums.
+[[nodiscard]] Tangent h_tangent(double p, double t) noexcept;
+[[nodiscard]] Tangent s_tangent(double p, double t) noexcept;
 
 }  // namespace vaprix::region1

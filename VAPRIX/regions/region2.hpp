@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 //
 // Region 2, vapour: properties of (p, T).
-// Given:    p  pressure, MPa;  t  temperature, K. Region 2 is 273.15 to 1073.15 K, up to the
-// saturation line,
-//           the B23 line and 100 MPa;
-//           nothing is checked, outside the equation is evaluated as it stands.
+// Given:    p  pressure, MPa;  t  temperature, K. Region 2 is 273.15 to 1073.15 K, up
+//           to the saturation line, the B23 line and 100 MPa; nothing is checked, outside the
+//           equation is evaluated as it stands.
 // Failure:  none.
-// Source:   IAPWS R7-97(2012), Eqs. (15) to (17) with Tables 10 to 14; it also serves metastable
-// vapour.
+// Source:   IAPWS R7-97(2012), Eqs. (15) to (17) with Tables 10 to 14; it also serves
+//           metastable vapour.
 #pragma once
+
+#include "frame/newton.hpp"
 
 namespace vaprix::region2 {
 
@@ -22,5 +23,9 @@ namespace vaprix::region2 {
 [[nodiscard]] double w(double p, double t) noexcept;    // speed of sound, m/s
 [[nodiscard]] double v_p(double p, double t) noexcept;  // (dv/dp)_T, m3/(kg MPa)
 [[nodiscard]] double v_t(double p, double t) noexcept;  // (dv/dT)_p, m3/(kg K)
+
+// h and s + R ln p with their slopes in T along the isobar, cp and cp/T, from shared sums.
+[[nodiscard]] Tangent h_tangent(double p, double t) noexcept;
+[[nodiscard]] Tangent s_tangent(double p, double t) noexcept;
 
 }  // namespace vaprix::region2

@@ -106,6 +106,30 @@ double p_t(double d, double t) noexcept {
     return factor * d * (evaluate<thermal>(d * d_crit_reciprocal, T_crit / t) + n1);
 }
 
+// h_d = (1000/d) (p_d - (T/d) p_t), h_t = cv + 1000 p_t/d
+TangentPair ph_tangents(double d, double t) noexcept {
+    const auto [i, a, b, tt, h_t] =
+        evaluate<delta_phi_delta, thermal, stiffness, tautau, enthalpy_over_t>(
+            d * d_crit_reciprocal, T_crit / t);
+    const double factor = R * t / 1000;
+    const double p_d = factor * (b + n1);
+    const double p_t = R / 1000 * d * (a + n1);
+    const double v = 1000 / d;
+    return {d * factor * (i + n1), p_d, p_t, t * (h_t + R_n1), v * (p_d - t / d * p_t),
+            v * p_t - R * tt};
+}
+
+// s_d = -1000 p_t/d^2, s_t = cv/T
+TangentPair ps_tangents(double d, double t) noexcept {
+    const double delta = d * d_crit_reciprocal;
+    const auto [i, a, b, tt, s] =
+        evaluate<delta_phi_delta, thermal, stiffness, tautau, entropy>(delta, T_crit / t);
+    const double factor = R * t / 1000;
+    const double p_t = R / 1000 * d * (a + n1);
+    return {d * factor * (i + n1),         factor * (b + n1),     p_t,
+            s - R_n1 * guarded_log(delta), -1000 * p_t / (d * d), -R * tt / t};
+}
+
 Isotherm::Isotherm(double t) noexcept : c(coefficients_in_x<pressure>(T_crit / t)) {
     c[0] += R_n1_1000;  // the table has no power 0 of delta in delta phi_delta
     double factor = t;  // T / 322^k

@@ -2,14 +2,15 @@
 //
 // Region 3, the near-critical and dense fluid: properties of (density, T).
 // Given:    d  density, kg/m3;  t  temperature, K. Region 3 is 623.15 to 863.15 K from the B23 line
-// to
-//           100 MPa; nothing is checked.
+//           to 100 MPa; nothing is checked.
 // Failure:  none.
 // Source:   IAPWS R7-97(2012), Eq. (28), Tables 30 to 32.
 #pragma once
 
 #include <array>
 #include <cstddef>
+
+#include "frame/newton.hpp"
 
 namespace vaprix::region3 {
 
@@ -24,6 +25,11 @@ namespace vaprix::region3 {
 [[nodiscard]] double w(double d, double t) noexcept;    // speed of sound, m/s
 [[nodiscard]] double p_d(double d, double t) noexcept;  // (dp/dd)_T, MPa m3/kg
 [[nodiscard]] double p_t(double d, double t) noexcept;  // (dp/dT)_d, MPa/K
+
+// Pressure and enthalpy, or pressure and entropy, with their slopes by density and by temperature,
+// from shared sums.
+[[nodiscard]] TangentPair ph_tangents(double d, double t) noexcept;
+[[nodiscard]] TangentPair ps_tangents(double d, double t) noexcept;
 
 // One isotherm: the factors that depend on temperature alone are formed once, which is what an
 // iteration on the density needs.

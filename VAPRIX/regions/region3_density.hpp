@@ -3,7 +3,7 @@
 // Density of region 3 from pressure and temperature, by iteration on the basic equation.
 // Given:    p  pressure, MPa;  t  temperature, K; nothing is checked.
 // Source:   the pressure relation of IAPWS R7-97(2012), Table 31, solved as
-// frame/bracketed_secant.hpp says.
+//           frame/bracketed_secant.hpp says.
 #pragma once
 
 namespace vaprix::region3 {

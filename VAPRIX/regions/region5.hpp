@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
 // Region 5, vapour at high temperature: properties of (p, T).
-// Given:    p  pressure, MPa;  t  temperature, K. Region 5 is 1073.15 to 2273.15 K, up to 50 MPa;
-//           nothing is checked, outside the equation is evaluated as it stands.
+// Given:    p  pressure, MPa;  t  temperature, K. Region 5 is 1073.15 to 2273.15 K,
+//           up to 50 MPa; nothing is checked, outside the equation is evaluated as it stands.
 // Failure:  none.
 // Source:   IAPWS R7-97(2012), Eqs. (32) to (34) with Tables 37 to 41 (the 2007 edition).
 #pragma once
+
+#include "frame/newton.hpp"
 
 namespace vaprix::region5 {
 
@@ -19,5 +21,9 @@ namespace vaprix::region5 {
 [[nodiscard]] double w(double p, double t) noexcept;    // speed of sound, m/s
 [[nodiscard]] double v_p(double p, double t) noexcept;  // (dv/dp)_T, m3/(kg MPa)
 [[nodiscard]] double v_t(double p, double t) noexcept;  // (dv/dT)_p, m3/(kg K)
+
+// h and s + R ln p with their slopes in T along the isobar, cp and cp/T, from shared sums.
+[[nodiscard]] Tangent h_tangent(double p, double t) noexcept;
+[[nodiscard]] Tangent s_tangent(double p, double t) noexcept;
 
 }  // namespace vaprix::region5

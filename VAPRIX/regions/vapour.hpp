@@ -9,6 +9,7 @@
 
 #include "frame/constants.hpp"
 #include "frame/guarded_math.hpp"
+#include "frame/newton.hpp"
 #include "frame/polynomial.hpp"
 
 namespace vaprix {
@@ -110,6 +111,21 @@ public:
         const double tau = Equation::T_star / t;
         return -R * (ideal<tautau0>(tau, t) +
                      tau * tau * evaluate<gamma_tautau>(p, tau - Equation::shift));
+    }
+
+    static Tangent h_tangent(double p, double t) noexcept {
+        const double tau = Equation::T_star / t;
+        const auto [h, tt] = evaluate<enthalpy, gamma_tautau>(p, tau - Equation::shift);
+        return {ideal<enthalpy0>(tau, t, Equation::T_star_reciprocal_h) + h,
+                -R * (ideal<tautau0>(tau, t) + tau * tau * tt)};
+    }
+
+    // of s + R ln p, which spares an iteration along the isobar the logarithm
+    static Tangent s_tangent(double p, double t) noexcept {
+        const double tau = Equation::T_star / t;
+        const auto [s, tt] = evaluate<entropy, gamma_tautau>(p, tau - Equation::shift);
+        return {ideal<entropy0>(tau, t) + s,
+                -R / Equation::T_star * tau * (ideal<tautau0>(tau, t) + tau * tau * tt)};
     }
 
     // cv = cp - R (1 + pi gammar_pi - tau pi gammar_pitau)^2 / (1 - pi^2 gammar_pipi)

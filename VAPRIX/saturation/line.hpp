@@ -2,9 +2,9 @@
 //
 // The saturation line as the exports offer it: range checked, failures reported by family.
 // Given:    t  temperature, K, 273.15 to 647.096;  p  pressure, MPa, up to 22.064. A NaN is out of
-// range. Failure:  -99999.0 out of range; the O-family stores -10019 (temperature) or -10020
-// (pressure) as well. No
-//           success stores a code.
+//           range.
+// Failure:  -99999.0 out of range; the O-family stores -10019 (temperature) or -10020 (pressure) as
+//           well. No success stores a code.
 // Source:   IAPWS R7-97(2012), Eqs. (30) and (31).
 #pragma once
 

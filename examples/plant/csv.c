@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "csv.h"
 
+#include <errno.h>
+#include <math.h>
 #include <stdbool.h>
+#include <stdlib.h>
 #include <string.h>
 
 // Length of the UTF-8 character that starts here, 0 if none does.
@@ -115,6 +118,19 @@ const char* split_fields(char* line, char* fields[max_fields], size_t* count) {
         }
         *s++ = '\0';
     }
+}
+
+const char* parse_number(const char* text, double* value) {
+    char* end;
+    errno = 0;
+    *value = strtod(text, &end);
+    if (end == text || strspn(text, "+-.0123456789eE") < (size_t)(end - text)) {
+        return "not a number";
+    }
+    if (*end != '\0') {
+        return "trailing characters after a number";
+    }
+    return !isfinite(*value) || errno == ERANGE ? "number too large or too small" : NULL;
 }
 
 void write_field(FILE* out, const char* text) {

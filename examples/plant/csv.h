@@ -20,6 +20,10 @@ LineKind read_line(FILE* file, char line[max_line + 1], int* number);
 // then fields[0] is the text it is wrong with.
 const char* split_fields(char* line, char* fields[max_fields], size_t* count);
 
+// A plain decimal number and nothing else: no blanks, hexadecimal digits, nan or infinity. Returns
+// NULL, or what is wrong with the text.
+const char* parse_number(const char* text, double* value);
+
 // Writes one field, in quotes where it needs them.
 void write_field(FILE* out, const char* text);
 

@@ -37,7 +37,7 @@ static void print_csv_header(void) {
         const Style* style = &styles[q];
         printf(",%s_B (%s),%s_O (%s)", style->symbol, style->unit, style->symbol, style->unit);
     }
-    puts(",Ts_B (K),Ts_O (K),note,remark");
+    puts(",Ts_B (K),Ts_O (K),note,remark,x,role");
 }
 
 // One row of the table's head: the symbols with the family in brackets, or the units under them.
@@ -79,7 +79,7 @@ static void print_csv_state(const Station* station, const State* state) {
     fputs(",MPa", stdout);
     print_csv_number(station->has_t ? station->t : NO_VALUE);
     fputs(station->has_t ? ",K" : ",", stdout);
-    print_csv_number(station->has_t ? (double)state->region : NO_VALUE);
+    print_csv_number(state->region != 0 ? (double)state->region : NO_VALUE);
     for (int q = 0; q < quantity_count; ++q) {
         for (int f = 0; f < family_count; ++f) {
             print_csv_number(state->value[q][f]);
@@ -91,7 +91,8 @@ static void print_csv_state(const Station* station, const State* state) {
     write_field(stdout, station->note);
     putchar(',');
     write_field(stdout, state->remark);
-    putchar('\n');
+    print_csv_number(station->has_x ? station->x : NO_VALUE);
+    printf(",%s\n", role_name(station->role));
 }
 
 static void print_cell(const Style* style, double value) {
@@ -110,7 +111,7 @@ void print_state(const Layout* layout, const Station* station, const State* stat
     printf("%s%*s", station->name, layout->name_width - text_width(station->name), "");
     print_cell(&pressure, station->p);
     print_cell(&temperature, station->has_t ? station->t - zero_celsius : NO_VALUE);
-    printf("%*c", region_width, station->has_t ? '0' + state->region : '-');
+    printf("%*c", region_width, state->region != 0 ? '0' + state->region : '-');
     for (int q = 0; q < quantity_count; ++q) {
         for (int f = 0; f < family_count; ++f) {
             print_cell(&styles[q], state->value[q][f]);

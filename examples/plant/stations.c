@@ -11,7 +11,7 @@
 #include <string.h>
 #include <strings.h>
 
-typedef enum { STATION, P, P_UNIT, T, T_UNIT, NOTE, column_count } Column;
+typedef enum { STATION, P, P_UNIT, T, T_UNIT, X, ROLE, NOTE, column_count } Column;
 
 static const struct {
     const char* name;
@@ -19,14 +19,16 @@ static const struct {
 } columns[column_count] = {
     [STATION] = {"station", true}, [P] = {"p", true},
     [P_UNIT] = {"p_unit", true},   [T] = {"T", true},
-    [T_UNIT] = {"T_unit", true},   [NOTE] = {"note", false},
+    [T_UNIT] = {"T_unit", true},   [X] = {"x", false},
+    [ROLE] = {"role", false},      [NOTE] = {"note", false},
 };
 
 typedef struct {
     const char* file;
     int line;
-    size_t width;             // fields of the header row and of every row after it
-    size_t at[column_count];  // the field of each column, `width` for a column that is absent
+    size_t width;               // fields of the header row and of every row after it
+    size_t at[column_count];    // the field of each column, `width` for a column that is absent
+    int role_line[role_count];  // where each role was given, 0 where it was not
 } Table;
 
 static bool fault(const Table* table, const char* what, const char* text) {
@@ -59,21 +61,9 @@ static bool read_header(Table* table, char* line) {
     return true;
 }
 
-// A plain decimal number and nothing else: no blanks, hexadecimal digits, nan or infinity.
 static bool read_number(const Table* table, const char* text, double* value) {
-    char* end;
-    errno = 0;
-    *value = strtod(text, &end);
-    if (end == text || strspn(text, "+-.0123456789eE") < (size_t)(end - text)) {
-        return fault(table, "not a number", text);
-    }
-    if (*end != '\0') {
-        return fault(table, "trailing characters after a number", text);
-    }
-    if (!isfinite(*value) || errno == ERANGE) {
-        return fault(table, "number too large or too small", text);
-    }
-    return true;
+    const char* wrong = parse_number(text, value);
+    return wrong == NULL || fault(table, wrong, text);
 }
 
 static bool read_quantity(const Table* table, const char* number, const char* unit,
@@ -91,7 +81,37 @@ static bool read_quantity(const Table* table, const char* number, const char* un
     return isfinite(*result) || fault(table, "number too large", number);
 }
 
-static bool read_row(const Table* table, char* line, Station* station) {
+// The quality may be left out.
+static bool read_quality(const Table* table, const char* text, Station* station) {
+    station->has_x = *text != '\0';
+    if (!station->has_x) {
+        return true;
+    }
+    return read_number(table, text, &station->x) &&
+           ((station->x >= 0.0 && station->x <= 1.0) ||
+            fault(table, "a quality is a fraction from 0 to 1", text));
+}
+
+// So may the role, but no two stations play the same.
+static bool read_role(Table* table, const char* text, Station* station) {
+    station->role = role_named(text);
+    if (*text == '\0') {
+        return true;
+    }
+    if (station->role == no_role) {
+        return fault(table, "unknown role, known are" ROLE_NAMES, text);
+    }
+    int* line = &table->role_line[station->role];
+    if (*line != 0) {
+        char what[60];
+        snprintf(what, sizeof what, "the role is taken already by line %d", *line);
+        return fault(table, what, text);
+    }
+    *line = table->line;
+    return true;
+}
+
+static bool read_row(Table* table, char* line, Station* station) {
     char* fields[max_fields + 1];
     size_t count;
     const char* wrong = split_fields(line, fields, &count);
@@ -120,7 +140,9 @@ static bool read_row(const Table* table, char* line, Station* station) {
     return read_quantity(table, fields[table->at[P]], fields[table->at[P_UNIT]], pressure_of,
                          &station->p) &&
            (t_is_blank ||
-            read_quantity(table, station->has_t ? t : "0", t_unit, temperature_of, &station->t));
+            read_quantity(table, station->has_t ? t : "0", t_unit, temperature_of, &station->t)) &&
+           read_quality(table, fields[table->at[X]], station) &&
+           read_role(table, fields[table->at[ROLE]], station);
 }
 
 // Takes the row over into the list, with copies of its texts.

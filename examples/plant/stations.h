@@ -3,6 +3,8 @@
 #ifndef PLANT_STATIONS_H
 #define PLANT_STATIONS_H
 
+#include "roles.h"
+
 #include <stdbool.h>
 #include <stddef.h>
 
@@ -10,8 +12,11 @@ typedef struct {
     char *name, *note;
     double p;    // MPa
     double t;    // K, where has_t says so
+    double x;    // quality, the mass fraction of vapour in wet steam, where has_x says so
     bool has_t;  // a log may give the pressure alone
-    int line;    // in the file
+    bool has_x;
+    Role role;  // in the cycle, no_role for most
+    int line;   // in the file
 } Station;
 
 typedef struct {

@@ -128,6 +128,83 @@ TEST(BadInput, RegionGivenFunctions) {
     }
 }
 
+// Pressures and enthalpies or entropies outside the range, as (p, y) in the members p and t.
+std::vector<State> outside_states(Pair pair) {
+    const bool of_h = pair == Pair::ph;
+    const double lowest = of_h ? -0.04158782623017032 : -0.008582287092621963;
+    const double highest = of_h ? 7376.98028 : 13.9049560904359;
+    constexpr double p_low = 0.0006112127, p_high = 100.0;
+    std::vector<State> states;
+    for (const double bad : bad_values) {
+        for (const double other : bad_values) {
+            if (!(bad >= p_low && bad <= p_high)) states.push_back({bad, other});
+        }
+        for (const InverseState& good : inverse_inside) {
+            if (!(bad >= p_low && bad <= p_high)) states.push_back({bad, of_h ? good.h : good.s});
+            if (!(bad >= lowest && bad <= highest)) states.push_back({good.p, bad});
+        }
+    }
+    for (const InverseState& good : inverse_inside) {
+        const double y = of_h ? good.h : good.s;
+        states.insert(states.end(), {{std::nextafter(p_low, 0.0), y},
+                                     {std::nextafter(p_high, infinity), y},
+                                     {good.p, std::nextafter(lowest, -infinity)},
+                                     {good.p, std::nextafter(highest, infinity)}});
+    }
+    states.push_back({51.0, of_h ? 5500.0 : 8.0});  // region 5 ends at 50 MPa
+    return states;
+}
+
+TEST(BadInput, FunctionsOfPhAndPsOutsideTheRange) {
+    for (const Pair pair : {Pair::ph, Pair::ps}) {
+        const auto expect_failure = [pair](const auto& rows, double value, int code) {
+            for (const auto& row : rows) {
+                if (row.pair != pair) continue;
+                for (const State& s : outside_states(pair)) {
+                    EXPECT_ANSWER(value, code, row.call, &s.p, &s.t);
+                }
+            }
+        };
+        expect_failure(inverse_b, failed, of_line);
+        expect_failure(inverse_o, failed, outside);
+        expect_failure(inverse_region, 0.0, of_line);
+        for (const auto& row : inverse_given) {
+            if (row.pair != pair) continue;
+            for (const State& s : outside_states(pair)) {
+                int region = 0;
+                EXPECT_ANSWER(0.0, of_line, row.call, &s.p, &s.t, &region);
+                EXPECT_EQ(region, 0) << row.name << ' ' << testing::PrintToString(s);
+            }
+        }
+    }
+}
+
+// Inside the range nobody touches the code; cp and w know no wet steam, the quality nothing else.
+TEST(BadInput, FunctionsOfPhAndPsByPhase) {
+    for (const InverseState& state : inverse_inside) {
+        const bool wet = state.region == 9;
+        const auto expect_answers = [&](const auto& rows) {
+            for (const auto& row : rows) {
+                const double y = row.pair == Pair::ph ? state.h : state.s;
+                const Answer got = answer(of_line, row.call, &state.p, &y);
+                const bool answered =
+                    row.answers == Answers::always || wet == (row.answers == Answers::wet);
+                EXPECT_EQ(got.value != failed, answered) << row.name << ' ' << state.region;
+                EXPECT_TRUE(std::isfinite(got.value)) << row.name << ' ' << state.region;
+                EXPECT_EQ(got.code, of_line) << row.name << ' ' << state.region;
+            }
+        };
+        expect_answers(inverse_b), expect_answers(inverse_o), expect_answers(inverse_region);
+        for (const auto& row : inverse_given) {
+            const double y = row.pair == Pair::ph ? state.h : state.s;
+            int region = 0;
+            EXPECT_GT(answer(of_line, row.call, &state.p, &y, &region).value, 0.0) << row.name;
+            EXPECT_EQ(region, state.region) << row.name;
+            EXPECT_EQ(ECODETUL(), of_line) << row.name;
+        }
+    }
+}
+
 TEST(BadInput, SaturationLine) {
     for (const auto& row : saturation_line) {
         std::vector<double> arguments = {std::nextafter(row.lowest, -infinity),
@@ -167,6 +244,7 @@ TEST(ExportTable, HoldsEveryExport) {
     };
     add(constants), add(b_family), add(o_family), add(density_of_tp), add(region_of_pt);
     add(region_given), add(natives), add(saturation_line);
+    add(inverse_b), add(inverse_o), add(inverse_region), add(inverse_given);
     std::ifstream list(EXPORT_LIST);
     std::set<std::string> exported;
     for (std::string name; list >> name;) exported.insert(name);

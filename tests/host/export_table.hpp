@@ -83,7 +83,49 @@ inline constexpr NativeRow natives[] = {
     {ROW(HVT3N), 3, Pair::vt},  {ROW(SVT3N), 3, Pair::vt},  {ROW(GVT3N), 3, Pair::vt},
     {ROW(CPVT3N), 3, Pair::vt}, {ROW(CVVT3N), 3, Pair::vt}, {ROW(VTP3N), 3, Pair::tp},
     {ROW(TPH3N), 3, Pair::ph},  {ROW(TPS3N), 3, Pair::ps},  {ROW(VPS3N), 3, Pair::ps},
-    {ROW(TPH5N), 5, Pair::ph},  {ROW(TPS5N), 5, Pair::ps},
+    {ROW(TPH5N), 5, Pair::ph},  {ROW(TPS5N), 5, Pair::ps},  {ROW(TPH1N), 1, Pair::ph},
+    {ROW(TPS1N), 1, Pair::ps},  {ROW(TPH2N), 2, Pair::ph},  {ROW(TPS2N), 2, Pair::ps},
+};
+
+// (p, h) and (p, s) with range check. The B-family has the sentinel alone on failure, the O-family
+// a code as well. Some have no answer for wet steam, or for one phase: the sentinel, no code.
+enum class Answers { always, single_phase, wet };
+struct InverseRow {
+    const char* name;
+    OfTwo call;
+    Pair pair;
+    Answers answers;
+};
+inline constexpr InverseRow inverse_b[] = {
+    {ROW(TBPH), Pair::ph, Answers::always},        {ROW(VBPH), Pair::ph, Answers::always},
+    {ROW(DBPH), Pair::ph, Answers::always},        {ROW(SBPH), Pair::ph, Answers::always},
+    {ROW(CPBPH), Pair::ph, Answers::single_phase}, {ROW(WBPH), Pair::ph, Answers::single_phase},
+    {ROW(XBPH), Pair::ph, Answers::wet},           {ROW(TBPS), Pair::ps, Answers::always},
+    {ROW(VBPS), Pair::ps, Answers::always},        {ROW(DBPS), Pair::ps, Answers::always},
+    {ROW(HBPS), Pair::ps, Answers::always},        {ROW(CPBPS), Pair::ps, Answers::single_phase},
+    {ROW(WBPS), Pair::ps, Answers::single_phase},  {ROW(XBPS), Pair::ps, Answers::wet},
+};
+inline constexpr InverseRow inverse_o[] = {
+    {ROW(TOPH), Pair::ph, Answers::always},        {ROW(VOPH), Pair::ph, Answers::always},
+    {ROW(DOPH), Pair::ph, Answers::always},        {ROW(SOPH), Pair::ph, Answers::always},
+    {ROW(CPOPH), Pair::ph, Answers::single_phase}, {ROW(WOPH), Pair::ph, Answers::single_phase},
+    {ROW(XOPH), Pair::ph, Answers::wet},           {ROW(TOPS), Pair::ps, Answers::always},
+    {ROW(VOPS), Pair::ps, Answers::always},        {ROW(DOPS), Pair::ps, Answers::always},
+    {ROW(HOPS), Pair::ps, Answers::always},        {ROW(CPOPS), Pair::ps, Answers::single_phase},
+    {ROW(WOPS), Pair::ps, Answers::single_phase},  {ROW(XOPS), Pair::ps, Answers::wet},
+};
+inline constexpr InverseRow inverse_region[] = {
+    {ROW(REGIONPH), Pair::ph, Answers::always},
+    {ROW(REGIONPS), Pair::ps, Answers::always},
+};
+struct InverseGivenRow {
+    const char* name;
+    OfRegion call;
+    Pair pair;
+};
+inline constexpr InverseGivenRow inverse_given[] = {
+    {ROW(TPH), Pair::ph},
+    {ROW(TPS), Pair::ps},
 };
 
 // One argument on the saturation line, from `lowest` to `highest`; code 0: the sentinel alone.
@@ -99,6 +141,8 @@ inline constexpr SaturationRow saturation_line[] = {
     {ROW(PSATOT), 273.15, 647.096, off_line_by_t},
     {ROW(TBP), 0.0005, 22.064, 0},
     {ROW(DTBPDP), 0.0005, 22.064, 0},
+    {ROW(H1BP), 0.0005, 22.064, 0},
+    {ROW(H2BP), 0.0005, 22.064, 0},
     {ROW(TOP), std::numeric_limits<double>::denorm_min(), 22.064, off_line_by_p},
     {ROW(TSATOP), std::numeric_limits<double>::denorm_min(), 22.064, off_line_by_p},
 };
@@ -125,6 +169,16 @@ struct State {
 };
 // One state of each region: 1, 2, 3, 5.
 inline constexpr State inside[] = {{3.0, 300.0}, {3.0, 700.0}, {25.0, 650.0}, {3.0, 1500.0}};
+
+// One state of (p, h) and (p, s) in each region, and one of wet steam.
+struct InverseState {
+    double p, h, s;  // MPa, kJ/kg, kJ/(kg K)
+    int region;      // 9: wet steam
+};
+inline constexpr InverseState inverse_inside[] = {
+    {3.0, 500.0, 1.5, 1},  {3.0, 3000.0, 6.5, 2}, {30.0, 2200.0, 4.5, 3},
+    {3.0, 5500.0, 9.0, 5}, {1.0, 1500.0, 4.0, 9},
+};
 
 // Gives the calling thread a code that none of the functions under test stores: the one of the
 // saturation line for the functions of (p, T), the one of (p, T) for those of the saturation line.

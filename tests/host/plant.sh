@@ -53,10 +53,15 @@ near 'condenser outlet' v_O 0.0010072 1e-6
 near 'condenser outlet' region 1 0
 near 'pump outlet' Ts_O 620.51 0.01
 near 'turbine exhaust' Ts_B 318.96 0.01
+near 'turbine exhaust' region 4 0
+near 'turbine exhaust' h_B 2296.9 0.1 # 191.81 + 0.88 2392.1
+near 'turbine exhaust' s_O 7.2489 0.0002
+near 'turbine exhaust' v_O 12.910 0.002
 for station in 'turbine inlet' 'boiler outlet' 'condenser outlet'; do
     for quantity in v h s cp w; do same "$station" $quantity; done
 done
 [ "$(value 'pump outlet' h_B)" = '' ] || fail 'pump outlet: an enthalpy without a temperature'
+[ "$(value 'turbine exhaust' cp_B)" = '' ] || fail 'turbine exhaust: a heat capacity of wet steam'
 first=$(cat "$scratch/out")
 echo "$first" >"$scratch/again.csv"
 run --csv "$scratch/again.csv"
@@ -65,16 +70,18 @@ run --csv "$scratch/again.csv"
 run "$stations"
 grep -Eq '^turbine inlet +15 +600\.00 +2 +0\.02[0-9]+ +0\.02[0-9]+ +358[0-9.]+ ' "$scratch/out" ||
     fail "table: $(cat "$scratch/out")"
-grep -Eq '^turbine exhaust +0\.01( +-){12} +45\.8[01] +45\.8[01]$' "$scratch/out" ||
+grep -Eq '^pump outlet +16( +-){12} +347\.36 +347\.36$' "$scratch/out" ||
     fail "table without a temperature: $(cat "$scratch/out")"
+grep -Eq '^turbine exhaust +0\.01 +- +4 .*( +-){4} +45\.81 +45\.81 ' "$scratch/out" ||
+    fail "table of wet steam: $(cat "$scratch/out")"
 grep -q '^ *note: no temperature measured' "$scratch/out" || fail 'no note on a missing temperature'
 
 # expect NAME STATUS MESSAGE CONTENT: MESSAGE follows the file's name on stderr ('' for silence),
 # CONTENT is a printf format.
-head='station,p,p_unit,T,T_unit\n'
+head='station,p,p_unit,T,T_unit\n' options=
 expect() {
     printf "$4" >"$scratch/$1.csv"
-    run --csv "$scratch/$1.csv"
+    run --csv $options "$scratch/$1.csv"
     [ $status = "$2" ] || fail "$1: status $status, expected $2"
     if [ -n "$3" ]; then
         grep -Fq "$1.csv:$3" "$scratch/err" || fail "$1: no '$3' in: $(cat "$scratch/err")"
@@ -146,8 +153,140 @@ else
     fail "3 MPa, $saturated K is not on the saturation line: $(cat "$scratch/out" "$scratch/err")"
 fi
 
+# The balance of the example. The bands come from steam tables and from the textbook: pump work
+# v dp with the liquid 0.35 % denser half way, exhaust by the lever rule at 45.81 C (h 191.81 +
+# 2392.1 x, s 0.6492 + 7.4996 x), feed water heated by compression (0.43 K) and by the pump's loss
+# (0.68 K).
+
+# item QUANTITY COLUMN: from the comma-separated balance in $scratch/out
+item() {
+    awk -F, -v quantity="$1" -v column="$2" '
+        { gsub(/"/, "") }
+        NR == 1 { for (i = 1; i <= NF; ++i) if ($i == column) at = i }
+        $1 == quantity && at { print $at }' "$scratch/out"
+}
+
+about() { # about QUANTITY EXPECTED TOLERANCE: by both families, which agree to 0.1
+    awk -v b="$(item "$1" B)" -v o="$(item "$1" O)" -v d="$(item "$1" B-O)" -v e="$2" -v t="$3" '
+        function far(x, y, t) { return x !~ /^-?[0-9]/ || x - y > t || y - x > t }
+        BEGIN { exit far(b, e, t) || far(o, e, t) || far(d, b - o, 1e-9) || far(d, 0, 0.1) }' ||
+        fail "balance: $1 is '$(item "$1" B)' and '$(item "$1" O)', expected $2 within $3"
+}
+
+open() { # open QUANTITY REMARK: it has no value, and the remark says why
+    [ -z "$(item "$1" B)$(item "$1" O)$(item "$1" B-O)" ] || fail "balance: $1 has a value"
+    [ "$(item "$1" remark)" = "$2" ] || fail "balance: $1 remarks '$(item "$1" remark)', not '$2'"
+}
+
+run --csv --balance "$stations"
+[ $status = 0 ] && [ ! -s "$scratch/err" ] || fail "balance: status $status, $(cat "$scratch/err")"
+about 'isentropic pump work' 16.05 0.1
+about 'pump work' 18.88 0.12
+about 'pump outlet temperature' 312.26 0.06
+about 'heat added' 3468.5 2
+about 'pipe loss' 63.3 1.5
+about 'isentropic exhaust temperature' 318.96 0.01
+about 'isentropic exhaust quality' 0.8041 0.0002
+about 'isentropic exhaust enthalpy' 2115.3 0.5
+about 'isentropic turbine work' 1468.0 0.7
+about 'turbine work' 1286.4 0.5
+about 'isentropic efficiency' 87.63 0.07
+about 'net work' 1267.5 0.6
+about 'heat rejected' 2137.7 0.5
+about 'thermal efficiency' 36.54 0.06
+about 'ideal thermal efficiency' 41.83 0.025
+about 'balance left over' 0 0.1
+awk -v o="$(item 'balance left over' O)" 'BEGIN { exit !(o * o < 1e-14) }' ||
+    fail "the O-family leaves $(item 'balance left over' O) kJ/kg of the balance"
+open 'part of the economiser' 'needs the temperature of the economiser_outlet'
+[ "$(item 'pump work' remark)" = 'pump efficiency 85 % assumed' ] || fail 'a pump efficiency silent'
+first=$(cat "$scratch/out")
+run --csv --balance "$scratch/again.csv"
+[ "$first" = "$(cat "$scratch/out")" ] || fail 'the --csv output read again has another balance'
+run --csv --balance --pump-efficiency 1 "$stations"
+about 'pump work' 16.05 0.1
+[ "$(item 'pump work' remark)" = 'pump efficiency 100 % given' ] || fail 'a pump efficiency silent'
+
+# Isentropic work is the integral of v dp: by the trapezoidal rule to 0.0005 kJ/kg over the pump.
+work=$(item 'pump work' O) feed=$(item 'pump outlet temperature' O)
+run --csv - < <(printf "station,p,p_unit,T,T_unit\na,0.009,MPa,38,C\nb,16,MPa,%s,K\n" "$feed")
+awk -v w="$work" -v a="$(value a v_O)" -v b="$(value b v_O)" \
+    'BEGIN { d = w - (a + b) / 2 * 15.991e3; exit !(w > 0 && d < 1e-3 && d > -1e-3) }' ||
+    fail "the O-family's pump work $work is not the integral of v dp"
+run "$stations"
+grep -Eq '^isentropic efficiency +% +87\.6[0-9]+ +87\.6[0-9]+ +-?0\.0[0-9]+$' "$scratch/out" ||
+    fail "balance: $(cat "$scratch/out")"
+
+# A turbine into superheated steam, alone: 3 MPa, 400 C (h 3231.7, s 6.9235) to 0.5 MPa, 200 C
+# (h 2855.9); isentropic 2748.1 + 0.1028 444 at the middle temperature of 444 K.
+roles='station,p,p_unit,T,T_unit,x,role\n' options=--balance
+back_pressure="${roles}in,3,MPa,400,C,,turbine_inlet\n"
+expect back_pressure 0 '' "${back_pressure}out,0.5,MPa,200,C,,turbine_exhaust\n"
+open 'isentropic exhaust quality' 'dry steam'
+about 'isentropic exhaust enthalpy' 2793.1 1.5
+about 'turbine work' 375.8 0.2
+about 'isentropic efficiency' 85.7 0.4
+open 'pump work' 'no station is the condenser_outlet'
+open 'pipe loss' 'no station is the boiler_outlet'
+for quantity in 'net work' 'thermal efficiency' 'ideal thermal efficiency' 'balance left over'; do
+    open "$quantity" 'no station is the condenser_outlet'
+done
+
+# The exhaust of the example as one may find it measured.
+exhaust() { # exhaust NAME STATUS MESSAGE T,UNIT,x
+    expect "exhaust_$1" "$2" "$3" \
+        "${roles}in,15,MPa,600,C,,turbine_inlet\nout,0.01,MPa,$4,turbine_exhaust\n"
+}
+for t in '' 45.8 45.9 47; do # next to saturation a thermometer cannot tell steam from water
+    exhaust wet 0 '' "$t,C,"
+    about 'isentropic turbine work' 1468 0.7
+    open 'turbine work' 'needs the quality of the turbine_exhaust'
+    open 'isentropic efficiency' 'needs the quality of the turbine_exhaust'
+done
+exhaust both 0 '' '45.3,C,0.88'
+about 'turbine work' 1286.4 0.5
+exhaust contradiction 1 '3: temperature and quality contradict each other (333.15 K' '60,C,0.88'
+exhaust percent 1 '3: a quality is a fraction from 0 to 1 (88)' ',,88'
+exhaust words 1 '3: not a number (dry)' ',,dry'
+exhaust too_good 1 '3: the turbine does more than its isentropic work (turbine_exhaust)' ',,0.8'
+
+# Roles and measurements that make no sense; what does is still printed.
+condenser='a,0.009,MPa,38,C,,condenser_outlet\n' pump='b,16,MPa,,,,pump_outlet\n'
+expect unknown_role 1 '2: unknown role, known are condenser_outlet pump_outlet economiser_outlet' \
+    "${roles}a,3,MPa,300,K,,boiler\n${pump}"
+grep -Fq '(boiler)' "$scratch/err" || fail "unknown_role: $(cat "$scratch/err")"
+expect role_case 1 '2: unknown role' "${roles}a,3,MPa,300,K,,Pump_Outlet\n"
+expect role_twice 1 '4: the role is taken already by line 3 (pump_outlet)' \
+    "${roles}${condenser}${pump}c,17,MPa,,,,pump_outlet\n"
+about 'isentropic pump work' 16.05 0.1
+expect no_temperature 1 '2: the balance needs the temperature of this station (boiler_outlet)' \
+    "${roles}a,15.2,MPa,,,,boiler_outlet\n${condenser}${pump}"
+open 'heat added' 'needs the temperature of the boiler_outlet'
+about 'pump work' 18.88 0.12
+expect bubble_point 0 '' "${roles}a,0.009,MPa,,,0,condenser_outlet\n${pump}"
+about 'isentropic pump work' 16.09 0.1
+expect steam_to_pump 1 '2: the pump would draw steam (condenser_outlet)' \
+    "${roles}a,0.009,MPa,60,C,,condenser_outlet\n${pump}"
+open 'pump work' 'the condenser_outlet makes no sense'
+expect pump_backwards 1 '3: the pressure does not rise in the pump (pump_outlet)' \
+    "${roles}${condenser}b,0.009,MPa,,,,pump_outlet\n"
+expect turbine_backwards 1 '3: the pressure does not fall in the turbine (turbine_exhaust)' \
+    "${back_pressure}out,3.1,MPa,,,0.9,turbine_exhaust\n"
+open 'turbine work' 'the turbine_exhaust makes no sense'
+expect quality_in_region_3 1 '2: a quality is understood where saturation is at 273.15 to 623.15' \
+    "${roles}a,17,MPa,,,0.5,turbine_exhaust\n"
+expect role_outside 1 '3: outside the range' \
+    "${roles}b,15.2,MPa,625,C,,boiler_outlet\na,15,MPa,2500,K,,turbine_inlet\n"
+open 'pipe loss' 'the turbine_inlet makes no sense'
+expect nobody 1 ' no station has a role in the cycle' "${roles}a,3,MPa,300,K,,\n"
+run "$scratch/nobody.csv"
+grep -q balance "$scratch/out" && fail 'a balance without roles'
+[ $status = 0 ] || fail "stations without roles: status $status"
+
 # What is no file, no library, no option.
-for arguments in 'no_such_file.csv' '/' '--no-such-option x.csv' '' 'a.csv b.csv'; do
+for arguments in 'no_such_file.csv' '/' '--no-such-option x.csv' '' 'a.csv b.csv' \
+    "--pump-efficiency 85 $stations" "--pump-efficiency 0 $stations" \
+    "--pump-efficiency 0.9x $stations" '--pump-efficiency'; do
     run $arguments
     [ $status = 2 ] && [ -s "$scratch/err" ] || fail "plant $arguments: status $status"
 done

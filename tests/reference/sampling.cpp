@@ -38,7 +38,7 @@ void Deviations::check(const std::string& name, double got, Quad want, Quad scal
     Entry& entry = entries_[name];
     ++entry.count;
     const double deviation = static_cast<double>(magnitude(got - want) / magnitude(scale));
-    if (!(deviation <= entry.worst)) {  // a NaN stays visible
+    if (!(deviation <= entry.worst || std::isnan(entry.worst))) {  // a NaN stays visible
         entry.worst = deviation;
         entry.where = digits(at);
     }
@@ -51,9 +51,9 @@ void Deviations::check(const std::string& name, double got, Quad want, Quad scal
 
 void Deviations::report() const {
     for (const auto& [name, entry] : entries_) {
-        std::printf("%-24s worst %8.2e of %d at (%s)%s\n", name.c_str(), entry.worst, entry.count,
+        std::printf("%-40s worst %8.2e of %d at (%s)%s\n", name.c_str(), entry.worst, entry.count,
                     entry.where.c_str(), entry.failures != 0 ? "  FAILS" : "");
-        if (entry.failures != 0) std::printf("%-24s fails %d times\n", "", entry.failures);
+        if (entry.failures != 0) std::printf("%-40s fails %d times\n", "", entry.failures);
         testing::Test::RecordProperty(name, digits({entry.worst}));
     }
 }

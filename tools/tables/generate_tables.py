@@ -51,6 +51,13 @@ def terms(name, path, note=True):
     return (comment(notes) if note else "") + array("Term", name, cells)
 
 
+def quarter_terms(name, path):
+    """A table whose exponents I of pi are printed in steps of 1/4: they become whole powers of pi^(1/4)."""
+    notes, rows = read(path)
+    cells = [f"{{{int(4 * float(r['I']))}, {r['J']}, {number(r['n'])}}}" for r in rows]
+    return comment(notes + ["Here I counts quarters: powers of pi^(1/4)."]) + array("Term", name, cells)
+
+
 def numbers(name, path):
     notes, rows = read(path)
     return comment(notes) + array("double", name, [number(r["n"]) for r in rows])
@@ -113,6 +120,15 @@ def auxiliary_densities():
 
 FILES = {
     "b23.hpp": lambda: numbers("b23", "if97/t01_b23.csv"),
+    "region1_backward.hpp": lambda: "\n".join([terms("t1_ph", "if97/t06_region1_T_ph.csv"),
+                                              terms("t1_ps", "if97/t08_region1_T_ps.csv")]),
+    "region2_backward.hpp": lambda: "\n".join([numbers("b2bc", "if97/t19_b2bc.csv"),
+                                              terms("t2a_ph", "if97/t20_region2a_T_ph.csv"),
+                                              terms("t2b_ph", "if97/t21_region2b_T_ph.csv"),
+                                              terms("t2c_ph", "if97/t22_region2c_T_ph.csv"),
+                                              quarter_terms("t2a_ps", "if97/t25_region2a_T_ps.csv"),
+                                              terms("t2b_ps", "if97/t26_region2b_T_ps.csv"),
+                                              terms("t2c_ps", "if97/t27_region2c_T_ps.csv")]),
     "region1.hpp": lambda: terms("region1", "if97/t02_region1.csv"),
     "region2.hpp": lambda: (terms("region2_ideal", "if97/t10_region2_ideal.csv") + "\n"
                             + terms("region2_residual", "if97/t11_region2_residual.csv")),

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cmath>
+
+namespace vaprix {
+
+// A value and its slope at one point.
+struct Tangent {
+    double y;
+    double y_x;
+};
+
+struct NewtonRoot {
+    double x;
+    bool converged;
+};
+
+// Root of y(x) = y by Newton's method.
+//
+// Given:    tangent  y and its slope at x;  x  start value;  tolerance  relative step that ends the
+//           iteration: as it converges quadratically, choose the root of what is wanted.
+// Returned: the root, converged; not converged after 8 rounds, which a start value in the root's
+//           neighbourhood never needs, or for a NaN.
+template <class TangentOf>
+NewtonRoot newton(TangentOf tangent, double y, double x, double tolerance) noexcept {
+    constexpr int rounds = 8;
+    for (int round = 0; round < rounds; ++round) {
+        const Tangent at = tangent(x);
+        const double step = (y - at.y) / at.y_x;
+        x += step;
+        if (std::fabs(step) < tolerance * x) return {x, true};
+    }
+    return {x, false};
+}
+
+// Two values and their slopes at one point (x, y).
+struct TangentPair {
+    double a, a_x, a_y;
+    double b, b_x, b_y;
+};
+
+struct Point {
+    double x;
+    double y;
+};
+
+// Point at which a = a_given and b = b_given, by Newton's method in two variables.
+//
+// Given:    tangents  a and b with their slopes at (x, y);  at  start point;  tolerance  relative
+//           step of both variables that ends the iteration.
+// Returned: the point; the last one after 20 rounds.
+template <class TangentsOf>
+Point newton(TangentsOf tangents, double a_given, double b_given, Point at,
+             double tolerance) noexcept {
+    constexpr int rounds = 20;
+    for (int round = 0; round < rounds; ++round) {
+        const TangentPair f = tangents(at.x, at.y);
+        const double a_left = a_given - f.a;
+        const double b_left = b_given - f.b;
+        const double determinant = f.a_x * f.b_y - f.a_y * f.b_x;
+        const double x_step = (a_left * f.b_y - f.a_y * b_left) / determinant;
+        const double y_step = (f.a_x * b_left - f.b_x * a_left) / determinant;
+        at.x += x_step;
+        at.y += y_step;
+        if (std::fabs(x_step) < tolerance * at.x && std::fabs(y_step) < tolerance * at.y) break;
+    }
+    return at;
+}
+
+}  // namespace vaprix

@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+//
+// O-family of (p, h) and (p, s): the state that reproduces both given variables through the basic
+// equations to rounding.
+#pragma once
+
+#include <cmath>
+
+#include "frame/error_code.hpp"
+#include "frame/newton.hpp"
+#include "frame/pegasus.hpp"
+#include "inverse/b_by_pressure.hpp"
+#include "regions/region3_density.hpp"
+
+namespace vaprix::inverse {
+
+// Temperature of regions 1, 2 and 5: Newton's method from the backward temperature, which needs two
+// evaluations. Should it not settle, the Pegasus method around the backward temperature; 0.0 if that
+// does not either.
+template <class Y>
+[[nodiscard]] double temperature_gibbs(int region, double p, double y) noexcept {
+    constexpr double step = 3e-8;    // relative, after which the error is one of rounding
+    constexpr double width = 1e-12;  // relative
+    const auto solve = [=](auto tangent, double target, pt::Property::Function y_of,
+                           double start) noexcept {
+        const NewtonRoot root =
+            newton([=](double t) noexcept { return tangent(p, t); }, target, start, step);
+        if (root.converged) return root.x;
+        const double t = temperature_in<Y>(region, p, y);
+        return pegasus([=](double x) noexcept { return y_of(p, x) - y; }, 1.01 * t, 0.99 * t,
+                       width);
+    };
+    if (region == 1) return solve(Y::tangent1, y, Y::y.region1, Y::t1(p, y));
+    const double target = Y::along_isobar(p, y);
+    return region == 2 ? solve(Y::tangent2, target, Y::y.region2, Y::t2(p, y))
+                       : solve(Y::tangent5, target, Y::y.region5, Y::t5_start(p, y));
+}
+
+struct DenseState {
+    double d;  // kg/m3
+    double t;  // K
+};
+
+// State of region 3: Newton's method on (density, T) from the backward equations. Along an isobar the
+// pair (p, y) stays regular through the critical point, so it converges quadratically everywhere. The
+// state is kept on the side of the saturation line that the region determination chose.
+template <class Y>
+[[nodiscard]] DenseState solve3(double p, double y) noexcept {
+    constexpr double step = 1e-9;    // relative, after which the error is one of rounding
+    constexpr double apart = 1e-12;  // distance that is kept from the line, K
+    constexpr double close = 1e-6;   // distance at which the exact line is worth its cost, K
+
+    const auto [d, t] = newton(Y::tangents3, p, y, {1 / Y::v3(p, y), Y::t3(p, y)}, step);
+    if (!(p < p_crit)) return {d, t};
+    const double side = Y::is_3a(p, y) ? -1 : 1;
+    if (side * (t - tsat(p)) > close) return {d, t};
+    const double nearest = tsat_exact(p) + side * apart;
+    if (side * (t - nearest) >= 0) return {d, t};
+    return {region3::density_from(p, nearest, d, region3::density_tolerance).d, nearest};
+}
+
+// Wet steam at the saturation temperature that reproduces p.
+[[nodiscard]] inline pt::SaturatedState saturated_o(double p) noexcept {
+    return {p, tsat_exact(p)};
+}
+
+template <class Y>
+[[nodiscard]] double t_o(double p, double y) noexcept {
+    const int region = region_o<Y>(p, y);
+    switch (region) {
+        case pt::outside: return fail(ErrorCode::outside_range);
+        case 3: return solve3<Y>(p, y).t;
+        case two_phase: return tsat_exact(p);
+        default: return temperature_gibbs<Y>(region, p, y);
+    }
+}
+
+// A property of the solved state; property.region3 takes the density that was solved with the
+// temperature. mixed(saturated) is what wet steam answers.
+template <class Y, const pt::Property& property, class Mixed>
+[[nodiscard]] double evaluate_o(int region, double p, double y, Mixed mixed) noexcept {
+    switch (region) {
+        case pt::outside: return fail(ErrorCode::outside_range);
+        case two_phase: return mixed(saturated_o(p));
+        case 3: {
+            const DenseState state = solve3<Y>(p, y);
+            return state.d > 0 && state.t > 0 ? property.region3(state.d, state.t) : failed;
+        }
+        default: break;
+    }
+    const double t = temperature_gibbs<Y>(region, p, y);
+    if (!(t > 0)) return failed;
+    switch (region) {
+        case 1: return property.region1(p, t);
+        case 2: return property.region2(p, t);
+        default: return property.region5(p, t);
+    }
+}
+
+// A property that mixes linearly in the quality: volume, the other one of h and s.
+template <class Y, const pt::Property& property>
+[[nodiscard]] double mixed_o(double p, double y) noexcept {
+    return evaluate_o<Y, property>(
+        region_o<Y>(p, y), p, y, [y](const pt::SaturatedState& saturated) noexcept {
+            return saturated.mixture<property>(saturated.quality<Y::y>(y));
+        });
+}
+
+template <class Y>
+[[nodiscard]] double v_o(double p, double y) noexcept {
+    return mixed_o<Y, pt::v>(p, y);
+}
+
+template <class Y>
+[[nodiscard]] double d_o(double p, double y) noexcept {
+    const double v = mixed_o<Y, pt::v>(p, y);
+    return v > 0 ? 1 / v : failed;
+}
+
+// Region by the B form, where the O form agrees with it: a state on which the two differ, in the
+// narrow band between the two phase tests, has no answer rather than a mixed one.
+inline constexpr int disputed = -1;
+template <class Y>
+[[nodiscard]] int region_agreed(double p, double y) noexcept {
+    const int region = region_b<Y>(p, y);
+    const bool doubtful = (region == 3 || region == two_phase) && p > psat_13 && p < p_crit;
+    return !doubtful || region_o<Y>(p, y) == region ? region : disputed;
+}
+
+// A property that wet steam does not have: at the ends of the tie line that of the saturated phase.
+template <class Y, const pt::Property& property>
+[[nodiscard]] double single_phase_o(double p, double y) noexcept {
+    constexpr double end = 1e-6;  // of the tie line
+    const int region = region_agreed<Y>(p, y);
+    if (region == disputed) return failed;
+    return evaluate_o<Y, property>(region, p, y, [y](const pt::SaturatedState& saturated) noexcept {
+        const double x = saturated.quality<Y::y>(y);
+        const double from_vapour = 1 - x;
+        if (x >= 0 && x < end) return saturated.liquid<property>();
+        if (from_vapour >= 0 && from_vapour < end) return saturated.vapour<property>();
+        return failed;
+    });
+}
+
+// Vapour quality; a single phase has none.
+template <class Y>
+[[nodiscard]] double x_o(double p, double y) noexcept {
+    const int region = region_agreed<Y>(p, y);
+    if (region == pt::outside) return fail(ErrorCode::outside_range);
+    return region == two_phase ? saturated_o(p).quality<Y::y>(y) : failed;
+}
+
+}  // namespace vaprix::inverse

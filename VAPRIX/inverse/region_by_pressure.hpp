@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+//
+// Region of (p, h) and (p, s), in the two forms that the families decide by.
+// Source: IAPWS R7-97(2012); IAPWS SR3-03(2014), Eqs. (10) and (11) for the phase in region 3.
+#pragma once
+
+#include "inverse/second_variable.hpp"
+#include "pt/region_pt.hpp"
+#include "pt/saturated_state.hpp"
+#include "regions/b23.hpp"
+#include "regions/saturation_line.hpp"
+
+namespace vaprix::inverse {
+
+inline constexpr int two_phase = pt::saturation_line;
+
+// Region of (p, y): 1, 2, 3, 5, two_phase or pt::outside, which a NaN is too. is_wet(p, y) decides
+// the phase of a state below the critical pressure that is neither of region 1 nor of 2.
+template <class Y, class IsWet>
+[[nodiscard]] int region_by_pressure(double p, double y, IsWet is_wet) noexcept {
+    const auto y1 = [p](double t) noexcept { return Y::y.region1(p, t); };
+    const auto y2 = [p](double t) noexcept { return Y::y.region2(p, t); };
+    const auto liquid = [&]() noexcept {
+        return y > Y::above_cold_liquid || y >= y1(T_min) ? 1 : pt::outside;
+    };
+    const auto in_region2 = [&]() noexcept {
+        return Y::below_t25(p, y) || (!Y::above_t25(p, y) && y <= y2(T_25));
+    };
+
+    if (!(y >= Y::lowest && y <= Y::highest && p <= p_max && p >= p_min)) return pt::outside;
+    if (p <= psat_13) {
+        if (Y::along_isobar(p, y) <= Y::above_saturated) {
+            const double ts = tsat(p);
+            if (y <= y1(ts)) return liquid();
+            if (y < y2(ts)) return two_phase;
+        }
+        if (y <= Y::surely_region2 || in_region2()) return 2;
+        if (y < Y::surely_region5) return 5;
+        if (y >= Y::outside_from) return pt::outside;
+        return Y::t5(p, y) <= Y::t_search_max ? 5 : pt::outside;
+    }
+    if (y >= Y::beyond_region1) {
+        if (y > Y::dense_outside) return pt::outside;
+        if (y > Y::dense_region5 && p <= p_max_5) return 5;
+        if (y > Y::above_b23 || y >= y2(t_b23(p))) {
+            if (in_region2()) return 2;
+            return p <= p_max_5 ? 5 : pt::outside;
+        }
+    } else if (y < Y::below_hot_liquid || y <= y1(T_13)) {
+        return liquid();
+    }
+    return p < p_crit && is_wet(p, y) ? two_phase : 3;
+}
+
+// B form: the phase by the backward boundary equation.
+template <class Y>
+[[nodiscard]] int region_b(double p, double y) noexcept {
+    return region_by_pressure<Y>(
+        p, y, [](double pressure, double value) noexcept { return pressure < Y::p3sat(value); });
+}
+
+// O form: the phase by the basic equation that the O-family then evaluates, so that the two agree
+// next to the critical point. Only (p, h) has one; (p, s) decides by the B form in both families.
+template <class Y>
+[[nodiscard]] int region_o(double p, double y) noexcept {
+    return region_b<Y>(p, y);
+}
+
+template <>
+[[nodiscard]] inline int region_o<Enthalpy>(double p, double y) noexcept {
+    return region_by_pressure<Enthalpy>(p, y, [](double pressure, double value) noexcept {
+        const pt::SaturatedState saturated(pressure, tsat(pressure));
+        return saturated.liquid<pt::h>() < value && value < saturated.vapour<pt::h>();
+    });
+}
+
+// Region as the exports report it: two-phase as 4.
+template <class Y>
+[[nodiscard]] double region_reported(double p, double y) noexcept {
+    const int region = region_b<Y>(p, y);
+    return region == two_phase ? 4.0 : region;
+}
+
+}  // namespace vaprix::inverse

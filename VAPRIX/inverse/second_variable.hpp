@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+//
+// What (p, h) and (p, s) differ in. Everything else about the two pairs is written once, over one
+// of these: y stands for the second variable, h in kJ/kg or s in kJ/(kg K).
+#pragma once
+
+#include <cmath>
+
+#include "frame/constants.hpp"
+#include "pt/properties.hpp"
+#include "regions/region1_backward.hpp"
+#include "regions/region2_backward.hpp"
+#include "regions/region3.hpp"
+#include "regions/region3_backward.hpp"
+#include "regions/region5_backward.hpp"
+
+namespace vaprix::inverse {
+
+inline constexpr double psat_13 = 16.52916425260452;  // saturation pressure at 623.15 K, MPa
+
+struct Enthalpy {
+    static constexpr const pt::Property& y = pt::h;
+    static constexpr const pt::Property& other = pt::s;  // the property that the pair gives for it
+
+    // range of validity
+    static constexpr double lowest = -0.04158782623017032;
+    static constexpr double highest = 7376.98028;
+    // vapour up to the saturation pressure at 623.15 K
+    static constexpr double surely_region2 = 4080.0;            // up to here
+    static constexpr double surely_region5 = 7365.80223401565;  // up to here, beyond region 2
+    static constexpr double outside_from = 7376.980306192378;
+    static constexpr double t_search_max = T_max;  // highest temperature that counts as region 5, K
+    // above that pressure
+    static constexpr double beyond_region1 = 2563.592003888252;  // from here: regions 2, 3 and 5
+    static constexpr double dense_region5 = 4084.04905441735;    // beyond: region 5 at once
+    static constexpr double dense_outside = 7380.0;
+
+    // What the vapour tangents below are tangents of, at constant p.
+    static double along_isobar(double /* p */, double h) noexcept { return h; }
+
+    // Bounds that settle a comparison with a region equation before it is evaluated; the extremes
+    // they enclose are in the comments.
+    static constexpr double above_cold_liquid = 95.4;   // h1(p, 273.15 K) <= 95.386
+    static constexpr double below_hot_liquid = 1553.9;  // h1(p, 623.15 K) >= 1553.92, dense
+    static constexpr double above_saturated = 2803.3;   // h2(p, Ts) <= 2803.285
+    static constexpr double above_b23 = 2813.0;         // h2(p, TB23) <= 2812.942
+    // h2(p, 1073.15 K) lies between two lines.
+    static bool below_t25(double p, double h) noexcept { return h < 4160.0 - 4.76 * p; }
+    static bool above_t25(double p, double h) noexcept { return h > 4161.0 - 4.44 * p; }
+
+    // Start value for the temperature of region 5, K: our own fit of its equation, within 12 K.
+    static double t5_start(double p, double h) noexcept {
+        const double x = h - 4160;
+        return T_25 + x * (0.404902 - 9.14727e-6 * x - 5.87025e-4 * p) + 1.55721 * p;
+    }
+
+    static double t1(double p, double h) noexcept { return region1::t_ph(p, h); }
+    static double t2(double p, double h) noexcept { return region2::t_ph(p, h); }
+    static double t3(double p, double h) noexcept { return region3::t_ph(p, h); }
+    static double t5(double p, double h) noexcept { return region5::t_ph(p, h); }
+    static double v3(double p, double h) noexcept { return region3::v_ph(p, h); }
+    static double p3sat(double h) noexcept { return region3::p3sat_h(h); }
+
+    // Which side of the critical state a state of region 3 is on: subregion 3a or 3b.
+    static bool is_3a(double p, double h) noexcept { return h <= region3::h3ab(p); }
+
+    static constexpr auto tangent1 = region1::h_tangent;
+    static constexpr auto tangent2 = region2::h_tangent;
+    static constexpr auto tangent5 = region5::h_tangent;
+    static constexpr auto tangents3 = region3::ph_tangents;
+};
+
+struct Entropy {
+    static constexpr const pt::Property& y = pt::s;
+    static constexpr const pt::Property& other = pt::h;
+
+    static constexpr double lowest = -0.008582287092621963;
+    static constexpr double highest = 13.9049560904359;
+    static constexpr double surely_region2 = 7.15370696228142;
+    static constexpr double surely_region5 = 8.66886626515754;
+    static constexpr double outside_from = 13.99764756652987;  // above highest: never reached
+    static constexpr double t_search_max = 2273.2;  // 0.05 K beyond region 5, deliberately
+    static constexpr double beyond_region1 = 3.778281339544279;
+    static constexpr double dense_region5 = 7.15370696228142;
+    static constexpr double dense_outside = 9.2;
+
+    // Without its logarithm of p the entropy of vapour hardly depends on p.
+    static double along_isobar(double p, double s) noexcept { return s + R * std::log(p); }
+
+    static constexpr double above_cold_liquid = 0.0005;  // s1(p, 273.15 K) <= 0.000475
+    static constexpr double below_hot_liquid = 3.3977;   // s1(p, 623.15 K) >= 3.39778, dense
+    static constexpr double above_saturated = 6.7175;    // s2(p, Ts) + R ln p <= 6.71746
+    static constexpr double above_b23 = 5.2606;          // s2(p, TB23) <= 5.260579
+    // s2(p, 1073.15 K) + R ln p falls from 8.50574 to 8.4483 at 16.53 MPa; beyond, s2 itself is
+    // convex and lies above its tangent at 40 MPa and below its chords to 50 and to 100 MPa.
+    static bool below_t25(double p, double s) noexcept {
+        return p < psat_13 ? along_isobar(p, s) < 8.448 : s < 6.65 - 0.0135 * (p - 40);
+    }
+    static bool above_t25(double p, double s) noexcept {
+        if (p < psat_13) return along_isobar(p, s) > 8.506;
+        return s > 7.156 - (p <= p_max_5 ? 0.01885 : 0.01335) * (p - 16.5);
+    }
+
+    // Start value for the temperature of region 5, K: our own fit of its equation, within 8 K.
+    static double t5_start(double p, double s) noexcept {
+        const double x = along_isobar(p, s) - 8.5058;
+        return T_25 + x * (441.178 + 83.2044 * x - 0.667102 * p) + 1.34299 * p;
+    }
+
+    static double t1(double p, double s) noexcept { return region1::t_ps(p, s); }
+    static double t2(double p, double s) noexcept { return region2::t_ps(p, s); }
+    static double t3(double p, double s) noexcept { return region3::t_ps(p, s); }
+    static double t5(double p, double s) noexcept { return region5::t_ps(p, s); }
+    static double v3(double p, double s) noexcept { return region3::v_ps(p, s); }
+    static double p3sat(double s) noexcept { return region3::p3sat_s(s); }
+
+    static bool is_3a(double /* p */, double s) noexcept { return s <= region3::s_crit; }
+
+    static constexpr auto tangent1 = region1::s_tangent;
+    static constexpr auto tangent2 = region2::s_tangent;
+    static constexpr auto tangent5 = region5::s_tangent;
+    static constexpr auto tangents3 = region3::ps_tangents;
+};
+
+}  // namespace vaprix::inverse
