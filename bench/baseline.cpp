@@ -152,6 +152,11 @@ struct State3 {
 
 }  // namespace
 
+double Region3::v(double v, double t) {
+    const State3 state(v, t);
+    return R * t / (1000 * v) * state.delta * state.phi(1, 0);
+}
+
 double Region3::h(double v, double t) {
     const State3 state(v, t);
     return R * t * (state.tau * state.phi(0, 1) + state.delta * state.phi(1, 0));
@@ -243,6 +248,17 @@ double tsat(double p) {
     const double G = n[1] * std::pow(beta, 2) + n[4] * beta + n[7];
     const double D = 2 * G / (-F - std::pow(std::pow(F, 2) - 4 * E * G, 0.5));
     return (n[9] + D - std::pow(std::pow(n[9] + D, 2) - 4 * (n[8] + n[9] * D), 0.5)) / 2;
+}
+
+double tsat_p(double p) {
+    const double step = 1e-5 * p;
+    return (tsat(p + step) - tsat(p - step)) / (2 * step);
+}
+
+double region(double p, double t) {
+    if (t > 863.15) return t <= 1073.15 ? 2 : 5;
+    if (t <= 623.15) return p > psat(t) ? 1 : 2;
+    return p > p_b23(t) ? 3 : 2;
 }
 
 double p_b23(double t) {

@@ -23,8 +23,10 @@ struct Gibbs {
     static double w(double p, double t);
 };
 
-// Region 3: properties of (v, T), Eq. (28).
+// Region 3: properties of (v, T), Eq. (28). A volume is what is given: as its baseline stands one
+// evaluation of the pressure, of which a search needs several.
 struct Region3 {
+    static double v(double v, double t);
     static double h(double v, double t);
     static double s(double v, double t);
     static double u(double v, double t);
@@ -49,6 +51,10 @@ double v_ps(double p, double s);
 // Saturation line, Eqs. (30) and (31), and boundary of regions 2 and 3, Eq. (5).
 double psat(double t);
 double tsat(double p);
+double tsat_p(double p);  // by central difference
 double p_b23(double t);
+
+// Region of (p, T) by these.
+double region(double p, double t);
 
 }  // namespace baseline

@@ -52,7 +52,8 @@ void add(const std::string& name, int region, Variable x, Variable y, Export2 fu
     measure(name, region, [=](const State& s) { return function(&(s.*x), &(s.*y)); });
     if (plain == nullptr) return;
     // region 3 is given the volume that the library has to find
-    const Variable first = region == 3 && x == &State::p && y == &State::t ? &State::v : x;
+    const bool by_volume = region == 3 && x == &State::p && y == &State::t;
+    const Variable first = by_volume && plain != baseline::region ? &State::v : x;
     measure("term by term/" + name, region, [=](const State& s) { return plain(s.*first, s.*y); });
 }
 
@@ -105,12 +106,14 @@ void add_region(int region) {
     add("UOPT" + in, region, p, T, UOPT, B::u);
     add("FOPT" + in, region, p, T, FOPT, B::f);
     add("GOPT" + in, region, p, T, GOPT, B::g);
-    add("VBPT" + in, region, p, T, VBPT);
-    add("DBPT" + in, region, p, T, DBPT);
-    add("VOPT" + in, region, p, T, VOPT);
-    add("DOPT" + in, region, p, T, DOPT);
-    add("DOTP" + in, region, T, p, DOTP);
-    add("REGIONPT" + in, region, p, T, REGIONPT);
+    const Plain2 density = [](double x, double t) { return 1 / B::v(x, t); };
+    add_given("VPT" + in, region, VPT, B::v);
+    add("VBPT" + in, region, p, T, VBPT, B::v);
+    add("DBPT" + in, region, p, T, DBPT, density);
+    add("VOPT" + in, region, p, T, VOPT, B::v);
+    add("DOPT" + in, region, p, T, DOPT, density);
+    add("DOTP" + in, region, T, p, DOTP, nullptr);
+    add("REGIONPT" + in, region, p, T, REGIONPT, baseline::region);
 }
 
 // B- and O-family of (p, h) and (p, s).
@@ -213,16 +216,27 @@ void add_all() {
     add("GVT3N", 3, v, T, GVT3N, Region3::g);
     add("CPVT3N", 3, v, T, CPVT3N, Region3::cp);
     add("CVVT3N", 3, v, T, CVVT3N, Region3::cv);
+    add("TPH1N", 1, p, h, TPH1N, t1_ph);
+    add("TPS1N", 1, p, s, TPS1N, t1_ps);
+    add("TPH2N", 2, p, h, TPH2N, t2_ph);
+    add("TPS2N", 2, p, s, TPS2N, t2_ps);
     add("TPH3N", 3, p, h, TPH3N, t_ph);
     add("TPS3N", 3, p, s, TPS3N, t_ps);
     add("VPS3N", 3, p, s, VPS3N, v_ps);
     add("VTP3N", 3, T, p, VTP3N);
+    rows.push_back("DITER3");
+    measure("DITER3", 3, [](const State& a) {
+        const double d_start = 1.01 / a.v;
+        const double tolerance = 1e-6;
+        return DITER3(&a.p, &a.t, &d_start, &tolerance);
+    });
     add("TPH5N", 5, p, h, TPH5N);
     add("TPS5N", 5, p, s, TPS5N);
 
     add("PBT", 1, T, PBT, psat);
     add("FB23", 3, T, FB23, p_b23);
     add("TBP", 4, p, TBP, tsat);
+    add("DTBPDP", 4, p, DTBPDP, tsat_p);
     add("TOP", 4, p, TOP);
     add("H1BP", 4, p, H1BP);
     add("H2BP", 4, p, H2BP);

@@ -11,7 +11,6 @@
 namespace {
 
 constexpr std::size_t count = 1 << 16;
-constexpr double psat_13 = 16.5291642526;  // saturation pressure at 623.15 K, MPa
 
 bool belongs(double found, int region) {
     return region == 0 ? found == 1 || found == 2 : found == region;

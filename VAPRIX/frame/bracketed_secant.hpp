@@ -6,6 +6,12 @@
 
 namespace vaprix {
 
+// A point and the residual there.
+struct Residual {
+    double x;
+    double f;
+};
+
 struct BracketedRoot {
     double x;
     bool converged;
@@ -15,22 +21,20 @@ struct BracketedRoot {
 // end of the bracket in. This is the iteration for the density of region 3.
 //
 // Given:    f  residual;  a, b  ends of the bracket;  tolerance  relative step that ends the
-//           iteration: the step from one round's secant point to the next, so that the two points
-//           behind an accepted secant are both as close as that and its own error is of second
-//           order in the tolerance.
+//           iteration (absolute below 1e-8): the step from one round's secant point to the next, so
+//           that the two points behind an accepted secant are both as close as that and its own
+//           error is of second order in the tolerance.
 // Returned: the root, converged; the last point, not converged, after 40 rounds.
-// Notes:    a NaN residual is never accepted and ends with the last round.
-template <class Residual>
-BracketedRoot bracketed_secant(Residual f, double a, double b, double tolerance) noexcept {
-    constexpr double tiny = 1e-8;       // |x| below which the step is measured absolutely,
-    constexpr double tiny_step = 1e-6;  // against this
+template <class Function>
+BracketedRoot bracketed_secant(Function f, Residual a, Residual b, double tolerance) noexcept {
+    constexpr double tiny = 1e-8;       // |x| below which the step is measured absolutely
     constexpr double last_step = 1e-5;  // absolute step that the last round accepts as well
     constexpr int rounds = 40;
 
-    double far = a;
-    double f_far = f(a);
-    double near = b;  // the newest point
-    double f_near = f(b);
+    double far = a.x;
+    double f_far = a.f;
+    double near = b.x;  // the newest point
+    double f_near = b.f;
     if (f_far == 0) return {far, true};
     if (f_near == 0) return {near, true};
 
@@ -53,7 +57,7 @@ BracketedRoot bracketed_secant(Residual f, double a, double b, double tolerance)
 
         const double step = std::fabs(x - previous);
         previous = x;
-        if (std::fabs(x) < tiny ? step < tiny_step : step < tolerance * std::fabs(x))
+        if (std::fabs(x) < tiny ? step < tolerance : step < tolerance * std::fabs(x))
             return {x, true};
         if (round == rounds && step < last_step) return {x, true};
 

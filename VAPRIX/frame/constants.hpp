@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Constants of IAPWS R7-97(2012), Eqs. (1) to (4) and (9), the triple point of its section 3, and
-// the temperatures at which its regions meet.
+// Constants of IAPWS R7-97(2012), Eqs. (1) to (4) and (9), the molar mass of IAPWS R6-95, and where
+// the regions meet.
 #pragma once
 
 namespace vaprix {
@@ -20,8 +20,9 @@ inline constexpr double T_23_max = 863.15;     // upper end of the boundary of r
 inline constexpr double T_25 = 1073.15;        // boundary of regions 2 and 5, K
 inline constexpr double T_max = 2273.15;       // K
 inline constexpr double p_min = 0.0006112127;  // saturation pressure at T_min, MPa
-inline constexpr double p_max = 100.0;         // MPa
-inline constexpr double p_max_5 = 50.0;        // highest pressure of region 5, MPa
+inline constexpr double psat_13 = 16.52916425260452;  // saturation pressure at T_13, MPa
+inline constexpr double p_max = 100.0;                // MPa
+inline constexpr double p_max_5 = 50.0;               // highest pressure of region 5, MPa
 
 // The result of an evaluation that failed.
 inline constexpr double failed = -99999.0;

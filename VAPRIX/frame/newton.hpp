@@ -45,14 +45,19 @@ struct Point {
     double y;
 };
 
+struct NewtonPoint {
+    Point at;
+    bool converged;
+};
+
 // Point at which a = a_given and b = b_given, by Newton's method in two variables.
 //
 // Given:    tangents  a and b with their slopes at (x, y);  at  start point;  tolerance  relative
 //           step of both variables that ends the iteration.
-// Returned: the point; the last one after 20 rounds.
+// Returned: the point, converged; the last one, not converged, after 20 rounds.
 template <class TangentsOf>
-Point newton(TangentsOf tangents, double a_given, double b_given, Point at,
-             double tolerance) noexcept {
+NewtonPoint newton(TangentsOf tangents, double a_given, double b_given, Point at,
+                   double tolerance) noexcept {
     constexpr int rounds = 20;
     for (int round = 0; round < rounds; ++round) {
         const TangentPair f = tangents(at.x, at.y);
@@ -63,9 +68,11 @@ Point newton(TangentsOf tangents, double a_given, double b_given, Point at,
         const double y_step = (f.a_x * b_left - f.b_x * a_left) / determinant;
         at.x += x_step;
         at.y += y_step;
-        if (std::fabs(x_step) < tolerance * at.x && std::fabs(y_step) < tolerance * at.y) break;
+        if (std::fabs(x_step) < tolerance * at.x && std::fabs(y_step) < tolerance * at.y) {
+            return {at, true};
+        }
     }
-    return at;
+    return {at, false};
 }
 
 }  // namespace vaprix

@@ -37,7 +37,7 @@ struct Term {
     double n;
 };
 
-// Terms sorted by I, then J, no exponent pair twice, no zero coefficient.
+// Terms sorted by I, then J, no exponent pair twice; terms with a zero coefficient are dropped.
 template <std::size_t Capacity>
 struct Polynomial {
     struct Monomial {

@@ -18,9 +18,9 @@ struct SearchResult {
 //
 // Given:    f  residual;  a, b  ends of the start bracket;  tolerance  relative step that ends the
 //           search (absolute below 1e-8).
-// Returned: the root with status converged; the last point with status limit after 40 rounds, or
-//           flat when the two residuals become equal; 0.0 with status flat when they are so from
-//           the start.
+// Returned: the root with status converged; the last point with status limit after more than 40
+//           rounds, or flat when the two residuals become equal; 0.0 with status flat when they are
+//           so from the start.
 template <class Residual>
 SearchResult steered_search(Residual f, double a, double b, double tolerance) noexcept {
     constexpr double tiny = 1e-8;  // below it the step is measured absolutely

@@ -15,8 +15,8 @@
 namespace vaprix::inverse {
 
 // Temperature of regions 1, 2 and 5: Newton's method from the backward temperature, which needs two
-// evaluations. Should it not settle, the Pegasus method around the backward temperature; 0.0 if that
-// does not either.
+// evaluations. Should it not settle, the Pegasus method around the backward temperature; 0.0 if
+// that does not either.
 template <class Y>
 [[nodiscard]] double temperature_gibbs(int region, double p, double y) noexcept {
     constexpr double step = 3e-8;    // relative, after which the error is one of rounding
@@ -41,17 +41,25 @@ struct DenseState {
     double t;  // K
 };
 
-// State of region 3: Newton's method on (density, T) from the backward equations. Along an isobar the
-// pair (p, y) stays regular through the critical point, so it converges quadratically everywhere. The
-// state is kept on the side of the saturation line that the region determination chose.
+// State of region 3: Newton's method on (density, T) from the backward equations. Along an isobar
+// the pair (p, y) stays regular through the critical point, so it converges quadratically
+// everywhere; a density and a temperature of 0.0 should it not.
+//
+// The state is kept on the side of the saturation line that the region determination chose. Within
+// 5e-5 MPa of the critical pressure the line of Eq. (30) is not that of the region-3 equation:
+// states of subregion 3a lie above its temperature, and what reproduces p and y is left where it
+// is.
 template <class Y>
 [[nodiscard]] DenseState solve3(double p, double y) noexcept {
-    constexpr double step = 1e-9;    // relative, after which the error is one of rounding
-    constexpr double apart = 1e-12;  // distance that is kept from the line, K
-    constexpr double close = 1e-6;   // distance at which the exact line is worth its cost, K
+    constexpr double step = 1e-9;           // relative, after which the error is one of rounding
+    constexpr double apart = 1e-12;         // distance that is kept from the line, K
+    constexpr double close = 1e-6;          // distance at which the exact line is worth its cost, K
+    constexpr double near_critical = 5e-5;  // MPa
 
-    const auto [d, t] = newton(Y::tangents3, p, y, {1 / Y::v3(p, y), Y::t3(p, y)}, step);
-    if (!(p < p_crit)) return {d, t};
+    const NewtonPoint solved = newton(Y::tangents3, p, y, {1 / Y::v3(p, y), Y::t3(p, y)}, step);
+    if (!solved.converged) return {0.0, 0.0};
+    const auto [d, t] = solved.at;
+    if (p > p_crit - near_critical) return {d, t};
     const double side = Y::is_3a(p, y) ? -1 : 1;
     if (side * (t - tsat(p)) > close) return {d, t};
     const double nearest = tsat_exact(p) + side * apart;
@@ -107,14 +115,15 @@ template <class Y, const pt::Property& property>
 }
 
 template <class Y>
-[[nodiscard]] double v_o(double p, double y) noexcept {
-    return mixed_o<Y, pt::v>(p, y);
-}
-
-template <class Y>
 [[nodiscard]] double d_o(double p, double y) noexcept {
     const double v = mixed_o<Y, pt::v>(p, y);
     return v > 0 ? 1 / v : failed;
+}
+
+template <class Y>
+[[nodiscard]] double v_o(double p, double y) noexcept {
+    const double d = d_o<Y>(p, y);
+    return d > 0 ? 1 / d : failed;
 }
 
 // Region by the B form, where the O form agrees with it: a state on which the two differ, in the
@@ -122,9 +131,11 @@ template <class Y>
 inline constexpr int disputed = -1;
 template <class Y>
 [[nodiscard]] int region_agreed(double p, double y) noexcept {
-    const int region = region_b<Y>(p, y);
-    const bool doubtful = (region == 3 || region == two_phase) && p > psat_13 && p < p_crit;
-    return !doubtful || region_o<Y>(p, y) == region ? region : disputed;
+    const int region = region_but_phase<Y>(p, y);
+    if (region != 3 || !(p < p_crit)) return region;
+    const bool wet = is_wet_b<Y>(p, y);
+    if (wet != Y::is_wet_o(p, y)) return disputed;
+    return wet ? two_phase : 3;
 }
 
 // A property that wet steam does not have: at the ends of the tie line that of the saturated phase.

@@ -2,14 +2,14 @@
 //
 // Properties of (p, h).
 // Given:    p  pressure, MPa, 0.0006112127 to 100;  h  specific enthalpy, kJ/kg,
-// -0.04158782623017032 to
-//           7376.98028. Below 0.0006112127 MPa or for a state that (p, T) does not reach: outside.
+//           -0.04158782623017032 to 7376.98028. A state that (p, T) does not reach and
+//           that is not wet steam is outside.
 // Failure:  -99999.0 outside the range; cp and w also for wet steam, x also for a single phase. The
 //           O-family stores -10055 outside. t_given: 0.0 for a region without an equation.
 // Notes:    the B-family answers by the backward equations, the O-family by the state that
-// reproduces
-//           p and h through the basic equations. Wet steam mixes the saturated states at Ts(p).
-// Source:   IAPWS R7-97(2012), Eqs. (11) and (22) to (24); IAPWS SR3-03(2014) for region 3.
+//           reproduces p and h through the basic equations. Wet steam mixes the saturated states at
+//           Ts(p).
+// Source:   IAPWS R7-97(2012), Eqs. (11) and (20) to (24); IAPWS SR3-03(2014) for region 3.
 #pragma once
 
 namespace vaprix::ph {

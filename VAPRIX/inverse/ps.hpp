@@ -2,14 +2,13 @@
 //
 // Properties of (p, s).
 // Given:    p  pressure, MPa, 0.0006112127 to 100;  s  specific entropy, kJ/(kg K),
-// -0.008582287092621963 to
-//           13.9049560904359. Below 0.0006112127 MPa or for a state that (p, T) does not reach:
-//           outside.
+//           -0.008582287092621963 to 13.9049560904359. A state that (p, T) does not reach and
+//           that is not wet steam is outside.
 // Failure:  -99999.0 outside the range; cp and w also for wet steam, x also for a single phase. The
 //           O-family stores -10055 outside. t_given: 0.0 for a region without an equation.
 // Notes:    the B-family answers by the backward equations, the O-family by the state that
-// reproduces
-//           p and s through the basic equations. Wet steam mixes the saturated states at Ts(p).
+//           reproduces p and s through the basic equations. Wet steam mixes the saturated states at
+//           Ts(p).
 // Source:   IAPWS R7-97(2012), Eqs. (13) and (25) to (27); IAPWS SR3-03(2014) for region 3.
 #pragma once
 

@@ -6,7 +6,6 @@
 
 #include "inverse/second_variable.hpp"
 #include "pt/region_pt.hpp"
-#include "pt/saturated_state.hpp"
 #include "regions/b23.hpp"
 #include "regions/saturation_line.hpp"
 
@@ -14,10 +13,10 @@ namespace vaprix::inverse {
 
 inline constexpr int two_phase = pt::saturation_line;
 
-// Region of (p, y): 1, 2, 3, 5, two_phase or pt::outside, which a NaN is too. is_wet(p, y) decides
-// the phase of a state below the critical pressure that is neither of region 1 nor of 2.
-template <class Y, class IsWet>
-[[nodiscard]] int region_by_pressure(double p, double y, IsWet is_wet) noexcept {
+// Region of (p, y): 1, 2, 3, 5, two_phase or pt::outside, which a NaN is too. A 3 below the
+// critical pressure may still be wet steam, which the families decide by tests of their own.
+template <class Y>
+[[nodiscard]] int region_but_phase(double p, double y) noexcept {
     const auto y1 = [p](double t) noexcept { return Y::y.region1(p, t); };
     const auto y2 = [p](double t) noexcept { return Y::y.region2(p, t); };
     const auto liquid = [&]() noexcept {
@@ -49,29 +48,27 @@ template <class Y, class IsWet>
     } else if (y < Y::below_hot_liquid || y <= y1(T_13)) {
         return liquid();
     }
-    return p < p_crit && is_wet(p, y) ? two_phase : 3;
+    return 3;
 }
 
-// B form: the phase by the backward boundary equation.
+// Phase of a 3 below the critical pressure by the backward boundary equation.
+template <class Y>
+[[nodiscard]] bool is_wet_b(double p, double y) noexcept {
+    return p < Y::p3sat(y);
+}
+
+// B form of the region.
 template <class Y>
 [[nodiscard]] int region_b(double p, double y) noexcept {
-    return region_by_pressure<Y>(
-        p, y, [](double pressure, double value) noexcept { return pressure < Y::p3sat(value); });
+    const int region = region_but_phase<Y>(p, y);
+    return region == 3 && p < p_crit && is_wet_b<Y>(p, y) ? two_phase : region;
 }
 
-// O form: the phase by the basic equation that the O-family then evaluates, so that the two agree
-// next to the critical point. Only (p, h) has one; (p, s) decides by the B form in both families.
+// O form of the region.
 template <class Y>
 [[nodiscard]] int region_o(double p, double y) noexcept {
-    return region_b<Y>(p, y);
-}
-
-template <>
-[[nodiscard]] inline int region_o<Enthalpy>(double p, double y) noexcept {
-    return region_by_pressure<Enthalpy>(p, y, [](double pressure, double value) noexcept {
-        const pt::SaturatedState saturated(pressure, tsat(pressure));
-        return saturated.liquid<pt::h>() < value && value < saturated.vapour<pt::h>();
-    });
+    const int region = region_but_phase<Y>(p, y);
+    return region == 3 && p < p_crit && Y::is_wet_o(p, y) ? two_phase : region;
 }
 
 // Region as the exports report it: two-phase as 4.

@@ -8,15 +8,15 @@
 
 #include "frame/constants.hpp"
 #include "pt/properties.hpp"
+#include "pt/saturated_state.hpp"
 #include "regions/region1_backward.hpp"
 #include "regions/region2_backward.hpp"
 #include "regions/region3.hpp"
 #include "regions/region3_backward.hpp"
 #include "regions/region5_backward.hpp"
+#include "regions/saturation_line.hpp"
 
 namespace vaprix::inverse {
-
-inline constexpr double psat_13 = 16.52916425260452;  // saturation pressure at 623.15 K, MPa
 
 struct Enthalpy {
     static constexpr const pt::Property& y = pt::h;
@@ -48,7 +48,8 @@ struct Enthalpy {
     static bool below_t25(double p, double h) noexcept { return h < 4160.0 - 4.76 * p; }
     static bool above_t25(double p, double h) noexcept { return h > 4161.0 - 4.44 * p; }
 
-    // Start value for the temperature of region 5, K: our own fit of its equation, within 12 K.
+    // Start value for the temperature of region 5, K: our own fit of its equation, least squares,
+    // within 13 K.
     static double t5_start(double p, double h) noexcept {
         const double x = h - 4160;
         return T_25 + x * (0.404902 - 9.14727e-6 * x - 5.87025e-4 * p) + 1.55721 * p;
@@ -63,6 +64,13 @@ struct Enthalpy {
 
     // Which side of the critical state a state of region 3 is on: subregion 3a or 3b.
     static bool is_3a(double p, double h) noexcept { return h <= region3::h3ab(p); }
+
+    // Phase of a dense state below the critical pressure by the basic equation that the O-family
+    // then evaluates, so that the two agree next to the critical point.
+    static bool is_wet_o(double p, double h) noexcept {
+        const pt::SaturatedState saturated(p, tsat(p));
+        return saturated.liquid<pt::h>() < h && h < saturated.vapour<pt::h>();
+    }
 
     static constexpr auto tangent1 = region1::h_tangent;
     static constexpr auto tangent2 = region2::h_tangent;
@@ -101,7 +109,8 @@ struct Entropy {
         return s > 7.156 - (p <= p_max_5 ? 0.01885 : 0.01335) * (p - 16.5);
     }
 
-    // Start value for the temperature of region 5, K: our own fit of its equation, within 8 K.
+    // Start value for the temperature of region 5, K: our own fit of its equation, least squares,
+    // within 8 K.
     static double t5_start(double p, double s) noexcept {
         const double x = along_isobar(p, s) - 8.5058;
         return T_25 + x * (441.178 + 83.2044 * x - 0.667102 * p) + 1.34299 * p;
@@ -115,6 +124,9 @@ struct Entropy {
     static double p3sat(double s) noexcept { return region3::p3sat_s(s); }
 
     static bool is_3a(double /* p */, double s) noexcept { return s <= region3::s_crit; }
+
+    // The O-family has no phase test of its own for (p, s).
+    static bool is_wet_o(double p, double s) noexcept { return p < p3sat(s); }
 
     static constexpr auto tangent1 = region1::s_tangent;
     static constexpr auto tangent2 = region2::s_tangent;

@@ -6,7 +6,8 @@
 // Failure:  -99999.0 outside the range of validity; no code. On the saturation line the answers
 //           differ, which hosts have come to rely on: 0.0 for v, h, s, cp and w, positive infinity
 //           for the density, -99999.0 for cv, u, f and g.
-// Source:   IAPWS R7-97(2012), Tables 3, 12, 31 and 41; IAPWS SR5-05(2016) for the volume of region 3.
+// Source:   IAPWS R7-97(2012), Tables 3, 12, 31 and 41; IAPWS SR5-05(2016) for the volume of region
+//           3.
 #pragma once
 
 namespace vaprix::pt {

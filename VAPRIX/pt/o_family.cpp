@@ -29,7 +29,10 @@ double evaluate_o(double p, double t) noexcept {
     switch (region_pt(p, t)) {
         case 1: return property.region1(p, t);
         case 2: return property.region2(p, t);
-        case 3: return property.region3(density3(p, t), t);
+        case 3: {
+            const double d = density3(p, t);
+            return d > 0 ? property.region3(d, t) : failed;
+        }
         case 5: return property.region5(p, t);
         case saturation_line:
             store(ErrorCode::success);

@@ -6,7 +6,8 @@
 //           (0 again when the state is outside), any other value is taken as it is, without a range
 //           check.
 // Failure:  0.0 for a region that names no single-phase equation; no code.
-// Source:   IAPWS R7-97(2012), Tables 3, 12, 31 and 41; IAPWS SR5-05(2016) for the volume of region 3.
+// Source:   IAPWS R7-97(2012), Tables 3, 12, 31 and 41; IAPWS SR5-05(2016) for the volume of region
+//           3.
 #pragma once
 
 #include "pt/properties.hpp"

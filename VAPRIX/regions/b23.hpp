@@ -19,7 +19,8 @@ namespace vaprix {
 // n5)/n3)^(1/2).
 [[nodiscard]] inline double t_b23(double p) noexcept {
     constexpr const auto& n = tables::b23;
-    constexpr auto n3_reciprocal = static_cast<double>(1 / extended(n[2]));
+    // 1/n3 to 14 digits: regions of (p, h) and (p, s) have always been decided with this rounding.
+    constexpr double n3_reciprocal = 981.06832075625;
     return n[3] + signed_sqrt((p - n[4]) * n3_reciprocal);
 }
 

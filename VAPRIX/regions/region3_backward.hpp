@@ -2,8 +2,8 @@
 //
 // Backward equations of region 3 by (p, h) and (p, s).
 // Given:    p  pressure, MPa;  h  specific enthalpy, kJ/kg;  s  specific entropy, kJ/(kg K);
-// nothing is
-//           checked.
+//           nothing is checked.
+// Failure:  none.
 // Source:   IAPWS SR3-03(2014), Eqs. (1) to (11), Tables 2 to 19.
 #pragma once
 

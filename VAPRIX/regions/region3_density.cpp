@@ -32,9 +32,10 @@ double fit(double p, double t) noexcept {
 // rounding, leaves a bracket for the iteration.
 Density newton_from_outside(const Isotherm& isotherm, double p, double d_start, double tolerance,
                             Side side) noexcept {
+    constexpr double lowest = 50;    // kg/m3, below and
+    constexpr double highest = 800;  // above every state of region 3, where the isotherm rises
     constexpr double step_out = 1.05;
-    constexpr double longest_step =
-        0.05;  // relative; also the step where the isotherm gives no direction
+    constexpr double longest_step = 0.05;  // relative; also the step where the isotherm is flat
     constexpr double newton_tolerance = 1e-10;
     constexpr int rounds = 100;
 
@@ -42,24 +43,28 @@ Density newton_from_outside(const Isotherm& isotherm, double p, double d_start, 
     const auto residual = [&](double d) noexcept { return isotherm.p(d) - p; };
     const auto passed = [liquid](double r) noexcept { return liquid ? r < 0 : r > 0; };
 
-    double d = liquid ? std::max(d_start, d_crit) * step_out : std::min(d_start, d_crit) / step_out;
+    double d = liquid ? std::clamp(d_start, d_crit, highest) : std::clamp(d_start, lowest, d_crit);
+    d = liquid ? d * step_out : d / step_out;
     double r = residual(d);
     for (int round = 0; round < rounds && passed(r); ++round) {
         d = liquid ? d * step_out : d / step_out;
         r = residual(d);
     }
+    if (passed(r)) return {d, false};
     for (int round = 0; round < rounds; ++round) {
         double step = -r / isotherm.p_d(d);
         if (std::fabs(step) < newton_tolerance * d) return {d + step, true};
         const double longest = liquid ? -longest_step * d : longest_step * d;
         if (!(step / longest > 0 && step / longest < 1)) step = longest;
-        r = residual(d + step);
-        if (passed(r)) {
-            const BracketedRoot root =
-                bracketed_secant(residual, d, d + step, std::min(tolerance, newton_tolerance));
+        const double next = d + step;
+        const double r_next = residual(next);
+        if (passed(r_next)) {
+            const BracketedRoot root = bracketed_secant(residual, {d, r}, {next, r_next},
+                                                        std::min(tolerance, newton_tolerance));
             return {root.x, root.converged};
         }
-        d += step;
+        d = next;
+        r = r_next;
     }
     return {d, false};
 }
@@ -77,8 +82,11 @@ Density solve(const Isotherm& isotherm, double p, double d_start, double toleran
         low = std::max(low, d_crit);
     }
     const auto residual = [&](double d) noexcept { return isotherm.p(d) - p; };
-    if (residual(low) <= 0 && residual(high) >= 0) {
-        const BracketedRoot root = bracketed_secant(residual, low, high, tolerance);
+    const double r_low = residual(low);
+    const double r_high = residual(high);
+    if (r_low <= 0 && r_high >= 0) {
+        const BracketedRoot root =
+            bracketed_secant(residual, {low, r_low}, {high, r_high}, tolerance);
         return {root.x, root.converged};
     }
     return newton_from_outside(isotherm, p, d_start, tolerance, side);

@@ -14,7 +14,7 @@ namespace {
 
 // x^(quarters/4), for the exponents 1/4, 1/2, 1 and 4, the only ones that occur
 template <int quarters>
-VAPRIX_INLINE double power(double x) noexcept {
+VAPRIX_INLINE double quarter_power(double x) noexcept {
     static_assert(quarters == 1 || quarters == 2 || quarters == 4 || quarters == 16);
     if constexpr (quarters == 1) {
         return signed_sqrt(signed_sqrt(x));
@@ -33,9 +33,9 @@ constexpr int quarters(double exponent) { return static_cast<int>(4 * exponent);
 template <auto const& Terms, auto const& form>
 double volume(double p, double t) noexcept {
     static constexpr auto sum = polynomial(Terms);
-    const double x = power<quarters(form.c)>(p / form.p_star - form.a);
-    const double y = power<quarters(form.d)>(t / form.T_star - form.b);
-    return form.v_star * power<quarters(form.e)>(evaluate<sum>(x, y));
+    const double x = quarter_power<quarters(form.c)>(p / form.p_star - form.a);
+    const double y = quarter_power<quarters(form.d)>(t / form.T_star - form.b);
+    return form.v_star * quarter_power<quarters(form.e)>(evaluate<sum>(x, y));
 }
 
 // Eq. (5): v/v* = exp(sum n (p/p* - a)^I (T/T* - b)^J)
@@ -68,9 +68,9 @@ Subregion near_critical_subregion(double p, double t) noexcept {
     return p <= psat_v385 || t > t3wx(p) ? Subregion::x : Subregion::z;
 }
 
-}  // namespace
-
-Subregion subregion_pt(double p, double t) noexcept {
+// Table 2. The subregions 3u to 3z of Table 10 are told apart only where that matters: here any of
+// them is Subregion::u.
+Subregion subregion_table2(double p, double t) noexcept {
     if (p > 40) return t <= t3ab(p) ? Subregion::a : Subregion::b;
     if (p <= p_3cd) return t <= tsat(p) ? Subregion::c : Subregion::t;
     if (t <= t3cd(p)) return Subregion::c;
@@ -94,12 +94,19 @@ Subregion subregion_pt(double p, double t) noexcept {
     }
     if (p > psat_643) {
         if (t <= t3qu(p)) return Subregion::q;
-        if (t <= t3rx(p)) return near_critical_subregion(p, t);
+        if (t <= t3rx(p)) return Subregion::u;
         return t <= t3jk(p) ? Subregion::r : Subregion::k;
     }
     if (t <= tsat(p)) return Subregion::s;
     if (p <= 20.5) return Subregion::t;
     return t <= t3jk(p) ? Subregion::r : Subregion::k;
+}
+
+}  // namespace
+
+Subregion subregion_pt(double p, double t) noexcept {
+    const Subregion subregion = subregion_table2(p, t);
+    return subregion == Subregion::u ? near_critical_subregion(p, t) : subregion;
 }
 
 double v_subregion(Subregion subregion, double p, double t) noexcept {
@@ -136,8 +143,8 @@ double v_subregion(Subregion subregion, double p, double t) noexcept {
 }
 
 double v_pt(double p, double t) noexcept {
-    const Subregion subregion = subregion_pt(p, t);
-    return subregion < Subregion::u ? v_subregion(subregion, p, t) : v_iterated(p, t);
+    const Subregion subregion = subregion_table2(p, t);
+    return subregion != Subregion::u ? v_subregion(subregion, p, t) : v_iterated(p, t);
 }
 
 }  // namespace vaprix::region3

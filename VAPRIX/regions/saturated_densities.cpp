@@ -17,7 +17,9 @@ namespace vaprix {
 namespace {
 
 // A term is exactly zero while its base is at or below its threshold, so that no power underflows.
-constexpr double liquid_thresholds[] = {0, 1e-8, 0.0001, 0.1, 0.424528622, 0.715394265};
+// The first one of the liquid has none.
+constexpr double none = -1e300;
+constexpr double liquid_thresholds[] = {none, 1e-8, 0.0001, 0.1, 0.424528622, 0.715394265};
 constexpr double vapour_thresholds[] = {1e-8, 0.0001, 0.01, 0.129154966, 0.36946012, 0.595179394};
 
 template <auto const& Terms, auto const& thresholds>

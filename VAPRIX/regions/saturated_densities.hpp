@@ -17,8 +17,9 @@ struct SaturatedDensities {
     double t;       // saturation temperature, K
 };
 
-// Densities that coexist at t, K, by the region-3 equation: equal pressure and equal Gibbs energy on
-// both sides. The caller has put (t, p) on the saturation line above 623.15 K; nothing is checked.
+// Densities that coexist at t, K, by the region-3 equation: equal pressure and equal Gibbs energy
+// on both sides. The caller has put (t, p) on the saturation line above 623.15 K; nothing is
+// checked.
 // Notes:  within 1e-5 MPa of the critical pressure the estimates at tsat(p) stand for the solution,
 //         deliberately; at the critical pressure itself both densities are 322 kg/m3.
 // Source: IAPWS R7-97(2012), Table 31 (Maxwell criterion).

@@ -18,7 +18,8 @@ namespace vaprix::saturation {
 [[nodiscard]] double t_b(double p) noexcept;
 [[nodiscard]] double t_p_b(double p) noexcept;
 
-// Saturation temperature, K, that reproduces p through Eq. (30): any p above 0.
+// Saturation temperature, K, that reproduces p through Eq. (30) to 1e-15 MPa. Any p above 0 is
+// accepted; below the line the secant steps extrapolate, down to about 1e-8 MPa.
 [[nodiscard]] double t_o(double p) noexcept;
 
 }  // namespace vaprix::saturation
