@@ -75,12 +75,15 @@ TEST(ArgumentMemory, TwoArguments) {
             const double* y = second.hold(b);
             for (const auto& row : b_family) row.call(x, y);
             for (const auto& row : region_of_pt) row.call(x, y);
+            for (const auto& row : inverse_b) row.call(x, y);
+            for (const auto& row : inverse_region) row.call(x, y);
             for (const auto& row : natives) {
                 EXPECT_NE(row.call(x, y), failed) << row.name << ' ' << a << ' ' << b;
             }
             EXPECT_EQ(ECODETUL(), of_line) << a << ' ' << b;
             for (const auto& row : o_family) row.call(x, y);
             for (const auto& row : density_of_tp) row.call(x, y);
+            for (const auto& row : inverse_o) row.call(x, y);
             leave(of_line);
         }
     }
@@ -94,9 +97,11 @@ TEST(ArgumentMemory, RegionGiven) {
         for (const double b : values()) {
             const double* y = t.hold(b);
             for (const auto& row : region_given) row.call(x, y, region.hold(0));
+            for (const auto& row : inverse_given) row.call(x, y, region.hold(0));
             for (const int given : {1, 2, 3, 5, 9}) {  // a region given is not written
                 int* held = region_to_read.hold(given);
                 for (const auto& row : region_given) row.call(x, y, held);
+                for (const auto& row : inverse_given) row.call(x, y, held);
             }
         }
     }

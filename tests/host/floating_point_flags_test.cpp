@@ -80,6 +80,15 @@ void each_native_export(const State& s, const Visit& visit) {
         const auto& [x, y] = arguments[static_cast<int>(row.pair)];
         visit(row.name, {*x, *y}, [&, x = x, y = y] { row.call(x, y); });
     }
+    const auto visit_inverse = [&](const auto& rows) {
+        for (const auto& row : rows) {
+            const double* y = row.pair == Pair::ph ? &h : &entropy;
+            visit(row.name, {s.p, *y}, [&] { row.call(&s.p, y); });
+        }
+    };
+    visit_inverse(inverse_b);
+    visit_inverse(inverse_o);
+    visit_inverse(inverse_region);
     if (region != 3) return;
     const double start = 1.0 / v, tolerance = 1e-6;
     visit("DITER3", {s.p, s.t, start, tolerance}, [&] { DITER3(&s.p, &s.t, &start, &tolerance); });
