@@ -38,12 +38,17 @@ void measure(const std::string& name, int region, Call call) {
     });
 }
 
+template <class Call>
+void add_plain(const std::string& name, int region, Call call) {
+    measure("term by term/" + name, region, call);
+}
+
 void add(const std::string& name, int region, Variable x, Export1 function,
          Plain1 plain = nullptr) {
     rows.push_back(name);
     measure(name, region, [=](const State& s) { return function(&(s.*x)); });
     if (plain == nullptr) return;
-    measure("term by term/" + name, region, [=](const State& s) { return plain(s.*x); });
+    add_plain(name, region, [=](const State& s) { return plain(s.*x); });
 }
 
 void add(const std::string& name, int region, Variable x, Variable y, Export2 function,
@@ -54,7 +59,7 @@ void add(const std::string& name, int region, Variable x, Variable y, Export2 fu
     // region 3 is given the volume that the library has to find
     const bool by_volume = region == 3 && x == &State::p && y == &State::t;
     const Variable first = by_volume && plain != baseline::region ? &State::v : x;
-    measure("term by term/" + name, region, [=](const State& s) { return plain(s.*first, s.*y); });
+    add_plain(name, region, [=](const State& s) { return plain(s.*first, s.*y); });
 }
 
 void add_given(const std::string& name, int region,
@@ -64,8 +69,7 @@ void add_given(const std::string& name, int region,
         int given = region;
         return function(&s.p, &s.t, &given);
     });
-    measure("term by term/" + name, region,
-            [=](const State& s) { return plain(region == 3 ? s.v : s.p, s.t); });
+    add_plain(name, region, [=](const State& s) { return plain(region == 3 ? s.v : s.p, s.t); });
 }
 
 constexpr Variable p = &State::p, T = &State::t, v = &State::v, h = &State::h, s = &State::s;
@@ -112,7 +116,9 @@ void add_region(int region) {
     add("DBPT" + in, region, p, T, DBPT, density);
     add("VOPT" + in, region, p, T, VOPT, B::v);
     add("DOPT" + in, region, p, T, DOPT, density);
-    add("DOTP" + in, region, T, p, DOTP, nullptr);
+    add("DOTP" + in, region, T, p, DOTP);
+    add_plain("DOTP" + in, region,
+              [=](const State& a) { return density(region == 3 ? a.v : a.p, a.t); });
     add("REGIONPT" + in, region, p, T, REGIONPT, baseline::region);
 }
 
@@ -232,6 +238,12 @@ void add_all() {
     });
     add("TPH5N", 5, p, h, TPH5N);
     add("TPS5N", 5, p, s, TPS5N);
+    // one evaluation of what they search on
+    for (const char* name : {"VTP3N", "DITER3"}) {
+        add_plain(name, 3, [](const State& a) { return Region3::v(a.v, a.t); });
+    }
+    add_plain("TPH5N", 5, [](const State& a) { return Gibbs<Region5>::h(a.p, a.t); });
+    add_plain("TPS5N", 5, [](const State& a) { return Gibbs<Region5>::s(a.p, a.t); });
 
     add("PBT", 1, T, PBT, psat);
     add("FB23", 3, T, FB23, p_b23);
