@@ -14,26 +14,29 @@
 
 namespace vaprix::inverse {
 
-// Temperature of regions 1, 2 and 5: Newton's method from the backward temperature, which needs two
-// evaluations. Should it not settle, the Pegasus method around the backward temperature; 0.0 if
-// that does not either.
+// Temperature of regions 1, 2 and 5: Newton's method, which needs two evaluations from the backward
+// temperature and in region 5 from a fit. Should it not settle, the Pegasus method around the
+// backward temperature; 0.0 if that does not either.
 template <class Y>
 [[nodiscard]] double temperature_gibbs(int region, double p, double y) noexcept {
-    constexpr double step = 3e-8;    // relative, after which the error is one of rounding
+    // Relative steps after which the error, of second order in them, is one of rounding: the
+    // isobars of region 5 are straighter.
+    constexpr double step = 3e-8;
+    constexpr double step_5 = 3e-7;
     constexpr double width = 1e-12;  // relative
-    const auto solve = [=](auto tangent, double target, pt::Property::Function y_of,
-                           double start) noexcept {
+    const auto solve = [=](auto tangent, double target, double start, double tolerance,
+                           pt::Property::Function y_of) noexcept {
         const NewtonRoot root =
-            newton([=](double t) noexcept { return tangent(p, t); }, target, start, step);
+            newton([=](double t) noexcept { return tangent(p, t); }, target, start, tolerance);
         if (root.converged) return root.x;
         const double t = temperature_in<Y>(region, p, y);
         return pegasus([=](double x) noexcept { return y_of(p, x) - y; }, 1.01 * t, 0.99 * t,
                        width);
     };
-    if (region == 1) return solve(Y::tangent1, y, Y::y.region1, Y::t1(p, y));
+    if (region == 1) return solve(Y::tangent1, y, Y::t1(p, y), step, Y::y.region1);
     const double target = Y::along_isobar(p, y);
-    return region == 2 ? solve(Y::tangent2, target, Y::y.region2, Y::t2(p, y))
-                       : solve(Y::tangent5, target, Y::y.region5, Y::t5_start(p, y));
+    return region == 2 ? solve(Y::tangent2, target, Y::t2(p, y), step, Y::y.region2)
+                       : solve(Y::tangent5, target, Y::t5_start(p, y), step_5, Y::y.region5);
 }
 
 struct DenseState {

@@ -27,6 +27,11 @@ template <class Y>
     };
 
     if (!(y >= Y::lowest && y <= Y::highest && p <= p_max && p >= p_min)) return pt::outside;
+    // most of region 5 at once: between its limits of temperature whatever the pressure
+    if (y > Y::lowest_region5 && p <= p_max_5) {
+        const double along_isobar = Y::along_isobar(p, y);
+        if (along_isobar > Y::beyond_region2 && along_isobar < Y::below_t_max) return 5;
+    }
     if (p <= psat_13) {
         if (Y::along_isobar(p, y) <= Y::above_saturated) {
             const double ts = tsat(p);

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "frame/constants.hpp"
+#include "frame/polynomial.hpp"
 #include "pt/properties.hpp"
 #include "pt/saturated_state.hpp"
 #include "regions/region1_backward.hpp"
@@ -15,8 +16,12 @@
 #include "regions/region3_backward.hpp"
 #include "regions/region5_backward.hpp"
 #include "regions/saturation_line.hpp"
+#include "regions/tables/region5_start.hpp"
 
 namespace vaprix::inverse {
+
+inline constexpr auto t5_start_h = polynomial(tables::t5_start_h);
+inline constexpr auto t5_start_s = polynomial(tables::t5_start_s);
 
 struct Enthalpy {
     static constexpr const pt::Property& y = pt::h;
@@ -44,15 +49,16 @@ struct Enthalpy {
     static constexpr double below_hot_liquid = 1553.9;  // h1(p, 623.15 K) >= 1553.92, dense
     static constexpr double above_saturated = 2803.3;   // h2(p, Ts) <= 2803.285
     static constexpr double above_b23 = 2813.0;         // h2(p, TB23) <= 2812.942
+    static constexpr double lowest_region5 = 3925.9;    // h2(p, 1073.15 K) >= 3925.96 up to 50 MPa
+    static constexpr double beyond_region2 = 4160.7;    // h2(p, 1073.15 K) <= 4160.661
+    static constexpr double below_t_max = 7365.8;       // h5(p, 2273.15 K) >= 7365.802
     // h2(p, 1073.15 K) lies between two lines.
     static bool below_t25(double p, double h) noexcept { return h < 4160.0 - 4.76 * p; }
     static bool above_t25(double p, double h) noexcept { return h > 4161.0 - 4.44 * p; }
 
-    // Start value for the temperature of region 5, K: our own fit of its equation, least squares,
-    // within 13 K.
+    // Start value for the temperature of region 5, K.
     static double t5_start(double p, double h) noexcept {
-        const double x = h - 4160;
-        return T_25 + x * (0.404902 - 9.14727e-6 * x - 5.87025e-4 * p) + 1.55721 * p;
+        return T_25 + evaluate<t5_start_h>((h - 4160) / 1000, p / p_max_5);
     }
 
     static double t1(double p, double h) noexcept { return region1::t_ph(p, h); }
@@ -99,6 +105,9 @@ struct Entropy {
     static constexpr double below_hot_liquid = 3.3977;   // s1(p, 623.15 K) >= 3.39778, dense
     static constexpr double above_saturated = 6.7175;    // s2(p, Ts) + R ln p <= 6.71746
     static constexpr double above_b23 = 5.2606;          // s2(p, TB23) <= 5.260579
+    static constexpr double lowest_region5 = 6.522;      // s2(p, 1073.15 K) >= 6.5226 up to 50 MPa
+    static constexpr double beyond_region2 = 8.5058;     // s2(p, 1073.15 K) + R ln p <= 8.50574
+    static constexpr double below_t_max = 10.474;        // s5(p, 2273.15 K) + R ln p >= 10.47437
     // s2(p, 1073.15 K) + R ln p falls from 8.50574 to 8.4483 at 16.53 MPa; beyond, s2 itself is
     // convex and lies above its tangent at 40 MPa and below its chords to 50 and to 100 MPa.
     static bool below_t25(double p, double s) noexcept {
@@ -109,11 +118,9 @@ struct Entropy {
         return s > 7.156 - (p <= p_max_5 ? 0.01885 : 0.01335) * (p - 16.5);
     }
 
-    // Start value for the temperature of region 5, K: our own fit of its equation, least squares,
-    // within 8 K.
+    // Start value for the temperature of region 5, K.
     static double t5_start(double p, double s) noexcept {
-        const double x = along_isobar(p, s) - 8.5058;
-        return T_25 + x * (441.178 + 83.2044 * x - 0.667102 * p) + 1.34299 * p;
+        return T_25 + evaluate<t5_start_s>(along_isobar(p, s) - 8.5058, p / p_max_5);
     }
 
     static double t1(double p, double s) noexcept { return region1::t_ps(p, s); }
