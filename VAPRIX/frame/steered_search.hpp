@@ -5,35 +5,27 @@
 
 namespace vaprix {
 
-enum class SearchStatus { converged, flat, limit };
-
-struct SearchResult {
-    double x;
-    SearchStatus status;
-};
-
 // Root of f from a start bracket by secant steps that are steered: after a step that did not halve
 // the bracket an extra point is taken, extrapolated beyond the secant point or at the middle. This
 // is the search for the temperature of region 5, where no backward equation exists.
 //
 // Given:    f  residual;  a, b  ends of the start bracket;  tolerance  relative step that ends the
 //           search (absolute below 1e-8).
-// Returned: the root with status converged; the last point with status limit after more than 40
-//           rounds, or flat when the two residuals become equal; 0.0 with status flat when they are
-//           so from the start.
+// Returned: the root; the last point after more than 40 rounds or when the two residuals become
+//           equal; 0.0 when they are so from the start.
 template <class Residual>
-SearchResult steered_search(Residual f, double a, double b, double tolerance) noexcept {
+double steered_search(Residual f, double a, double b, double tolerance) noexcept {
     constexpr double tiny = 1e-8;  // below it the step is measured absolutely
     constexpr int rounds = 40;
 
     double fa = f(a);
     double fb = f(b);
-    if (fa == fb) return {0.0, SearchStatus::flat};
+    if (fa == fb) return 0.0;
     for (int round = 1;; ++round) {
         double c = a + fa * (b - a) / (fa - fb);
         if (c < 0) c = (a + b) / 2;
         const double step = std::fabs(c) < tiny ? std::fabs(c - a) : std::fabs((c - a) / c);
-        if (step < tolerance) return {c, SearchStatus::converged};
+        if (step < tolerance) return c;
 
         const double fc = f(c);
         double with_a = fa * fc;
@@ -78,8 +70,7 @@ SearchResult steered_search(Residual f, double a, double b, double tolerance) no
             a = e;
             fa = fe;
         }
-        if (round > rounds) return {a, SearchStatus::limit};
-        if (fa == fb) return {a, SearchStatus::flat};
+        if (round > rounds || fa == fb) return a;
     }
 }
 

@@ -114,7 +114,7 @@ struct Entropy {
         return p < psat_13 ? along_isobar(p, s) < 8.448 : s < 6.65 - 0.0135 * (p - 40);
     }
     static bool above_t25(double p, double s) noexcept {
-        if (p < psat_13) return along_isobar(p, s) > 8.506;
+        if (p < psat_13) return along_isobar(p, s) > beyond_region2;
         return s > 7.156 - (p <= p_max_5 ? 0.01885 : 0.01335) * (p - 16.5);
     }
 

@@ -32,13 +32,13 @@ Bracket bracket_ps(double p, double s) noexcept {
 double t_ph(double p, double h) noexcept {
     const Bracket bracket = bracket_ph(h);
     const auto residual = [p, h](double t) noexcept { return region5::h(p, t) - h; };
-    return steered_search(residual, bracket.low, bracket.high, tolerance).x;
+    return steered_search(residual, bracket.low, bracket.high, tolerance);
 }
 
 double t_ps(double p, double s) noexcept {
     const Bracket bracket = bracket_ps(p, s);
     const auto residual = [p, s](double t) noexcept { return region5::s(p, t) - s; };
-    return steered_search(residual, bracket.low, bracket.high, tolerance).x;
+    return steered_search(residual, bracket.low, bracket.high, tolerance);
 }
 
 }  // namespace vaprix::region5
