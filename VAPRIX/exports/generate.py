@@ -27,6 +27,8 @@ ARGUMENTS = {
     "v": "specific volume, m3/kg",
     "h": "specific enthalpy, kJ/kg",
     "s": "specific entropy, kJ/(kg K)",
+    "d": "density, kg/m3",
+    "x": "vapour quality, kg of vapour per kg",
     "d_start": "density, kg/m3",
     "tolerance": "relative tolerance",
     "region": "region, read and written",

@@ -10,9 +10,14 @@ namespace vaprix {
 // What the codes mean is one table, in docs/error-codes.md.
 enum class ErrorCode : int {
     success = 0,
+    negative_density = -10003,
+    wet_steam_undefined = -10007,
     saturation_temperature_range = -10019,
     saturation_pressure_range = -10020,
+    quality_range = -10036,
     outside_range = -10055,
+    property_range = -10057,
+    not_wet_steam = -10058,
 };
 
 // The calling thread's code: 0 until something is stored, and never reset by a reading.

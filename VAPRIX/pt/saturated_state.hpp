@@ -12,32 +12,49 @@
 namespace vaprix::pt {
 
 class SaturatedState {
-    double p, t;
+    double p_, t_;
     bool dense;  // above 623.15 K
     SaturatedDensities d{};
 
 public:
     // (p, t) is on the saturation line; nothing is checked.
-    SaturatedState(double pressure, double temperature) noexcept
-        : p(pressure), t(temperature), dense(t > T_13) {
+    SaturatedState(double p, double t) noexcept : p_(p), t_(t), dense(t > T_13) {
         if (dense) d = dsat3(t, p);
     }
 
+    // Both phases at the same density, next to the critical point.
+    SaturatedState(double p, double t, double density) noexcept
+        : p_(p), t_(t), dense(true), d{density, density, t} {}
+
+    [[nodiscard]] double p() const noexcept { return p_; }
+    [[nodiscard]] double t() const noexcept { return t_; }
+
     template <const Property& property>
     [[nodiscard]] double liquid() const noexcept {
-        return dense ? property.region3(d.liquid, t) : property.region1(p, t);
+        return dense ? property.region3(d.liquid, t_) : property.region1(p_, t_);
     }
 
     template <const Property& property>
     [[nodiscard]] double vapour() const noexcept {
-        return dense ? property.region3(d.vapour, t) : property.region2(p, t);
+        return dense ? property.region3(d.vapour, t_) : property.region2(p_, t_);
     }
 
-    // Property of wet steam of quality x, kg of vapour per kg.
+    // Density, kg/m3.
+    [[nodiscard]] double liquid_density() const noexcept {
+        return dense ? d.liquid : 1 / region1::v(p_, t_);
+    }
+    [[nodiscard]] double vapour_density() const noexcept {
+        return dense ? d.vapour : 1 / region2::v(p_, t_);
+    }
+
+    // Property of wet steam of quality x, kg of vapour per kg: the lever rule, at 1 the vapour to
+    // the last digit.
     template <const Property& property>
     [[nodiscard]] double mixture(double x) const noexcept {
+        const double of_vapour = vapour<property>();
+        if (x == 1) return of_vapour;
         const double of_liquid = liquid<property>();
-        return of_liquid + x * (vapour<property>() - of_liquid);
+        return of_liquid + x * (of_vapour - of_liquid);
     }
 
     // Quality at which the mixture has the given value of the property.

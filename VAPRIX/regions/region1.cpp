@@ -126,6 +126,13 @@ Tangent h_tangent(double p, double t) noexcept {
     return {h, -R * (tau * tau) * tautau};
 }
 
+Tangent v_tangent(double p, double t) noexcept {
+    constexpr auto factor = static_cast<double>(R_per_p_star / extended(p_star));
+    const auto [v_over_t, pipi] =
+        evaluate<volume_over_t, gamma_pipi>(x_0 - p * p_star_reciprocal_short, T_star / t - y_0);
+    return {t * v_over_t, factor * t * pipi};
+}
+
 Tangent s_tangent(double p, double t) noexcept {
     const Reduced r(p, t);
     const auto [s, tautau] = evaluate<entropy, gamma_tautau>(r.x(), r.y());

@@ -32,5 +32,6 @@ double v_p(double p, double t) noexcept { return Properties::v_p(p, t); }
 double v_t(double p, double t) noexcept { return Properties::v_t(p, t); }
 Tangent h_tangent(double p, double t) noexcept { return Properties::h_tangent(p, t); }
 Tangent s_tangent(double p, double t) noexcept { return Properties::s_tangent(p, t); }
+Tangent v_tangent(double p, double t) noexcept { return Properties::v_tangent(p, t); }
 
 }  // namespace vaprix::region5

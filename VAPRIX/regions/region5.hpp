@@ -26,4 +26,7 @@ namespace vaprix::region5 {
 [[nodiscard]] Tangent h_tangent(double p, double t) noexcept;
 [[nodiscard]] Tangent s_tangent(double p, double t) noexcept;
 
+// v with its slope in p along the isotherm, from shared powers.
+[[nodiscard]] Tangent v_tangent(double p, double t) noexcept;
+
 }  // namespace vaprix::region5

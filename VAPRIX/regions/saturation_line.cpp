@@ -33,6 +33,17 @@ struct Backward {
           half_root(0.5 * signed_sqrt((n10 - D) * (n10 - D) - 4 * n9)) {}
 
     [[nodiscard]] double t() const noexcept { return 0.5 * (n10 + D) - half_root; }
+
+    // dT/dp
+    [[nodiscard]] double t_p() const noexcept {
+        const double beta_p = 1 / (4 * beta * beta * beta);
+        const double E_p = (2 * beta + n3) * beta_p;
+        const double F_p = (2 * n1 * beta + n4) * beta_p;
+        const double G_p = (2 * n2 * beta + n5) * beta_p;
+        const double root_p = (F * F_p - 2 * (E_p * G + E * G_p)) / root;
+        const double D_p = (2 * G_p + D * (F_p + root_p)) / (-F - root);
+        return 0.5 * D_p * (1 + (n10 - D) / (2 * half_root));
+    }
 };
 
 }  // namespace
@@ -50,20 +61,17 @@ double psat(double t) noexcept {
 
 double tsat(double p) noexcept { return Backward(p).t(); }
 
-double tsat_p(double p) noexcept {
-    const Backward b(p);
-    const double beta_p = 1 / (4 * b.beta * b.beta * b.beta);
-    const double E_p = (2 * b.beta + n3) * beta_p;
-    const double F_p = (2 * n1 * b.beta + n4) * beta_p;
-    const double G_p = (2 * n2 * b.beta + n5) * beta_p;
-    const double root_p = (b.F * F_p - 2 * (E_p * b.G + b.E * G_p)) / b.root;
-    const double D_p = (2 * G_p + b.D * (F_p + root_p)) / (-b.F - b.root);
-    return 0.5 * D_p * (1 + (n10 - b.D) / (2 * b.half_root));
-}
+double tsat_p(double p) noexcept { return Backward(p).t_p(); }
 
+// Eqs. (30) and (31) solve the same equation (29), so the backward temperature is off by no more
+// than its rounding, which one Newton step takes away.
 double tsat_exact(double p) noexcept {
     if (std::fabs(p_crit - p) < critical_tolerance) return T_crit;
-    const double t = tsat(p);
+    const Backward b(p);
+    const double t = b.t();
+    constexpr double rounding = 1e-12;  // relative
+    const double step = (p - psat(t)) * b.t_p();
+    if (std::fabs(step) < rounding * t) return std::min(t + step, T_crit);
     return pegasus([p](double x) noexcept { return psat(x) - p; }, std::max(T_min, 0.99 * t),
                    std::min(T_crit, 1.01 * t), 1e-15);
 }

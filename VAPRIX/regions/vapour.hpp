@@ -128,6 +128,14 @@ public:
                 -R / Equation::T_star * tau * (ideal<tautau0>(tau, t) + tau * tau * tt)};
     }
 
+    static Tangent v_tangent(double p, double t) noexcept {
+        constexpr auto factor = static_cast<double>(R_l / 1000);
+        const auto [pi, pipi] =
+            evaluate<gamma_pi, gamma_pipi>(p, Equation::T_star / t - Equation::shift);
+        const double ideal = 1 / p;
+        return {factor * t * (ideal + pi), factor * t * (pipi - ideal * ideal)};
+    }
+
     // cv = cp - R (1 + pi gammar_pi - tau pi gammar_pitau)^2 / (1 - pi^2 gammar_pipi)
     static double cv(double p, double t) noexcept {
         const SecondDerivatives d(p, t);

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cmath>
+
+#include "frame/newton.hpp"
+
+namespace vaprix {
+
+// Root of a monotonic y(x) = y between low and high by Newton's method, held in the bracket: a step
+// that leaves it goes to the end, and halves the bracket where that end has been seen.
+//
+// Given:    tangent  y and its slope at x;  low, high  ends of the bracket;  x  start value;
+//           tolerance  relative step that ends the iteration: as it converges quadratically, choose
+//           the root of what is wanted.
+// Returned: the root, converged; an end, converged, where the root lies beyond it; not converged
+//           for a NaN, or after 60 rounds.
+template <class TangentOf>
+NewtonRoot bracketed_newton(TangentOf tangent, double y, double low, double high, double x,
+                            double tolerance) noexcept {
+    constexpr int rounds = 60;
+    bool seen_low = false;
+    bool seen_high = false;
+    for (int round = 0; round < rounds; ++round) {
+        const Tangent at = tangent(x);
+        const double step = (y - at.y) / at.y_x;
+        if (std::fabs(step) < tolerance * std::fabs(x)) {
+            return {std::fmin(std::fmax(x + step, low), high), true};
+        }
+        if (!(std::fabs(step) >= 0)) return {x, false};
+        if (step > 0) {
+            if (x >= high) return {high, true};
+            low = x;
+            seen_low = true;
+        } else {
+            if (x <= low) return {low, true};
+            high = x;
+            seen_high = true;
+        }
+        x += step;
+        if (x >= high) x = seen_high ? 0.5 * (low + high) : high;
+        if (x <= low) x = seen_low ? 0.5 * (low + high) : low;
+    }
+    return {x, false};
+}
+
+}  // namespace vaprix

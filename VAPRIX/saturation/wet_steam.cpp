@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include "saturation/wet_steam.hpp"
+
+namespace vaprix::saturation {
+
+double d_px_o(double p, double x) noexcept {
+    if (std::fabs(p - p_crit) < critical) return d_crit;
+    const double t = t_o(p);
+    if (!(t > 0)) return failed;
+    if (!is_quality(x)) return fail(ErrorCode::quality_range);
+    return 1 / pt::SaturatedState(p, t).mixture<pt::v>(x);
+}
+
+double v_px_o(double p, double x) noexcept {
+    const double d = d_px_o(p, x);
+    return d > 0 ? 1 / d : failed;
+}
+
+double p_tx_o(double t, double x) noexcept {
+    const double p = p_o(t);
+    return p > 0 && !is_quality(x) ? fail(ErrorCode::quality_range) : p;
+}
+
+double d_tx_o(double t, double x) noexcept {
+    const double v = of_tx_o<pt::v>(t, x);
+    return v > 0 ? 1 / v : failed;
+}
+
+double z_tx_o(double t, double x) noexcept {
+    const double v = of_tx_o<pt::v>(t, x);
+    return v > 0 ? 1000 * psat(t) * v / (R * t) : failed;
+}
+
+}  // namespace vaprix::saturation
