@@ -13,32 +13,20 @@ namespace vaprix::inverse {
 
 inline constexpr int two_phase = pt::saturation_line;
 
-// Region of (p, y): 1, 2, 3, 5, two_phase or pt::outside, which a NaN is too. A 3 below the
-// critical pressure may still be wet steam, which the families decide by tests of their own.
+// Region of (p, y) in a pressure within the range: 1, 2, 3, 5, two_phase or pt::outside, by the
+// equations at the limits of the regions.
 template <class Y>
-[[nodiscard]] int region_but_phase(double p, double y) noexcept {
+[[nodiscard]] int region_by_equations(double p, double y) noexcept {
     const auto y1 = [p](double t) noexcept { return Y::y.region1(p, t); };
     const auto y2 = [p](double t) noexcept { return Y::y.region2(p, t); };
-    const auto liquid = [&]() noexcept {
-        return y > Y::above_cold_liquid || y >= y1(T_min) ? 1 : pt::outside;
-    };
-    const auto in_region2 = [&]() noexcept {
-        return Y::below_t25(p, y) || (!Y::above_t25(p, y) && y <= y2(T_25));
-    };
+    const auto liquid = [&]() noexcept { return y >= y1(T_min) ? 1 : pt::outside; };
 
-    if (!(y >= Y::lowest && y <= Y::highest && p <= p_max && p >= p_min)) return pt::outside;
-    // most of region 5 at once: between its limits of temperature whatever the pressure
-    if (y > Y::lowest_region5 && p <= p_max_5) {
-        const double along_isobar = Y::along_isobar(p, y);
-        if (along_isobar > Y::beyond_region2 && along_isobar < Y::below_t_max) return 5;
-    }
+    if (!(y >= Y::lowest && y <= Y::highest)) return pt::outside;
     if (p <= psat_13) {
-        if (Y::along_isobar(p, y) <= Y::above_saturated) {
-            const double ts = tsat(p);
-            if (y <= y1(ts)) return liquid();
-            if (y < y2(ts)) return two_phase;
-        }
-        if (y <= Y::surely_region2 || in_region2()) return 2;
+        const double ts = tsat(p);
+        if (y <= y1(ts)) return liquid();
+        if (y < y2(ts)) return two_phase;
+        if (y <= Y::surely_region2 || y <= y2(T_25)) return 2;
         if (y < Y::surely_region5) return 5;
         if (y >= Y::outside_from) return pt::outside;
         return Y::t5(p, y) <= Y::t_search_max ? 5 : pt::outside;
@@ -46,14 +34,30 @@ template <class Y>
     if (y >= Y::beyond_region1) {
         if (y > Y::dense_outside) return pt::outside;
         if (y > Y::dense_region5 && p <= p_max_5) return 5;
-        if (y > Y::above_b23 || y >= y2(t_b23(p))) {
-            if (in_region2()) return 2;
+        if (y >= y2(t_b23(p))) {
+            if (y <= y2(T_25)) return 2;
             return p <= p_max_5 ? 5 : pt::outside;
         }
-    } else if (y < Y::below_hot_liquid || y <= y1(T_13)) {
+    } else if (y <= y1(T_13)) {
         return liquid();
     }
     return 3;
+}
+
+// The same for any pair, at once where the bounds of the limits settle it; a NaN is outside. A 3
+// below the critical pressure may still be wet steam, which the families decide by tests of their
+// own.
+template <class Y>
+[[nodiscard]] int region_but_phase(double p, double y) noexcept {
+    if (!(p <= p_max && p >= p_min)) return pt::outside;
+    const IsobarLimits& at = Y::limits[isobar_band(p)];
+    const auto above = [y](LimitBounds limit) noexcept { return y > double{limit.high}; };
+    const auto below = [y](LimitBounds limit) noexcept { return y < double{limit.low}; };
+    if (above(at.cold) && below(at.liquid)) return 1;
+    if (above(at.vapour) && below(at.t25)) return 2;
+    if (above(at.liquid) && below(at.vapour)) return p <= psat_13 ? two_phase : 3;
+    if (above(at.t25) && below(at.t_max)) return 5;
+    return region_by_equations<Y>(p, y);
 }
 
 // Phase of a 3 below the critical pressure by the backward boundary equation.

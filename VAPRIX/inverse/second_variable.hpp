@@ -16,6 +16,7 @@
 #include "regions/region3_backward.hpp"
 #include "regions/region5_backward.hpp"
 #include "regions/saturation_line.hpp"
+#include "regions/tables/isobar_limits.hpp"
 #include "regions/tables/region5_start.hpp"
 
 namespace vaprix::inverse {
@@ -43,18 +44,7 @@ struct Enthalpy {
     // What the vapour tangents below are tangents of, at constant p.
     static double along_isobar(double /* p */, double h) noexcept { return h; }
 
-    // Bounds that settle a comparison with a region equation before it is evaluated; the extremes
-    // they enclose are in the comments.
-    static constexpr double above_cold_liquid = 95.4;   // h1(p, 273.15 K) <= 95.386
-    static constexpr double below_hot_liquid = 1553.9;  // h1(p, 623.15 K) >= 1553.92, dense
-    static constexpr double above_saturated = 2803.3;   // h2(p, Ts) <= 2803.285
-    static constexpr double above_b23 = 2813.0;         // h2(p, TB23) <= 2812.942
-    static constexpr double lowest_region5 = 3925.9;    // h2(p, 1073.15 K) >= 3925.96 up to 50 MPa
-    static constexpr double beyond_region2 = 4160.7;    // h2(p, 1073.15 K) <= 4160.661
-    static constexpr double below_t_max = 7365.8;       // h5(p, 2273.15 K) >= 7365.802
-    // h2(p, 1073.15 K) lies between two lines.
-    static bool below_t25(double p, double h) noexcept { return h < 4160.0 - 4.76 * p; }
-    static bool above_t25(double p, double h) noexcept { return h > 4161.0 - 4.44 * p; }
+    static constexpr const auto& limits = tables::isobar_limits_h;
 
     // Start value for the temperature of region 5, K.
     static double t5_start(double p, double h) noexcept {
@@ -101,22 +91,7 @@ struct Entropy {
     // Without its logarithm of p the entropy of vapour hardly depends on p.
     static double along_isobar(double p, double s) noexcept { return s + R * std::log(p); }
 
-    static constexpr double above_cold_liquid = 0.0005;  // s1(p, 273.15 K) <= 0.000475
-    static constexpr double below_hot_liquid = 3.3977;   // s1(p, 623.15 K) >= 3.39778, dense
-    static constexpr double above_saturated = 6.7175;    // s2(p, Ts) + R ln p <= 6.71746
-    static constexpr double above_b23 = 5.2606;          // s2(p, TB23) <= 5.260579
-    static constexpr double lowest_region5 = 6.522;      // s2(p, 1073.15 K) >= 6.5226 up to 50 MPa
-    static constexpr double beyond_region2 = 8.5058;     // s2(p, 1073.15 K) + R ln p <= 8.50574
-    static constexpr double below_t_max = 10.474;        // s5(p, 2273.15 K) + R ln p >= 10.47437
-    // s2(p, 1073.15 K) + R ln p falls from 8.50574 to 8.4483 at 16.53 MPa; beyond, s2 itself is
-    // convex and lies above its tangent at 40 MPa and below its chords to 50 and to 100 MPa.
-    static bool below_t25(double p, double s) noexcept {
-        return p < psat_13 ? along_isobar(p, s) < 8.448 : s < 6.65 - 0.0135 * (p - 40);
-    }
-    static bool above_t25(double p, double s) noexcept {
-        if (p < psat_13) return along_isobar(p, s) > beyond_region2;
-        return s > 7.156 - (p <= p_max_5 ? 0.01885 : 0.01335) * (p - 16.5);
-    }
+    static constexpr const auto& limits = tables::isobar_limits_s;
 
     // Start value for the temperature of region 5, K.
     static double t5_start(double p, double s) noexcept {

@@ -5,6 +5,7 @@
 
 #include "frame/constants.hpp"
 #include "regions/b23.hpp"
+#include "regions/saturation_bounds.hpp"
 #include "regions/saturation_line.hpp"
 
 namespace vaprix::pt {
@@ -26,6 +27,9 @@ inline constexpr double tolerance = 1e-12;
 [[nodiscard]] inline int region_pt(double p, double t) noexcept {
     if (!(t >= T_min - tolerance && t <= T_max && p <= p_max && p >= p_min)) return outside;
     if (t <= T_13) {
+        const PressureBounds& bounds = psat_bounds(t);
+        if (p < bounds.low) return 2;
+        if (p > bounds.high) return 1;
         const double ps = psat(t);
         if (p <= ps - tolerance) return 2;
         if (p >= ps + tolerance) return 1;
