@@ -1,13 +1,16 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
 #
-# Format, static analysis of the library, and generated tables that match their data.
+# Format, static analysis of the library, and generated tables and pages that match what they are made from.
 set -eu
 cd "$(dirname "$0")/.."
+mkdir -p build
 
 find VAPRIX bench examples tests tools -name '*.[ch]' -o -name '*.cpp' -o -name '*.hpp' |
     grep -v '^VAPRIX/regions/tables/' | xargs clang-format --dry-run --Werror
 python3 tools/tables/generate_tables.py --check
+python3 VAPRIX/exports/generate.py reference build/reference
+diff -r build/reference docs/reference
 cmake --preset release-clang -B build/lint -DVAPRIX_BUILD_TESTS=OFF >/dev/null
 cmake --build build/lint --target vaprix_faces >/dev/null
 find VAPRIX -name '*.cpp' | xargs -P "$(nproc)" -n 2 clang-tidy --quiet -p build/lint

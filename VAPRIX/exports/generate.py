@@ -7,6 +7,7 @@ FACE is one of
   header         the public C header, from include/vaprix.h.in
   version-script the linker's list of exported symbols
   names          the exported names, one a line
+  reference      a page per family, in Markdown, into the folder OUTPUT
 
 catalogue.csv has a row an export: its name, its arguments in order, the quantity and unit of its result, its
 family, the C++ expression of the arguments that answers it, and a one-line description. families.csv has what
@@ -118,14 +119,59 @@ def all_names(entries):
     return sorted([e["name"] for e in entries] + DATA)
 
 
-FACES = {"entry-points": entry_points, "header": header, "version-script": version_script, "names": names}
+def signature(entry):
+    """The C call as a reader types it, with the meaning of each argument."""
+    return f"`{entry['name']}({', '.join(entry['arguments'])})`"
+
+
+def page(key, family, members):
+    out = [f"# {family['title']}\n\n"]
+    out += [f"- {label}: {family[column]}.\n" for label, column in
+            (("Range", "range"), ("Failure", "failure"), ("Source", "source")) if family[column]]
+    used = {a: ARGUMENTS[a] for e in members for a in e["arguments"]}
+    out += [f"- `{name}`: {meaning}.\n" for name, meaning in used.items()]
+    out.append("\n| Export | Result | Unit |\n|---|---|---|\n")
+    out += [f"| {signature(e)} | {e['description']} | {e['unit'] or '-'} |\n" for e in members]
+    return "".join(out)
+
+
+def slug(key):
+    words = "".join(c if c.isalnum() else " " for c in key).split()
+    return "-".join(words).lower() + ".md"
+
+
+def reference(entries, families, _version):
+    """The pages by file name."""
+    pages = {}
+    index = [f"# Reference\n\nMade from the catalogue in `VAPRIX/exports/`; "
+             f"{len(entries)} functions and `CODE`.\n\n| Family | Exports |\n|---|---|\n"]
+    for key, family in families.items():
+        members = [e for e in entries if e["family"] == key]
+        if not members:
+            continue
+        pages[slug(key)] = page(key, family, members)
+        names_of = ", ".join(f"`{e['name']}`" for e in members)
+        index.append(f"| [{family['title']}]({slug(key)}) | {names_of} |\n")
+    pages["README.md"] = "".join(index)
+    return pages
+
+
+FACES = {"reference": reference, "entry-points": entry_points, "header": header, "version-script": version_script, "names": names}
 
 
 def main():
     if len(sys.argv) < 3 or sys.argv[1] not in FACES:
         sys.exit(__doc__)
-    face, output, version = sys.argv[1], sys.argv[2], (sys.argv + ["0.0.0"])[3]
-    pathlib.Path(output).write_text(FACES[face](*catalogue(), version), encoding="utf-8")
+    face, output, version = sys.argv[1], pathlib.Path(sys.argv[2]), (sys.argv + ["0.0.0"])[3]
+    made = FACES[face](*catalogue(), version)
+    if isinstance(made, str):
+        output.write_text(made, encoding="utf-8")
+        return
+    output.mkdir(parents=True, exist_ok=True)
+    for file in output.glob("*.md"):
+        file.unlink()
+    for name, text in made.items():
+        (output / name).write_text(text, encoding="utf-8")
 
 
 if __name__ == "__main__":
