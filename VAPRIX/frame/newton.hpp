@@ -34,6 +34,27 @@ NewtonRoot newton(TangentOf tangent, double y, double x, double tolerance) noexc
     return {x, false};
 }
 
+// Root of y(x) = y by Newton's method that asks for the slope once: later slopes follow from the
+// values, m1 = 2 (y1 - y0)/(x1 - x0) - m0, exact where y bends evenly.
+//
+// Given:    tangent  y and its slope at x;  value  y alone;  x  start value;  tolerance  relative
+//           step that ends the iteration: choose the root of what is wanted.
+// Returned: as newton() above.
+template <class TangentOf, class ValueOf>
+NewtonRoot newton_secant(TangentOf tangent, ValueOf value, double y, double x,
+                         double tolerance) noexcept {
+    constexpr int rounds = 8;
+    Tangent at = tangent(x);
+    for (int round = 0; round < rounds; ++round) {
+        const double step = (y - at.y) / at.y_x;
+        x += step;
+        if (std::fabs(step) < tolerance * x) return {x, true};
+        const double y_new = value(x);
+        at = {y_new, 2 * (y_new - at.y) / step - at.y_x};
+    }
+    return {x, false};
+}
+
 // Two values and their slopes at one point (x, y).
 struct TangentPair {
     double a, a_x, a_y;

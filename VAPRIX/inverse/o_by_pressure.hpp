@@ -24,19 +24,23 @@ template <class Y>
     constexpr double step = 3e-8;
     constexpr double step_5 = 3e-7;
     constexpr double width = 1e-12;  // relative
-    const auto solve = [=](auto tangent, double target, double start, double tolerance,
+    const auto solve = [=](auto tangent, auto value, double target, double start, double tolerance,
                            pt::Property::Function y_of) noexcept {
         const NewtonRoot root =
-            newton([=](double t) noexcept { return tangent(p, t); }, target, start, tolerance);
+            newton_secant([=](double t) noexcept { return tangent(p, t); },
+                          [=](double t) noexcept { return value(p, t); }, target, start, tolerance);
         if (root.converged) return root.x;
         const double t = temperature_in<Y>(region, p, y);
         return pegasus([=](double x) noexcept { return y_of(p, x) - y; }, 1.01 * t, 0.99 * t,
                        width);
     };
-    if (region == 1) return solve(Y::tangent1, y, Y::t1(p, y), step, Y::y.region1);
+    if (region == 1) {
+        return solve(Y::tangent1, Y::y.region1, y, Y::t1(p, y), step, Y::y.region1);
+    }
     const double target = Y::along_isobar(p, y);
-    return region == 2 ? solve(Y::tangent2, target, Y::t2(p, y), step, Y::y.region2)
-                       : solve(Y::tangent5, target, Y::t5_start(p, y), step_5, Y::y.region5);
+    return region == 2
+               ? solve(Y::tangent2, Y::value2, target, Y::t2(p, y), step, Y::y.region2)
+               : solve(Y::tangent5, Y::value5, target, Y::t5_start(p, y), step_5, Y::y.region5);
 }
 
 struct DenseState {

@@ -41,7 +41,7 @@ struct Enthalpy {
     static constexpr double dense_region5 = 4084.04905441735;    // beyond: region 5 at once
     static constexpr double dense_outside = 7380.0;
 
-    // What the vapour tangents below are tangents of, at constant p.
+    // What the vapour tangents and values below are of, at constant p.
     static double along_isobar(double /* p */, double h) noexcept { return h; }
 
     static constexpr const auto& limits = tables::isobar_limits_h;
@@ -71,6 +71,8 @@ struct Enthalpy {
     static constexpr auto tangent1 = region1::h_tangent;
     static constexpr auto tangent2 = region2::h_tangent;
     static constexpr auto tangent5 = region5::h_tangent;
+    static constexpr auto value2 = region2::h;
+    static constexpr auto value5 = region5::h;
     static constexpr auto tangents3 = region3::ph_tangents;
 };
 
@@ -113,6 +115,8 @@ struct Entropy {
     static constexpr auto tangent1 = region1::s_tangent;
     static constexpr auto tangent2 = region2::s_tangent;
     static constexpr auto tangent5 = region5::s_tangent;
+    static constexpr auto value2 = region2::s_along_isobar;
+    static constexpr auto value5 = region5::s_along_isobar;
     static constexpr auto tangents3 = region3::ps_tangents;
 };
 

@@ -24,6 +24,7 @@ double v(double p, double t) noexcept { return Properties::v(p, t); }
 double h(double p, double t) noexcept { return Properties::h(p, t); }
 double u(double p, double t) noexcept { return Properties::u(p, t); }
 double s(double p, double t) noexcept { return Properties::s(p, t); }
+double s_along_isobar(double p, double t) noexcept { return Properties::s_along_isobar(p, t); }
 double g(double p, double t) noexcept { return Properties::g(p, t); }
 double cp(double p, double t) noexcept { return Properties::cp(p, t); }
 double cv(double p, double t) noexcept { return Properties::cv(p, t); }

@@ -22,6 +22,9 @@ namespace vaprix::region5 {
 [[nodiscard]] double v_p(double p, double t) noexcept;  // (dv/dp)_T, m3/(kg MPa)
 [[nodiscard]] double v_t(double p, double t) noexcept;  // (dv/dT)_p, m3/(kg K)
 
+// s + R ln p, which spares an iteration along the isobar the logarithm.
+[[nodiscard]] double s_along_isobar(double p, double t) noexcept;
+
 // h and s + R ln p with their slopes in T along the isobar, cp and cp/T, from shared sums.
 [[nodiscard]] Tangent h_tangent(double p, double t) noexcept;
 [[nodiscard]] Tangent s_tangent(double p, double t) noexcept;

@@ -94,9 +94,13 @@ public:
 
     // s = R (tau (gamma0_tau + gammar_tau) - (gamma0 + gammar))
     static double s(double p, double t) noexcept {
+        return s_along_isobar(p, t) - R * guarded_log(p);
+    }
+
+    // s + R ln p
+    static double s_along_isobar(double p, double t) noexcept {
         const double tau = Equation::T_star / t;
-        return ideal<entropy0>(tau, t) + evaluate<entropy>(p, tau - Equation::shift) -
-               R * guarded_log(p);
+        return ideal<entropy0>(tau, t) + evaluate<entropy>(p, tau - Equation::shift);
     }
 
     // g = R T (gamma0 + gammar)
@@ -120,7 +124,7 @@ public:
                 -R * (ideal<tautau0>(tau, t) + tau * tau * tt)};
     }
 
-    // of s + R ln p, which spares an iteration along the isobar the logarithm
+    // of s + R ln p
     static Tangent s_tangent(double p, double t) noexcept {
         const double tau = Equation::T_star / t;
         const auto [s, tt] = evaluate<entropy, gamma_tautau>(p, tau - Equation::shift);
