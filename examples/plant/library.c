@@ -1,25 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "library.h"
 
-#include <dlfcn.h>
-#include <stdio.h>
-#include <string.h>
-
-typedef void AnyFunction(void);
-
-// dlsym returns an object pointer; ISO C has no cast from it to a function, a copy of its bytes is
-// what POSIX vouches for. Each caller casts back to the type the name has.
-static AnyFunction* bind_name(void* handle, const char* path, const char* name, bool* complete) {
-    void* object = dlsym(handle, name);
-    AnyFunction* function = NULL;
-    if (object == NULL) {
-        fprintf(stderr, "plant: %s has no function %s\n", path, name);
-        *complete = false;
-        return NULL;
-    }
-    memcpy(&function, &object, sizeof function);
-    return function;
-}
+#include "binding.h"
 
 bool open_library(const char* path, Library* library) {
     static const char* const properties[quantity_count][family_count] = {
@@ -39,32 +21,29 @@ bool open_library(const char* path, Library* library) {
     static const char* const x_ps[family_count] = {"XBPS", "XOPS"};
     static const char* const t_ph[family_count] = {"TBPH", "TOPH"};
 
-    void* handle = dlopen(path, RTLD_NOW | RTLD_LOCAL);
-    if (handle == NULL) {
-        fprintf(stderr, "plant: cannot open the library: %s\n", dlerror());
+    Binding binding;
+    if (!open_binding("plant", path, &binding)) {
         return false;
     }
-    bool complete = true;
-    library->region_pt = (OfPair*)bind_name(handle, path, "REGIONPT", &complete);
-    library->error_code = (ErrorCode*)bind_name(handle, path, "ECODETUL", &complete);
-    library->region_ps = (OfPair*)bind_name(handle, path, "REGIONPS", &complete);
+    library->region_pt = (OfPair*)bind_name(&binding, "REGIONPT");
+    library->error_code = (ErrorCode*)bind_name(&binding, "ECODETUL");
+    library->region_ps = (OfPair*)bind_name(&binding, "REGIONPS");
     for (int q = 0; q < wet_quantity_count; ++q) {
         for (int phase = 0; phase < phase_count; ++phase) {
-            library->saturated[q][phase] =
-                (OfPair*)bind_name(handle, path, saturated[q][phase], &complete);
+            library->saturated[q][phase] = (OfPair*)bind_name(&binding, saturated[q][phase]);
         }
     }
     for (int f = 0; f < family_count; ++f) {
-        library->h_ps[f] = (OfPair*)bind_name(handle, path, h_ps[f], &complete);
-        library->t_ps[f] = (OfPair*)bind_name(handle, path, t_ps[f], &complete);
-        library->x_ps[f] = (OfPair*)bind_name(handle, path, x_ps[f], &complete);
-        library->t_ph[f] = (OfPair*)bind_name(handle, path, t_ph[f], &complete);
-        library->t_sat[f] = (OfP*)bind_name(handle, path, t_sat[f], &complete);
+        library->h_ps[f] = (OfPair*)bind_name(&binding, h_ps[f]);
+        library->t_ps[f] = (OfPair*)bind_name(&binding, t_ps[f]);
+        library->x_ps[f] = (OfPair*)bind_name(&binding, x_ps[f]);
+        library->t_ph[f] = (OfPair*)bind_name(&binding, t_ph[f]);
+        library->t_sat[f] = (OfP*)bind_name(&binding, t_sat[f]);
         for (int q = 0; q < quantity_count; ++q) {
-            library->property[q][f] = (OfPair*)bind_name(handle, path, properties[q][f], &complete);
+            library->property[q][f] = (OfPair*)bind_name(&binding, properties[q][f]);
         }
     }
-    return complete;
+    return binding.complete;
 }
 
 double answer(double value, bool may_be_zero) {

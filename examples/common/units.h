@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Units a plant log may be written in.
-#ifndef PLANT_UNITS_H
-#define PLANT_UNITS_H
+#ifndef EXAMPLES_UNITS_H
+#define EXAMPLES_UNITS_H
 
 #include <stdbool.h>
 

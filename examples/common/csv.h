@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Lines and fields of a comma-separated text file, read without trusting it.
-#ifndef PLANT_CSV_H
-#define PLANT_CSV_H
+#ifndef EXAMPLES_CSV_H
+#define EXAMPLES_CSV_H
 
 #include <stddef.h>
 #include <stdio.h>
