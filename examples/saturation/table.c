@@ -5,6 +5,7 @@
 
 #include <math.h>
 #include <stdio.h>
+#include <stdlib.h>
 
 static const double zero_celsius = 273.15;  // K
 
@@ -69,6 +70,9 @@ static void print_cell(const Wishes* wishes, const Column* column, double value,
         return;
     }
     snprintf(text, sizeof text, column->format, value);
+    if (strtod(text, NULL) == 0.0) {  // no -0.0000 at the triple point, where h' and s' vanish
+        snprintf(text, sizeof text, column->format, 0.0);
+    }
     printf("%*s", column->width, text);
 }
 

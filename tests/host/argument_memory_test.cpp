@@ -62,7 +62,7 @@ TEST(ArgumentMemory, OneArgument) {
     GuardedArgument<double> argument(PROT_READ);
     for (const double value : values()) {
         for (const auto& row : saturation_line) row.call(argument.hold(value));
-        FB23(argument.hold(value));
+        for (const auto& row : unchecked) row.call(argument.hold(value));
     }
 }
 
@@ -84,6 +84,9 @@ TEST(ArgumentMemory, TwoArguments) {
             for (const auto& row : o_family) row.call(x, y);
             for (const auto& row : density_of_tp) row.call(x, y);
             for (const auto& row : inverse_o) row.call(x, y);
+            for (const auto& row : wet_steam) row.call(x, y);
+            for (const auto& row : of_td) row.call(x, y);
+            for (const auto& row : region_of_tv) row.call(x, y);
             leave(of_line);
         }
     }

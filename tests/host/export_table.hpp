@@ -128,24 +128,115 @@ inline constexpr InverseGivenRow inverse_given[] = {
     {ROW(TPS), Pair::ps},
 };
 
-// One argument on the saturation line, from `lowest` to `highest`; code 0: the sentinel alone.
+// One argument on the saturation line, from `lowest` to `highest`; code 0: the sentinel alone. The
+// codeless range starts lower than the line on purpose; the range that is open at 0 has answers
+// from the line's lower end.
 struct SaturationRow {
     const char* name;
     OfOne call;
     double lowest, highest;
     int code;
+    int on_success = code_untouched;
+    static constexpr int code_untouched = 1;
 };
+inline constexpr double above_zero = std::numeric_limits<double>::denorm_min();
+// The last double within 1e-9 MPa of the critical pressure, where densities are 322 kg/m3.
+inline constexpr double p_top = 22.064, near_p_top = 22.064000000999997;
+inline constexpr double t_low = 273.15, t_top = 647.096, near_t_top = 647.096000001;
+// One phase by its number, both phases of a property, of T or of p.
+#define OF_T(name, code) \
+    { ROW(name), t_low, t_top, code }
+#define OF_P(name) \
+    { ROW(name), 0.0005, p_top, 0 }
+#define OF_P_O(name, highest) \
+    { ROW(name), above_zero, highest, off_line_by_p }
+#define BOTH_T(y, family, code) OF_T(y##1##family##T, code), OF_T(y##2##family##T, code)
+#define BOTH_P(y, highest) \
+    OF_P(y##1BP), OF_P(y##2BP), OF_P_O(y##1OP, highest), OF_P_O(y##2OP, highest)
+#define LETTERS_T(y) OF_T(y##LOT, off_line_by_t), OF_T(y##VOT, off_line_by_t)
+#define B_AND_O_T(y) BOTH_T(y, B, 0), BOTH_T(y, O, off_line_by_t)
+#define COINCIDING_T(y) BOTH_T(y, B, off_line_by_t), BOTH_T(y, O, off_line_by_t)
+// clang-format off
 inline constexpr SaturationRow saturation_line[] = {
-    {ROW(PBT), 273.15, 647.096, 0},
-    {ROW(POT), 273.15, 647.096, off_line_by_t},
-    {ROW(PSATOT), 273.15, 647.096, off_line_by_t},
-    {ROW(TBP), 0.0005, 22.064, 0},
-    {ROW(DTBPDP), 0.0005, 22.064, 0},
-    {ROW(H1BP), 0.0005, 22.064, 0},
-    {ROW(H2BP), 0.0005, 22.064, 0},
-    {ROW(TOP), std::numeric_limits<double>::denorm_min(), 22.064, off_line_by_p},
-    {ROW(TSATOP), std::numeric_limits<double>::denorm_min(), 22.064, off_line_by_p},
+    OF_T(PBT, 0), OF_T(POT, off_line_by_t), OF_T(PSATOT, off_line_by_t),
+    OF_P(TBP), OF_P(DTBPDP), OF_P_O(TOP, p_top), OF_P_O(TSATOP, p_top),
+    B_AND_O_T(H), B_AND_O_T(S), B_AND_O_T(V), B_AND_O_T(CP), B_AND_O_T(W),
+    LETTERS_T(H), LETTERS_T(S), LETTERS_T(W), LETTERS_T(CP), LETTERS_T(CV), LETTERS_T(U),
+    COINCIDING_T(U), COINCIDING_T(CV), COINCIDING_T(F), COINCIDING_T(G),
+    BOTH_T(D, O, off_line_by_t),
+    {ROW(DLOT), t_low, near_t_top, 0}, {ROW(DVOT), t_low, near_t_top, 0},
+    {ROW(HVAPOT), t_low, t_top, off_line_by_t, 0}, {ROW(SVAPOT), t_low, t_top, off_line_by_t, 0},
+    BOTH_P(H, p_top), BOTH_P(S, p_top), BOTH_P(V, near_p_top), BOTH_P(CP, p_top), BOTH_P(W, p_top),
+    OF_P_O(D1OP, near_p_top), OF_P_O(D2OP, near_p_top),
+    OF_P_O(DLOP, near_p_top), OF_P_O(DVOP, near_p_top),
 };
+// clang-format on
+#undef OF_T
+#undef OF_P
+#undef OF_P_O
+#undef BOTH_T
+#undef BOTH_P
+#undef LETTERS_T
+#undef B_AND_O_T
+#undef COINCIDING_T
+
+// Formulas of T that check nothing: they have a value wherever the arithmetic has one.
+struct UncheckedRow {
+    const char* name;
+    OfOne call;
+    double lowest, highest;  // where it is meant
+};
+inline constexpr UncheckedRow unchecked[] = {
+    {ROW(FB23), 623.15, 863.15}, {ROW(DLEST), t_low, t_top}, {ROW(DVEST), t_low, t_top}};
+
+// Wet steam of (T, x) or (p, x), from `lowest` to `highest` of the first, 0 to 1 of x. The first
+// argument is tested first; code 0: the sentinel alone.
+struct WetSteamRow {
+    const char* name;
+    OfTwo call;
+    double lowest, highest;
+    int code, code_of_x;
+};
+inline constexpr int bad_quality = -10036;
+#define OF_TX(name) \
+    { ROW(name), t_low, t_top, off_line_by_t, bad_quality }
+#define OF_PX(name, highest) \
+    { ROW(name), above_zero, highest, off_line_by_p, bad_quality }
+// clang-format off
+inline constexpr WetSteamRow wet_steam[] = {
+    {ROW(VBPX), -p_top, p_top, 0, 0}, {ROW(HBPX), -p_top, p_top, 0, 0},
+    {ROW(SBPX), -p_top, p_top, 0, 0},
+    {ROW(VBTX), t_low, t_top, 0, 0}, {ROW(HBTX), t_low, t_top, 0, 0},
+    {ROW(SBTX), t_low, t_top, 0, 0},
+    OF_PX(VOPX, near_p_top), OF_PX(DOPX, near_p_top), OF_PX(HOPX, p_top), OF_PX(SOPX, p_top),
+    OF_TX(POTX), OF_TX(DOTX), OF_TX(VOTX), OF_TX(HOTX), OF_TX(SOTX), OF_TX(UOTX), OF_TX(FOTX),
+    OF_TX(GOTX), OF_TX(ZOTX),
+};
+// clang-format on
+#undef OF_TX
+#undef OF_PX
+
+// (T, density), and the region of (T, v), which answers 0 without a code.
+struct DensityRow {
+    const char* name;
+    OfTwo call;
+    int outside, code_of_wet;  // 0: wet steam is answered
+};
+inline constexpr int negative_density = -10003, unusable_density = -10057;
+inline constexpr DensityRow of_td[] = {
+    {ROW(POTD), unusable_density, 0},
+    {ROW(HOTD), unusable_density, 0},
+    {ROW(SOTD), unusable_density, 0},
+    {ROW(UOTD), unusable_density, 0},
+    {ROW(FOTD), unusable_density, 0},
+    {ROW(GOTD), unusable_density, 0},
+    {ROW(ZOTD), unusable_density, 0},
+    {ROW(CPOTD), unusable_density, -10007},
+    {ROW(CVOTD), unusable_density, -10007},
+    {ROW(WOTD), unusable_density, -10007},
+    {ROW(XOTD), -10058, 0},
+};
+inline constexpr PairRow region_of_tv[] = {{ROW(REGIONTV)}};
 
 #undef ROW
 

@@ -62,6 +62,10 @@ void each_pt_export(const State& s, const Visit& visit) {
     for (const auto& row : o_family) visit(row.name, {*p, *t}, [&] { row.call(p, t); });
     for (const auto& row : region_of_pt) visit(row.name, {*p, *t}, [&] { row.call(p, t); });
     for (const auto& row : density_of_tp) visit(row.name, {*t, *p}, [&] { row.call(t, p); });
+    for (const double d : {1000.0, 300.0, 1.0, 1e-3, *p}) {  // wet steam among them
+        for (const auto& row : of_td) visit(row.name, {*t, d}, [&] { row.call(t, &d); });
+        for (const auto& row : region_of_tv) visit(row.name, {*t, d}, [&] { row.call(t, &d); });
+    }
     for (const auto& row : region_given) {
         int region = 0;
         visit(row.name, {*p, *t}, [&] { row.call(p, t, &region); });
@@ -89,6 +93,9 @@ void each_native_export(const State& s, const Visit& visit) {
     visit_inverse(inverse_b);
     visit_inverse(inverse_o);
     visit_inverse(inverse_region);
+    const double d = 1.0 / v;
+    for (const auto& row : of_td) visit(row.name, {s.t, d}, [&] { row.call(&s.t, &d); });
+    for (const auto& row : region_of_tv) visit(row.name, {s.t, v}, [&] { row.call(&s.t, &v); });
     if (region != 3) return;
     const double start = 1.0 / v, tolerance = 1e-6;
     visit("DITER3", {s.p, s.t, start, tolerance}, [&] { DITER3(&s.p, &s.t, &start, &tolerance); });
@@ -96,9 +103,18 @@ void each_native_export(const State& s, const Visit& visit) {
 
 template <class Visit>
 void each_line_export(const Visit& visit) {
-    for (int i = 0; i <= 1000; ++i) {
-        const double t = 623.15 + 240.0 * i / 1000.0;
-        visit("FB23", {t}, [&] { FB23(&t); });
+    for (const auto& row : unchecked) {
+        for (int i = 0; i <= 1000; ++i) {
+            const double t = row.lowest + (row.highest - row.lowest) * i / 1000.0;
+            visit(row.name, {t}, [&] { row.call(&t); });
+        }
+    }
+    for (const auto& row : wet_steam) {
+        const double low = row.highest == t_top ? row.lowest : 0.00061122;
+        for (int i = 0; i <= 1000; ++i) {
+            const double first = low + (row.highest - low) * i / 1000.0, x = i % 11 / 10.0;
+            visit(row.name, {first, x}, [&] { row.call(&first, &x); });
+        }
     }
     for (const auto& row : saturation_line) {
         for (int i = 0; i <= 1000; ++i) {
