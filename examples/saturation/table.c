@@ -144,16 +144,23 @@ const char* settle(const Library* library, Wishes* wishes) {
     if (!(wishes->from <= wishes->to)) {
         return "the table would end before its first line";
     }
+    if (wishes->step <= 1e-9 * fmax(1.0, fabs(wishes->from))) {
+        return "the step is too small";
+    }
     return (wishes->to - wishes->from) / wishes->step > most_lines ? "more than a million lines"
                                                                    : NULL;
 }
 
-// Figure n of the series 1, 2, 5, 10 ... that starts in the decade of x. A division by a power of ten
-// keeps decimal figures exact: 5 / 100 is 0.05.
-static double series(double x, unsigned long n) {
+// Line n: x itself, then even steps, or the figures 1, 2, 5, 10 ... from the decade of x on. A
+// division by a power of ten keeps decimal figures exact: 5 / 100 is 0.05.
+static double line_of(double x, double step, unsigned long n) {
     static const double figures[] = {1.0, 2.0, 5.0};
-    const int decade = (int)floor(log10(x)) + (int)(n / 3);
-    return decade < 0 ? figures[n % 3] / pow(10.0, -decade) : figures[n % 3] * pow(10.0, decade);
+    if (!isnan(step) || n == 0) {
+        return n == 0 ? x : x + (double)n * step;
+    }
+    const int decade = (int)floor(log10(x)) + (int)((n - 1) / 3);
+    const double figure = figures[(n - 1) % 3];
+    return decade < 0 ? figure / pow(10.0, -decade) : figure * pow(10.0, decade);
 }
 
 unsigned long print_table(const Library* library, const Wishes* wishes) {
@@ -164,8 +171,10 @@ unsigned long print_table(const Library* library, const Wishes* wishes) {
     int next = 0;  // of the fixed points
     print_head(wishes);
     for (unsigned long n = 0;; ++n) {
-        const double line =
-            isnan(wishes->step) ? series(wishes->from, n) : wishes->from + (double)n * wishes->step;
+        const double line = line_of(wishes->from, wishes->step, n);
+        if (n > 0 && line <= wishes->from + near) {
+            continue;  // figures of the first decade
+        }
         double argument = to_library(wishes, line);
         // Fixed points on the way to this line have lines of their own; one at it lends its digits.
         for (; next < 2 && fixed[next].shown <= line + near; ++next) {
@@ -179,8 +188,6 @@ unsigned long print_table(const Library* library, const Wishes* wishes) {
         if (!(line <= wishes->to + near)) {
             return failures;
         }
-        if (line >= wishes->from - near) {
-            failures += !print_line(library, wishes, line, argument);
-        }
+        failures += !print_line(library, wishes, line, argument);
     }
 }
