@@ -26,3 +26,8 @@
 #include "saturation/line.hpp"
 #include "saturation/saturated.hpp"
 #include "saturation/wet_steam.hpp"
+#include "transport/of_pt.hpp"
+#include "transport/of_saturated.hpp"
+#include "transport/of_td.hpp"
+#include "transport/surface_tension.hpp"
+#include "transport/viscosity.hpp"

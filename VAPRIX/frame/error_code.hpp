@@ -16,6 +16,7 @@ enum class ErrorCode : int {
     saturation_pressure_range = -10020,
     quality_range = -10036,
     outside_range = -10055,
+    refractive_range = -10056,
     property_range = -10057,
     not_wet_steam = -10058,
 };

@@ -44,8 +44,10 @@ double evaluate_o(double p, double t) noexcept {
 
 }  // namespace
 
-double d_o(double p, double t) noexcept {
-    switch (region_pt(p, t)) {
+double d_o(double p, double t) noexcept { return d_o_in(region_pt(p, t), p, t); }
+
+double d_o_in(int region, double p, double t) noexcept {
+    switch (region) {
         case 1: return 1 / region1::v(p, t);
         case 2: return 1 / region2::v(p, t);
         case 3: return density3(p, t);

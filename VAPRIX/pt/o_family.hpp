@@ -16,6 +16,9 @@ namespace vaprix::pt {
 // code, should the iteration in region 3 not converge.
 [[nodiscard]] double d_o(double p, double t) noexcept;
 
+// The same where the region of (p, t) has been settled.
+[[nodiscard]] double d_o_in(int region, double p, double t) noexcept;
+
 [[nodiscard]] double v_o(double p, double t) noexcept;   // specific volume, m3/kg
 [[nodiscard]] double h_o(double p, double t) noexcept;   // specific enthalpy, kJ/kg
 [[nodiscard]] double s_o(double p, double t) noexcept;   // specific entropy, kJ/(kg K)
