@@ -23,6 +23,9 @@
 #include "regions/region3_boundaries.hpp"
 #include "regions/region3_volume.hpp"
 #include "regions/region5.hpp"
+#include "transport/dielectric.hpp"
+#include "transport/refractive_index.hpp"
+#include "transport/viscosity.hpp"
 
 namespace {
 
@@ -243,6 +246,57 @@ TEST(CheckValues, Region3VolumeBoundaries) {
         expect_printed(name.c_str(), function(p), table.cell(row, "T"), {p});
         expect_printed(name.c_str(), static_cast<double>(boundary(name, p)), table.cell(row, "T"),
                        {p});
+    }
+}
+
+TEST(CheckValues, ViscosityAndSurfaceTension) {
+    namespace lib = vaprix::transport;
+    check("transport/check_viscosity.csv", "T", "rho",
+          {{"mu", {{"viscosity", [](double t, double d) { return lib::viscosity(t, d) * 1e6; }}}}});
+    check(
+        "transport/check_surface_tension.csv", "t", "",
+        {{"sigma", {{"SIGBT", [](double t, double) { return call1<SIGBT>(t + 273.15) * 1000; }}}}});
+}
+
+// Two printed values need more digits of the density than stand beside them: each must lie between
+// those at the ends of the interval that rounds to the printed density.
+TEST(CheckValues, DielectricConstant) {
+    constexpr double half_a_digit = 0.5e-5, molar_mass = 18.015268;
+    const Table table = read_table("transport/check_dielectric.csv");
+    for (std::size_t row = 0; row < table.rows.size(); ++row) {
+        const double t = table.number(row, "T"), molar = table.number(row, "rho_mol");
+        const std::string printed = table.cell(row, "eps");
+        const auto eps = [&](double by) {
+            const double d = (molar + by) * molar_mass;
+            return std::stod(
+                rounded(vaprix::transport::dielectric_constant(t, d), printed_digits(printed)));
+        };
+        EXPECT_LE(eps(-half_a_digit), std::stod(printed)) << digits({t, molar});
+        EXPECT_GE(eps(half_a_digit), std::stod(printed)) << digits({t, molar});
+    }
+}
+
+// The release prints no densities: near that of (p, t) there must be one that gives the values of
+// all wavelengths, sixteen rows apart, to every digit.
+TEST(CheckValues, RefractiveIndex) {
+    constexpr double uncertainty = 1e-3, step = 2e-7;
+    constexpr std::size_t states = 16;
+    const Table table = read_table("transport/check_refractive_index.csv");
+    for (std::size_t state = 0; state < states; ++state) {
+        const double t = table.number(state, "t") + 273.15, p = table.number(state, "p");
+        bool found = false;
+        for (double by = -uncertainty; by < uncertainty && !found; by += step) {
+            const double d = call<DBPT>(p, t) * (1 + by);
+            found = true;
+            for (std::size_t row = state; row < table.rows.size() && found; row += states) {
+                const std::string printed = table.cell(row, "n");
+                const int n = printed_digits(printed);
+                const double l = table.number(row, "lambda");
+                found = rounded(vaprix::transport::refractive_index(t, d, l), n) ==
+                        rounded(std::stod(printed), n);
+            }
+        }
+        EXPECT_TRUE(found) << digits({p, t});
     }
 }
 

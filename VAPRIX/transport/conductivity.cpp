@@ -32,11 +32,11 @@ double compressed(double tr, double r) noexcept {
 }
 
 // d3 S rr^Q exp(Q/(1 + Q) (1 - rr^(1 + Q))): the region around the critical point
-double critical(double tr, double r) noexcept {
-    const double distance = std::fabs(tr - 1) + C4;
+double critical(double t, double r) noexcept {
+    const double distance = std::fabs(t - T_star) / T_star + C4;
     const double reciprocal = 1 / std::pow(distance, 0.6);
     const double Q = 2 + C5 * reciprocal;
-    const double S = tr >= 1 ? 1 / distance : C6 * reciprocal;
+    const double S = t >= T_star ? 1 / distance : C6 * reciprocal;
     const double power = std::pow(r, Q);
     return d3 * S * power * clamped_exp(Q / (1 + Q) * (1 - power * r));
 }
@@ -55,7 +55,7 @@ double conductivity(double t, double d) noexcept {
     const double r = d / rho_star;
     const double root = signed_sqrt(tr);
     return dilute(tr, root) + dense(r) +
-           (compressed(tr, r) + critical(tr, r) + liquid(tr, root, r));
+           (compressed(tr, r) + critical(t, r) + liquid(tr, root, r));
 }
 
 }  // namespace vaprix::transport

@@ -7,7 +7,8 @@
 namespace vaprix::transport {
 
 // n = sqrt((1 + 2 L)/(1 - L)), L = (n^2 - 1)/(n^2 + 2)
-//   = rr (a0 + a1 rr + a2 Tr + a3 lr^2 Tr + a4/lr^2 + a5/(lr^2 - UV^2) + a6/(lr^2 - IR^2) + a7 rr^2)
+//   = rr (a0 + a1 rr + a2 Tr + a3 lr^2 Tr + a4/lr^2 + a5/(lr^2 - UV^2) + a6/(lr^2 - IR^2)
+//     + a7 rr^2)
 double refractive_index(double t, double d, double wavelength) noexcept {
     using namespace tables::refractive_index;
     constexpr double UV2 = lambda_UV * lambda_UV;

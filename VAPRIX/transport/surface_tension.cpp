@@ -12,7 +12,7 @@ namespace vaprix::transport {
 double surface_tension(double t) noexcept {
     using namespace tables::surface_tension;
     if (!(t >= T_min && t <= Tc)) return failed;
-    const double tau = 1 - t / Tc;
+    const double tau = (Tc - t) / Tc;
     return B * std::pow(tau, mu) * (1 + b * tau) * 0.001;
 }
 
