@@ -42,8 +42,10 @@ int region_up_to_t23(double t, double v) noexcept {
             return pt::saturation_line;
         }
     }
-    constexpr double rounding = 1e-12;  // relative, of the region-3 pressure at 100 MPa
-    return region3::p(1 / v, t) <= p_max * (1 + rounding) ? 3 : pt::outside;
+    // Beyond 950 kg/m3 the equation falls below 100 MPa again.
+    constexpr double smallest = 0.00131;  // m3/kg, a little less than at 100 MPa and 623.15 K
+    constexpr double rounding = 1e-12;    // relative, of the region-3 pressure at 100 MPa
+    return v > smallest && region3::p(1 / v, t) <= p_max * (1 + rounding) ? 3 : pt::outside;
 }
 
 // Relative steps in p after which the error, of second order in them, is one of rounding.
