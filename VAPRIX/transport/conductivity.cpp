@@ -54,8 +54,7 @@ double conductivity(double t, double d) noexcept {
     const double tr = t / T_star;
     const double r = d / rho_star;
     const double root = signed_sqrt(tr);
-    return dilute(tr, root) + dense(r) +
-           (compressed(tr, r) + critical(t, r) + liquid(tr, root, r));
+    return dilute(tr, root) + dense(r) + (compressed(tr, r) + critical(t, r) + liquid(tr, root, r));
 }
 
 }  // namespace vaprix::transport

@@ -17,11 +17,11 @@ namespace {
 constexpr double A_factor = 0.01592062421480592;
 constexpr double B_factor = 0.0002058842842420929;
 
-constexpr auto sum = polynomial(tables::dielectric);
+constexpr auto sum = polynomial(tables::dielectric::terms);
 
 // Harris-Alder g factor: 1 + sum N rr^i (Tc/T)^j + N12 rr (T/228 - 1)^-1.2
 double g_factor(double t, double y, double r) noexcept {
-    const double last = tables::dielectric_last * r * std::pow(t / 228 - 1, -1.2);
+    const double last = tables::dielectric::last * r * std::pow(t / 228 - 1, -1.2);
     return 1 + evaluate<sum>(r, std::sqrt(std::sqrt(y))) + last;
 }
 

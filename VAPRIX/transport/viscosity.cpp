@@ -13,11 +13,11 @@ constexpr double mu_star = 1e-6;  // Pa s
 constexpr double T_star_reciprocal = 1 / T_crit;
 
 // mu0 = 100 sqrt(Tr) / sum H_i y^i with y = 1/Tr
-constexpr auto dilute = polynomial(tables::viscosity_dilute);
+constexpr auto dilute = polynomial(tables::viscosity::dilute);
 constexpr auto dilute_y = d_y(dilute);
 
 // mu1 = exp(rr sum H_ij (1/Tr - 1)^i (rr - 1)^j)
-constexpr auto dense = polynomial(tables::viscosity_dense);
+constexpr auto dense = polynomial(tables::viscosity::dense);
 constexpr auto dense_x = d_x(dense);
 constexpr auto dense_y = d_y(dense);
 

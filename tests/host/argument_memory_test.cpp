@@ -87,7 +87,35 @@ TEST(ArgumentMemory, TwoArguments) {
             for (const auto& row : wet_steam) row.call(x, y);
             for (const auto& row : of_td) row.call(x, y);
             for (const auto& row : region_of_tv) row.call(x, y);
+            for (const auto& row : physical_o) row.call(x, y);
+            for (const auto& row : physical_td) row.call(x, y);
+            for (const auto& row : refractive_saturated) row.call(x, y);
             leave(of_line);
+        }
+    }
+}
+
+TEST(ArgumentMemory, Wavelength) {
+    GuardedArgument<double> first(PROT_READ), second(PROT_READ), third(PROT_READ);
+    const double* l = third.hold(0.5);
+    for (const double a : values()) {
+        const double* x = first.hold(a);
+        for (const double b : values()) {
+            const double* y = second.hold(b);
+            for (const auto& row : refractive_pt) row.call(x, y, l);
+            for (const auto& row : refractive_td) row.call(x, y, l);
+        }
+    }
+}
+
+TEST(ArgumentMemory, WrittenResult) {
+    GuardedArgument<double> p(PROT_READ), v(PROT_READ), t(PROT_READ), out(PROT_READ | PROT_WRITE);
+    GuardedArgument<int> region(PROT_READ | PROT_WRITE);
+    for (const double a : values()) {
+        for (const double b : values()) {
+            DVISCDT(v.hold(a), t.hold(b), out.hold(0.0));
+            DVISCDV(v.hold(a), t.hold(b), out.hold(0.0));
+            VISCVT(p.hold(a), v.hold(a), t.hold(b), region.hold(0), out.hold(0.0));
         }
     }
 }

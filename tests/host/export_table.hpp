@@ -13,10 +13,12 @@ namespace host {
 inline constexpr double failed = -99999.0;
 inline constexpr double infinity = std::numeric_limits<double>::infinity();
 inline constexpr int outside = -10055, off_line_by_t = -10019, off_line_by_p = -10020;
+inline constexpr int no_density = -10003, own_range = -10057;
 
 using OfOne = double (*)(const double*);
 using OfTwo = double (*)(const double*, const double*);
 using OfRegion = double (*)(const double*, const double*, int*);
+using OfThree = double (*)(const double*, const double*, const double*);
 using Constant = double (*)();
 
 #define ROW(name) #name, name
@@ -40,9 +42,22 @@ struct BFamilyRow {
     double on_saturation_line;
 };
 inline constexpr BFamilyRow b_family[] = {
-    {ROW(VBPT), 0.0},    {ROW(DBPT), infinity}, {ROW(HBPT), 0.0}, {ROW(SBPT), 0.0},
-    {ROW(CPBPT), 0.0},   {ROW(CVBPT), failed},  {ROW(WBPT), 0.0}, {ROW(UBPT), failed},
-    {ROW(FBPT), failed}, {ROW(GBPT), failed},
+    {ROW(VBPT), 0.0},
+    {ROW(DBPT), infinity},
+    {ROW(HBPT), 0.0},
+    {ROW(SBPT), 0.0},
+    {ROW(CPBPT), 0.0},
+    {ROW(CVBPT), failed},
+    {ROW(WBPT), 0.0},
+    {ROW(UBPT), failed},
+    {ROW(FBPT), failed},
+    {ROW(GBPT), failed},
+    {ROW(ETABPT), 0.0},
+    {ROW(VNUBPT), 0.0},
+    {ROW(VKIBPT), 0.0},
+    {ROW(TCOBPT), infinity},
+    {ROW(PRBPT), std::numeric_limits<double>::quiet_NaN()},
+    {ROW(EPSBPT), failed},
 };
 
 // (p, T) with range check, sentinel and code on failure; DOTP takes (T, p).
@@ -56,6 +71,49 @@ inline constexpr PairRow o_family[] = {
 };
 inline constexpr PairRow density_of_tp[] = {{ROW(DOTP)}};
 inline constexpr PairRow region_of_pt[] = {{ROW(REGIONPT)}};
+
+// Physical properties of (p, T) in the O-family: what they answer outside and on the saturation
+// line; code 0: the sentinel alone.
+struct PhysicalRow {
+    const char* name;
+    OfTwo call;
+    double failure;
+    int code;
+};
+inline constexpr PhysicalRow physical_o[] = {
+    {ROW(ETAOPT), failed, 0},
+    {ROW(VNUOPT), failed, 0},
+    {ROW(TCOOPT), -99999e3, no_density},
+    {ROW(PROPT), failed, no_density},
+    {ROW(AOPT), failed, no_density},
+    {ROW(EPSOPT), failed, no_density},
+};
+// Of (T, density): a negative density or another state outside; failure and code are for wet steam.
+inline constexpr PhysicalRow physical_td[] = {
+    {ROW(ETAOTD), -99999e6, own_range},
+    {ROW(VISOTD), failed, own_range},
+    {ROW(VNUOTD), -99999e6, own_range},
+    {ROW(VKIOTD), failed, own_range},
+    {ROW(TCOOTD), failed, 0},
+    {ROW(TCONOTD), failed, 0},
+    {ROW(PROTD), failed, 0},
+    {ROW(AOTD), failed, own_range},
+    {ROW(EPSOTD), failed, own_range},
+};
+// With the wavelength: of (p, T), of (T, density) and of the saturated phases.
+struct RefractiveRow {
+    const char* name;
+    OfThree call;
+    int code;
+};
+inline constexpr RefractiveRow refractive_pt[] = {{ROW(REFBPT), 0}, {ROW(REFOPT), no_density}};
+inline constexpr RefractiveRow refractive_td[] = {{ROW(REFOTD), own_range}};
+inline constexpr PairRow refractive_saturated[] = {
+    {ROW(REF1BT)},
+    {ROW(REF1OT)},
+    {ROW(REF2BT)},
+    {ROW(REF2OT)},
+};
 
 struct RegionGivenRow {
     const char* name;
@@ -136,6 +194,7 @@ struct SaturationRow {
     OfOne call;
     double lowest, highest;
     int code;
+    int code_of_nan = code;
     int on_success = code_untouched;
     static constexpr int code_untouched = 1;
 };
@@ -155,6 +214,10 @@ inline constexpr double t_low = 273.15, t_top = 647.096, near_t_top = 647.096000
     OF_P(y##1BP), OF_P(y##2BP), OF_P_O(y##1OP, highest), OF_P_O(y##2OP, highest)
 #define LETTERS_T(y) OF_T(y##LOT, off_line_by_t), OF_T(y##VOT, off_line_by_t)
 #define B_AND_O_T(y) BOTH_T(y, B, 0), BOTH_T(y, O, off_line_by_t)
+#define PHYSICAL_ONE(name) \
+    { ROW(name), t_low, t_top, off_line_by_t, own_range }
+#define PHYSICAL(y) \
+    PHYSICAL_ONE(y##1BT), PHYSICAL_ONE(y##2BT), PHYSICAL_ONE(y##1OT), PHYSICAL_ONE(y##2OT)
 #define COINCIDING_T(y) BOTH_T(y, B, off_line_by_t), BOTH_T(y, O, off_line_by_t)
 // clang-format off
 inline constexpr SaturationRow saturation_line[] = {
@@ -165,10 +228,22 @@ inline constexpr SaturationRow saturation_line[] = {
     COINCIDING_T(U), COINCIDING_T(CV), COINCIDING_T(F), COINCIDING_T(G),
     BOTH_T(D, O, off_line_by_t),
     {ROW(DLOT), t_low, near_t_top, 0}, {ROW(DVOT), t_low, near_t_top, 0},
-    {ROW(HVAPOT), t_low, t_top, off_line_by_t, 0}, {ROW(SVAPOT), t_low, t_top, off_line_by_t, 0},
+    {ROW(HVAPOT), t_low, t_top, off_line_by_t, off_line_by_t, 0},
+    {ROW(SVAPOT), t_low, t_top, off_line_by_t, off_line_by_t, 0},
     BOTH_P(H, p_top), BOTH_P(S, p_top), BOTH_P(V, near_p_top), BOTH_P(CP, p_top), BOTH_P(W, p_top),
     OF_P_O(D1OP, near_p_top), OF_P_O(D2OP, near_p_top),
     OF_P_O(DLOP, near_p_top), OF_P_O(DVOP, near_p_top),
+    PHYSICAL(ETA), PHYSICAL(VNU), PHYSICAL(TCO), PHYSICAL(PR), PHYSICAL(EPS),
+    {ROW(A1OT), t_low, t_top, off_line_by_t, own_range},
+    {ROW(A2OT), t_low, t_top, off_line_by_t, own_range},
+    {ROW(VISLOT), t_low, near_t_top, no_density},
+    {ROW(VISVOT), t_low, near_t_top, no_density},
+    {ROW(VKILOT), t_low, near_t_top, no_density},
+    {ROW(VKIVOT), t_low, near_t_top, no_density},
+    {ROW(TCONLOT), t_low, near_t_top, 0},
+    {ROW(TCONVOT), t_low, near_t_top, 0},
+    {ROW(SIGBT), t_low, t_top, 0},
+    {ROW(SIGOT), t_low, t_top, 0},
 };
 // clang-format on
 #undef OF_T
@@ -179,6 +254,8 @@ inline constexpr SaturationRow saturation_line[] = {
 #undef LETTERS_T
 #undef B_AND_O_T
 #undef COINCIDING_T
+#undef PHYSICAL
+#undef PHYSICAL_ONE
 
 // Formulas of T that check nothing: they have a value wherever the arithmetic has one.
 struct UncheckedRow {

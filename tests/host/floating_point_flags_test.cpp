@@ -61,6 +61,9 @@ void each_pt_export(const State& s, const Visit& visit) {
     for (const auto& row : b_family) visit(row.name, {*p, *t}, [&] { row.call(p, t); });
     for (const auto& row : o_family) visit(row.name, {*p, *t}, [&] { row.call(p, t); });
     for (const auto& row : region_of_pt) visit(row.name, {*p, *t}, [&] { row.call(p, t); });
+    for (const auto& row : physical_o) visit(row.name, {*p, *t}, [&] { row.call(p, t); });
+    const double l = 0.5;
+    for (const auto& row : refractive_pt) visit(row.name, {*p, *t}, [&] { row.call(p, t, &l); });
     for (const auto& row : density_of_tp) visit(row.name, {*t, *p}, [&] { row.call(t, p); });
     for (const double d : {1000.0, 300.0, 1.0, 1e-3, *p}) {  // wet steam among them
         for (const auto& row : of_td) visit(row.name, {*t, d}, [&] { row.call(t, &d); });
@@ -84,6 +87,15 @@ void each_native_export(const State& s, const Visit& visit) {
         const auto& [x, y] = arguments[static_cast<int>(row.pair)];
         visit(row.name, {*x, *y}, [&, x = x, y = y] { row.call(x, y); });
     }
+    const double d = 1.0 / v, l = 0.5;
+    for (const auto& row : physical_td) visit(row.name, {s.t, d}, [&] { row.call(&s.t, &d); });
+    for (const auto& row : refractive_td)
+        visit(row.name, {s.t, d}, [&] { row.call(&s.t, &d, &l); });
+    int given = 0;
+    double out = 0;
+    visit("VISCVT", {s.p, v, s.t}, [&] { VISCVT(&s.p, &v, &s.t, &given, &out); });
+    visit("DVISCDT", {v, s.t}, [&] { DVISCDT(&v, &s.t, &out); });
+    visit("DVISCDV", {v, s.t}, [&] { DVISCDV(&v, &s.t, &out); });
     const auto visit_inverse = [&](const auto& rows) {
         for (const auto& row : rows) {
             const double* y = row.pair == Pair::ph ? &h : &entropy;
@@ -114,6 +126,11 @@ void each_line_export(const Visit& visit) {
         for (int i = 0; i <= 1000; ++i) {
             const double first = low + (row.highest - low) * i / 1000.0, x = i % 11 / 10.0;
             visit(row.name, {first, x}, [&] { row.call(&first, &x); });
+        }
+    }
+    for (const auto& row : refractive_saturated) {
+        for (const double t : {273.15, 500.0, 647.096}) {
+            for (const double l : {0.0, 0.5}) visit(row.name, {t, l}, [&] { row.call(&t, &l); });
         }
     }
     for (const auto& row : saturation_line) {

@@ -7,14 +7,13 @@
 
 #include "frame/polynomial.hpp"
 
-namespace vaprix::tables {
+namespace vaprix::tables::conductivity {
 
 // IAPWS, Revised Release on the IAPS Formulation 1985 for the Thermal Conductivity of Ordinary Water Substance (1998), in its form for industrial use
 // lambda = lambda0 + lambda1 + lambda2 in W/(m K), Tr = T/T_star, rr = rho/rho_star
 // lambda0 = sqrt(Tr)*(a0 + a1*Tr + a2*Tr^2 + a3*Tr^3);  lambda1 = b0 + b1*rr + b2*exp(B1*(rr + B2)^2)
 // lambda2 = (d1/Tr^10 + d2)*rr^(9/5)*exp(C1*(1 - rr^(14/5))) + d3*S*rr^Q*exp(Q/(1 + Q)*(1 - rr^(1 + Q))) + d4*exp(C2*Tr^(3/2) + C3/rr^5)
 // dT = |Tr - 1| + C4, Q = 2 + C5/dT^(3/5), S = 1/dT for Tr >= 1 and C6/dT^(3/5) for Tr < 1
-namespace conductivity {
 inline constexpr double T_star = 647.26;
 inline constexpr double rho_star = 317.7;
 inline constexpr double a0 = 0.0102811;
@@ -36,6 +35,5 @@ inline constexpr double C3 = -6.17937;
 inline constexpr double C4 = 0.00308976;
 inline constexpr double C5 = 0.0822994;
 inline constexpr double C6 = 10.0932;
-}  // namespace conductivity
 
-}  // namespace vaprix::tables
+}  // namespace vaprix::tables::conductivity

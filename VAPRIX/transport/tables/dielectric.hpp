@@ -7,7 +7,7 @@
 
 #include "frame/polynomial.hpp"
 
-namespace vaprix::tables {
+namespace vaprix::tables::dielectric {
 
 // IAPWS R8-97, Release on the Static Dielectric Constant of Ordinary Water Substance, Table 2
 // g factor, Eq. (7):  g = 1 + sum_{k=1..11} N_k*(rho/rhoc)^i_k*(Tc/T)^j_k + N_12*(rho/rhoc)*(T/(228 K) - 1)^(-1.2)
@@ -15,7 +15,7 @@ namespace vaprix::tables {
 // Tc = 647.096 K, rhoc = 322/Mw mol/m3; rho is the MOLAR density in mol/m3; other constants in dielectric_constants.csv
 // eps = (1 + A + 5B + sqrt(9 + 2A + 18B + A^2 + 10AB + 9B^2)) / (4 - 4B), Eq. (5), with A = NA*mu^2*rho*g/(eps0*k*T) (Eq. 3), B = NA*alpha*rho/(3*eps0) (Eq. 4)
 // Here J counts quarters: powers of (Tc/T)^(1/4).
-inline constexpr Term dielectric[] = {
+inline constexpr Term terms[] = {
     // 1-10
     {1, 1, 0.978224486826},
     {1, 4, -0.957771379375},
@@ -30,7 +30,7 @@ inline constexpr Term dielectric[] = {
     // 11-11
     {10, 40, -0.123179218720e-9},
 };
-static_assert(std::size(dielectric) == 11);
-inline constexpr double dielectric_last = 0.196096504426e-2;  // N12
+static_assert(std::size(terms) == 11);
+inline constexpr double last = 0.196096504426e-2;  // N12
 
-}  // namespace vaprix::tables
+}  // namespace vaprix::tables::dielectric

@@ -7,12 +7,11 @@
 
 #include "frame/polynomial.hpp"
 
-namespace vaprix::tables {
+namespace vaprix::tables::refractive_index {
 
 // IAPWS R9-97, Release on the Refractive Index of Ordinary Water Substance as a Function of Wavelength, Temperature and Pressure, Table 1 and section 1
 // Eq. (1):  (n^2-1)/(n^2+2)/rr = a0 + a1*rr + a2*Tr + a3*lr^2*Tr + a4/lr^2 + a5/(lr^2 - lambda_UV^2) + a6/(lr^2 - lambda_IR^2) + a7*rr^2
 // Tr = T/T_star, rr = rho/rho_star, lr = lambda/lambda_star; lambda_UV, lambda_IR, a0..a7 dimensionless
-namespace refractive_index {
 inline constexpr double a0 = 0.244257733;
 inline constexpr double a1 = 9.74634476e-3;
 inline constexpr double a2 = -3.73234996e-3;
@@ -26,6 +25,5 @@ inline constexpr double lambda_IR = 5.432937;
 inline constexpr double T_star = 273.15;
 inline constexpr double rho_star = 1000.0;
 inline constexpr double lambda_star = 0.589;
-}  // namespace refractive_index
 
-}  // namespace vaprix::tables
+}  // namespace vaprix::tables::refractive_index

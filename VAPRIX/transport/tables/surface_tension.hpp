@@ -7,15 +7,13 @@
 
 #include "frame/polynomial.hpp"
 
-namespace vaprix::tables {
+namespace vaprix::tables::surface_tension {
 
 // IAPWS R1-76(2014), Revised Release on Surface Tension of Ordinary Water Substance
 // sigma = B * tau^mu * (1 + b*tau), tau = 1 - T/Tc; triple point to Tc, usable down to -25 degC
-namespace surface_tension {
 inline constexpr double Tc = 647.096;
 inline constexpr double B = 235.8;
 inline constexpr double b = -0.625;
 inline constexpr double mu = 1.256;
-}  // namespace surface_tension
 
-}  // namespace vaprix::tables
+}  // namespace vaprix::tables::surface_tension

@@ -7,24 +7,24 @@
 
 #include "frame/polynomial.hpp"
 
-namespace vaprix::tables {
+namespace vaprix::tables::viscosity {
 
 // IAPWS R12-08, Release on the IAPWS Formulation 2008 for the Viscosity of Ordinary Water Substance, Table 1
 // dilute-gas factor, Eq. (11):  mu0 = 100*sqrt(Tr) / sum_{i=0..3} H_i/Tr^i
 // Tr = T/(647.096 K); mu* = 1.00e-6 Pa s
-inline constexpr Term viscosity_dilute[] = {
+inline constexpr Term dilute[] = {
     {0, 0, 1.67752},
     {0, 1, 2.20462},
     {0, 2, 0.6366564},
     {0, 3, -0.241605},
 };
-static_assert(std::size(viscosity_dilute) == 4);
+static_assert(std::size(dilute) == 4);
 
 // IAPWS R12-08, Release on the IAPWS Formulation 2008 for the Viscosity of Ordinary Water Substance, Table 2
 // finite-density factor, Eq. (12):  mu1 = exp( rr * sum_{i=0..5} (1/Tr - 1)^i * sum_{j=0..6} H_ij*(rr - 1)^j )
 // Tr = T/(647.096 K), rr = rho/(322.0 kg/m3); H_ij not listed are zero
 // viscosity, Eq. (10):  mu = 1.00e-6 Pa s * mu0(Tr) * mu1(Tr,rr) * mu2 ; industrial use: mu2 = 1 (no critical enhancement)
-inline constexpr Term viscosity_dense[] = {
+inline constexpr Term dense[] = {
     // 1-10
     {0, 0, 5.20094e-1},
     {1, 0, 8.50895e-2},
@@ -50,6 +50,6 @@ inline constexpr Term viscosity_dense[] = {
     // 21-21
     {5, 6, -5.93264e-4},
 };
-static_assert(std::size(viscosity_dense) == 21);
+static_assert(std::size(dense) == 21);
 
-}  // namespace vaprix::tables
+}  // namespace vaprix::tables::viscosity
