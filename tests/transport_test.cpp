@@ -163,19 +163,18 @@ TEST(TransportExports, SaturatedStates) {
 #undef ROW
     };
     for (const auto& row : rows) {
-        for (const double t : {273.2, 300.0, 623.15, 640.0}) {
-            expect_pairs({{row.name, row.value(t), row.td(t, row.density(t))}}, t, 0);
-            EXPECT_EQ(row.value(t), row.other(t)) << row.name;
+        for (const double ts : {273.2, 300.0, 623.15, 640.0}) {
+            expect_pairs({{row.name, row.value(ts), row.td(ts, row.density(ts))}}, ts, 0);
+            EXPECT_EQ(row.value(ts), row.other(ts)) << row.name;
         }
     }
-    for (const double t : {300.0, 640.0}) {
-        const double l = 0.5893, liquid = call1<DLOT>(t), vapour = call1<DVOT>(t);
-        expect_pairs({{"REF1BT", call<REF1BT>(t, l), call3<REFOTD>(t, liquid, l)},
-                      {"REF1OT", call<REF1OT>(t, l), call3<REFOTD>(t, liquid, l)},
-                      {"REF2BT", call<REF2BT>(t, l), call3<REFOTD>(t, vapour, l)},
-                      {"REF2OT", call<REF2OT>(t, l), call3<REFOTD>(t, vapour, l)}},
-                     t, l);
-    }
+    const double t = 300, l = 0.5893;
+    const double n1 = call3<REFOTD>(t, call1<DLOT>(t), l), n2 = call3<REFOTD>(t, call1<DVOT>(t), l);
+    expect_pairs({{"REF1BT", call<REF1BT>(t, l), n1},
+                  {"REF1OT", call<REF1OT>(t, l), n1},
+                  {"REF2BT", call<REF2BT>(t, l), n2},
+                  {"REF2OT", call<REF2OT>(t, l), n2}},
+                 t, l);
     EXPECT_EQ(call1<ETA1BT>(647.096), call1<ETA2BT>(647.096));
     EXPECT_EQ(call1<TCO1BT>(647.096), call1<TCO2BT>(647.096));
     EXPECT_EQ(call1<VISLOT>(647.0960000005), lib::viscosity(647.0960000005, 322));
@@ -185,7 +184,7 @@ TEST(TransportExports, SaturatedStates) {
 TEST(TransportExports, LimitsAndOddities) {
     constexpr double failed = -99999.0, micro_failed = -99999e6, milli_failed = -99999e3;
     constexpr double answer = 1;  // stands for any positive number
-    constexpr int density = -10003, by_t = -10019, outside = -10055, light = -10056, own = -10057;
+    constexpr int by_t = -10019, outside = -10055, light = -10056, own = -10057;
     const struct {
         double value;
         int code;
@@ -199,9 +198,6 @@ TEST(TransportExports, LimitsAndOddities) {
         CASE(0, 0, call<VNUOPT>(0.1, 1273.15)),
         CASE(failed, 0, call<ETAOPT>(0.1, up(1273.15))),
         CASE(failed, 0, call<ETABPT>(0.1, up(1273.15))),
-        CASE(failed, density, call<ETAOTD>(300, -1)),
-        CASE(failed, own, call<VNUOTD>(300, 5000)),
-        CASE(micro_failed, own, call<ETAOTD>(300, 500)),
         CASE(micro_failed, own, call<VNUOTD>(1100, 0.2)),
         CASE(failed, own, call<VISOTD>(1100, 0.2)),
         CASE(answer, 0, call<TCOOPT>(0.1, 1073.1500000001)),
@@ -210,24 +206,18 @@ TEST(TransportExports, LimitsAndOddities) {
         CASE(HUGE_VAL, 0, call<TCOBPT>(0.1, 1073.2)),
         CASE(NAN, 0, call<PRBPT>(0.1, 1073.2)),
         CASE(milli_failed, own, call<TCOOTD>(1073.2, 0.2)),
-        CASE(failed, own, call<TCOOTD>(300, 5000)),
-        CASE(failed, 0, call<TCOOTD>(300, 500)),
-        CASE(failed, own, call<AOTD>(300, 500)),
         CASE(answer, 0, call<EPSBPT>(0.1, 1200)),
         CASE(failed, 0, call<EPSBPT>(0.1, up(1200))),
         CASE(answer, 0, call<EPSOPT>(0.1, 1073.15)),
         CASE(failed, outside, call<EPSOPT>(0.1, 1200)),
         CASE(failed, own, call<EPSOPT>(0.1, up(1200))),
-        CASE(failed, own, call<EPSOTD>(300, 500)),
         CASE(answer, 0, call3<REFBPT>(0.1, 773.15, 0.2)),
         CASE(failed, 0, call3<REFBPT>(0.1, up(773.15), 0.5)),
         CASE(failed, 0, call3<REFBPT>(0.1, 300, NAN)),
         CASE(answer, 0, call3<REFOPT>(0.1, 773.15, 1.1)),
         CASE(failed, own, call3<REFOPT>(0.1, 300, down(0.2))),
-        CASE(failed, density, call3<REFOPT>(200, 300, 0.5)),
         CASE(failed, light, call3<REFOTD>(300, 998, up(1.1))),
         CASE(failed, light, call3<REFOTD>(300, 0, 0.5)),
-        CASE(failed, own, call3<REFOTD>(300, 500, 0.5)),
         CASE(failed, by_t, call<REF1BT>(200, 0.5)),
         CASE(failed, own, call<REF2OT>(300, 1.2)),
 #undef CASE

@@ -95,27 +95,20 @@ TEST(ArgumentMemory, TwoArguments) {
     }
 }
 
-TEST(ArgumentMemory, Wavelength) {
+TEST(ArgumentMemory, WavelengthAndWrittenResult) {
     GuardedArgument<double> first(PROT_READ), second(PROT_READ), third(PROT_READ);
-    const double* l = third.hold(0.5);
+    GuardedArgument<double> out(PROT_READ | PROT_WRITE);
+    GuardedArgument<int> region(PROT_READ | PROT_WRITE);
+    const double* z = third.hold(0.5);
     for (const double a : values()) {
         const double* x = first.hold(a);
         for (const double b : values()) {
             const double* y = second.hold(b);
-            for (const auto& row : refractive_pt) row.call(x, y, l);
-            for (const auto& row : refractive_td) row.call(x, y, l);
-        }
-    }
-}
-
-TEST(ArgumentMemory, WrittenResult) {
-    GuardedArgument<double> p(PROT_READ), v(PROT_READ), t(PROT_READ), out(PROT_READ | PROT_WRITE);
-    GuardedArgument<int> region(PROT_READ | PROT_WRITE);
-    for (const double a : values()) {
-        for (const double b : values()) {
-            DVISCDT(v.hold(a), t.hold(b), out.hold(0.0));
-            DVISCDV(v.hold(a), t.hold(b), out.hold(0.0));
-            VISCVT(p.hold(a), v.hold(a), t.hold(b), region.hold(0), out.hold(0.0));
+            for (const auto& row : refractive_pt) row.call(x, y, z);
+            for (const auto& row : refractive_td) row.call(x, y, z);
+            DVISCDT(x, y, out.hold(0.0));
+            DVISCDV(x, y, out.hold(0.0));
+            VISCVT(x, z, y, region.hold(0), out.hold(0.0));
         }
     }
 }
