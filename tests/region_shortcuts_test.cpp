@@ -44,8 +44,8 @@ void bounds_change_no_region(double y_low, double y_high) {
         const double ts = tsat(p);
         const IsobarLimits& at = Y::limits[isobar_band(p)];
         for (const LimitBounds bounds : {at.cold, at.liquid, at.vapour, at.t25, at.t_max}) {
-            compare(p, reference::down(double{bounds.low}));
-            compare(p, reference::up(double{bounds.high}));
+            compare(p, reference::down(static_cast<double>(bounds.low)));
+            compare(p, reference::up(static_cast<double>(bounds.high)));
         }
         const auto at_limit = [&](double limit) {
             around(limit, [&](double y) { compare(p, y); });

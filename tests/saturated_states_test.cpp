@@ -204,10 +204,10 @@ TEST(SaturatedStates, CriticalPoint) {
     }
     EXPECT_EQ(call1<HVAPOT>(tc), 0);
     EXPECT_EQ(call1<SVAPOT>(tc), 0);
-    // Eq. (30) passes the critical pressure 1.2e-9 K early; the O kind has no temperature there.
-    EXPECT_EQ(call1<H1OT>(tc - 5e-10), sentinel);
-    EXPECT_EQ(ECODETUL(), -10020);
-    EXPECT_NEAR(call1<H1OT>(tc - 2e-9), call1<H1OT>(tc), 0.1);
+    // Eq. (30) passes the critical pressure 1.2e-9 K early, which is no failure.
+    for (const double before : {2e-10, 5e-10, 2e-9}) {
+        EXPECT_NEAR(call1<H1OT>(tc - before), call1<H1OT>(tc), 0.1) << before;
+    }
 }
 
 TEST(WetSteam, LeverRule) {

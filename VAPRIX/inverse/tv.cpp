@@ -29,19 +29,25 @@ int region_up_to_t13(double t, double v) noexcept {
         return reaches(v, region1::v(p_max, t)) ? 1 : pt::outside;
     }
     if (!reaches(v, region2::v(ps, t))) return pt::saturation_line;
-    return stays_below(v, region2::v(p_min, t)) ? 2 : pt::outside;
+    // at 273.15 K the line lies a rounding below p_min
+    return stays_below(v, region2::v(std::min(p_min, ps), t)) ? 2 : pt::outside;
 }
 
 int region_up_to_t23(double t, double v) noexcept {
-    if (reaches(v, region2::v(p_b23(t), t))) {
-        return stays_below(v, region2::v(p_min, t)) ? 2 : pt::outside;
-    }
+    const double v_b23 = region2::v(p_b23(t), t);
+    const bool vapour = reaches(v, v_b23);
+    // Up to 623.1544 K the saturated vapour of region 3 reaches beyond that volume, by up to 0.01 %.
+    constexpr double overlap = 1e-4;
+    constexpr double overlap_end = 623.155;
+    const bool overlapped = t < overlap_end && v < v_b23 * (1 + overlap);
+    if (vapour && !overlapped) return stays_below(v, region2::v(p_min, t)) ? 2 : pt::outside;
     if (t < T_crit) {
         const SaturatedDensities saturated = dsat3(t, psat(t));
         if (!stays_below(v, 1 / saturated.liquid) && !reaches(v, 1 / saturated.vapour)) {
             return pt::saturation_line;
         }
     }
+    if (vapour) return 2;
     // Beyond 950 kg/m3 the equation falls below 100 MPa again.
     constexpr double smallest = 0.00131;  // m3/kg, a little less than at 100 MPa and 623.15 K
     constexpr double rounding = 1e-12;    // relative, of the region-3 pressure at 100 MPa
@@ -88,7 +94,7 @@ int region(double t, double v) noexcept {
     if (!(t >= T_min && t <= T_max && v > 0)) return pt::outside;
     if (t <= T_13) return region_up_to_t13(t, v);
     if (t <= T_23_max) return region_up_to_t23(t, v);
-    if (t <= T_25) {
+    if (t <= T_25 + pt::tolerance) {
         const bool inside =
             reaches(v, region2::v(p_max, t)) && stays_below(v, region2::v(p_min, t));
         return inside ? 2 : pt::outside;

@@ -8,6 +8,7 @@
 //           the saturation temperature of Eq. (31) (B-family) or of Eq. (30) solved (O-family).
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 
 #include "frame/error_code.hpp"
@@ -71,11 +72,12 @@ template <Phase phase, const auto& property>
 }
 
 // By temperature, with code -10019; evaluated at the temperature that the saturation pressure of t
-// gives back, deliberately: the same state as by pressure.
+// gives back, deliberately: the same state as by pressure. In the last 1.2e-9 K Eq. (30) exceeds
+// the critical pressure by a rounding, which is no failure.
 template <Phase phase, const auto& property>
 [[nodiscard]] double of_t_o(double t) noexcept {
     const double p = p_o(t);
-    return p > 0 ? of_p_o<phase, property>(p) : failed;
+    return p > 0 ? of_p_o<phase, property>(std::min(p, p_crit)) : failed;
 }
 
 // Density, kg/m3, by temperature up to 1e-9 K above the critical one, without a code.

@@ -105,7 +105,6 @@ void each_native_export(const State& s, const Visit& visit) {
     visit_inverse(inverse_b);
     visit_inverse(inverse_o);
     visit_inverse(inverse_region);
-    const double d = 1.0 / v;
     for (const auto& row : of_td) visit(row.name, {s.t, d}, [&] { row.call(&s.t, &d); });
     for (const auto& row : region_of_tv) visit(row.name, {s.t, v}, [&] { row.call(&s.t, &v); });
     if (region != 3) return;
@@ -139,7 +138,9 @@ void each_line_export(const Visit& visit) {
             visit(row.name, {x}, [&] { row.call(&x); });
         }
         for (const double x : bad_values) {
-            if (!std::isnan(x)) visit(row.name, {x}, [&] { row.call(&x); });
+            // vapour of no pressure at all has a volume beyond the range of doubles
+            if (std::isnan(x) || x == above_zero) continue;
+            visit(row.name, {x}, [&] { row.call(&x); });
         }
     }
 }
