@@ -10,6 +10,7 @@
 #include "inverse/td.hpp"
 #include "inverse/tv.hpp"
 #include "pt/b_family.hpp"
+#include "pt/derived.hpp"
 #include "pt/o_family.hpp"
 #include "pt/region_given.hpp"
 #include "regions/b23.hpp"

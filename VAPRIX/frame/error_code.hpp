@@ -10,11 +10,14 @@ namespace vaprix {
 // What the codes mean is one table, in docs/error-codes.md.
 enum class ErrorCode : int {
     success = 0,
+    fugacity_below_t_min = -10001,
+    fugacity_not_positive = -10002,
     negative_density = -10003,
     wet_steam_undefined = -10007,
     saturation_temperature_range = -10019,
     saturation_pressure_range = -10020,
     quality_range = -10036,
+    fugacity_above_t_max = -10050,
     outside_range = -10055,
     refractive_range = -10056,
     property_range = -10057,

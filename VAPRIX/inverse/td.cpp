@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "inverse/td.hpp"
 
+#include "pt/derived.hpp"
+
 namespace vaprix::td {
 
 double p(double t, double d) noexcept {
@@ -13,9 +15,16 @@ double z(double t, double d) noexcept {
     return pressure > 0 ? 1000 * pressure / (d * R * t) : failed;
 }
 
+double fugacity(double t, double d) noexcept {
+    if (t < T_min) return fail(ErrorCode::fugacity_below_t_min);
+    if (!(d > 0)) return fail(ErrorCode::fugacity_not_positive);
+    if (t > T_max) return fail(ErrorCode::fugacity_above_t_max);
+    return single_phase<pt::fugacity, ErrorCode::property_range>(t, d);
+}
+
 double x(double t, double d) noexcept {
     if (d < 0) return fail(ErrorCode::negative_density);
-    if (tv::region(t, 1 / d) != pt::saturation_line) return fail(ErrorCode::not_wet_steam);
+    if (region_of(t, d) != pt::saturation_line) return fail(ErrorCode::not_wet_steam);
     return pt::SaturatedState(psat(t), t).quality<pt::v>(1 / d);
 }
 

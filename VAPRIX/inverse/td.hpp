@@ -18,19 +18,26 @@
 
 namespace vaprix::td {
 
+// Region of the state. A density below that of any state is not divided by: the reciprocal of 0
+// would raise a flag.
+[[nodiscard]] inline int region_of(double t, double d) noexcept {
+    constexpr double thinnest = 1e-4;  // kg/m3
+    return d > thinnest ? tv::region(t, 1 / d) : pt::outside;
+}
+
 // Region of the state; pt::outside with the code stored.
 [[nodiscard]] inline int region_checked(double t, double d) noexcept {
     if (d < 0) {
         store(ErrorCode::negative_density);
         return pt::outside;
     }
-    const int region = tv::region(t, 1 / d);
+    const int region = region_of(t, d);
     if (region == pt::outside) store(ErrorCode::property_range);
     return region;
 }
 
 // The property of a single phase.
-template <const pt::Property& property>
+template <const auto& property>
 [[nodiscard]] double evaluate_in(int region, double t, double d) noexcept {
     switch (region) {
         case 1: return property.region1(tv::pressure_in(1, t, 1 / d), t);
@@ -51,7 +58,7 @@ template <const pt::Property& property>
 }
 
 // A property that wet steam does not have; wet is the code that it stores then.
-template <const pt::Property& property, ErrorCode wet>
+template <const auto& property, ErrorCode wet>
 [[nodiscard]] double single_phase(double t, double d) noexcept {
     const int region = region_checked(t, d);
     if (region == pt::outside) return failed;
@@ -60,6 +67,10 @@ template <const pt::Property& property, ErrorCode wet>
 
 [[nodiscard]] double p(double t, double d) noexcept;  // pressure, MPa; of wet steam ps(T)
 [[nodiscard]] double z(double t, double d) noexcept;  // compressibility factor p/(d R T)
+
+// Fugacity, MPa, of a single phase, which alone stores -10001 for a temperature below the range,
+// -10002 for a density not above 0 and -10050 for a temperature above the range.
+[[nodiscard]] double fugacity(double t, double d) noexcept;
 
 // Vapour quality; a single phase stores -10058.
 [[nodiscard]] double x(double t, double d) noexcept;

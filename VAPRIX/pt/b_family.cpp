@@ -3,9 +3,6 @@
 
 #include <limits>
 
-#include "pt/region_given.hpp"
-#include "pt/region_pt.hpp"
-
 namespace vaprix::pt {
 namespace {
 
@@ -15,13 +12,6 @@ template <const Property& property>
 double zero_on_line(double p, double t) noexcept {
     const int region = region_pt(p, t);
     return region == outside ? failed : evaluate_in<property>(region, p, t);
-}
-
-template <const Property& property>
-double failed_on_line(double p, double t) noexcept {
-    const int region = region_pt(p, t);
-    return region == outside || region == saturation_line ? failed
-                                                          : evaluate_in<property>(region, p, t);
 }
 
 }  // namespace
@@ -47,9 +37,9 @@ double h_b(double p, double t) noexcept { return zero_on_line<h>(p, t); }
 double s_b(double p, double t) noexcept { return zero_on_line<s>(p, t); }
 double cp_b(double p, double t) noexcept { return zero_on_line<cp>(p, t); }
 double w_b(double p, double t) noexcept { return zero_on_line<w>(p, t); }
-double cv_b(double p, double t) noexcept { return failed_on_line<cv>(p, t); }
-double u_b(double p, double t) noexcept { return failed_on_line<u>(p, t); }
-double f_b(double p, double t) noexcept { return failed_on_line<f>(p, t); }
-double g_b(double p, double t) noexcept { return failed_on_line<g>(p, t); }
+double cv_b(double p, double t) noexcept { return single_phase_b<cv>(p, t); }
+double u_b(double p, double t) noexcept { return single_phase_b<u>(p, t); }
+double f_b(double p, double t) noexcept { return single_phase_b<f>(p, t); }
+double g_b(double p, double t) noexcept { return single_phase_b<g>(p, t); }
 
 }  // namespace vaprix::pt

@@ -1,43 +1,34 @@
 // SPDX-License-Identifier: MIT
 #include "pt/o_family.hpp"
 
-#include <cmath>
-
-#include "frame/error_code.hpp"
-#include "pt/properties.hpp"
-#include "pt/region_pt.hpp"
+#include "pt/derived.hpp"
 #include "regions/region3_density.hpp"
 #include "regions/saturated_densities.hpp"
 
 namespace vaprix::pt {
-namespace {
 
-bool at_critical_point(double p, double t) noexcept {
-    constexpr double near = 1e-9;  // K and MPa
-    return std::fabs(t - T_crit) < near && std::fabs(p - p_crit) < near;
-}
-
-// Density of a state of region 3.
 double density3(double p, double t) noexcept {
     if (at_critical_point(p, t)) return d_crit;
     const region3::Density density = region3::density_pt(p, t);
     return density.converged ? density.d : 0.0;
 }
 
-template <const Property& property>
+namespace {
+
+template <const auto& property>
 double evaluate_o(double p, double t) noexcept {
     switch (region_pt(p, t)) {
         case 1: return property.region1(p, t);
         case 2: return property.region2(p, t);
         case 3: {
             const double d = density3(p, t);
-            return d > 0 ? property.region3(d, t) : failed;
+            return d > 0 ? property.dense(p, d, t) : failed;
         }
         case 5: return property.region5(p, t);
         case saturation_line:
             store(ErrorCode::success);
             if (t <= T_13) return property.region1(p, t);
-            return property.region3(dsat3(t, p).liquid, t);
+            return property.dense(p, dsat3(t, p).liquid, t);
         default: return fail(ErrorCode::outside_range);
     }
 }
@@ -71,5 +62,12 @@ double w_o(double p, double t) noexcept { return evaluate_o<w>(p, t); }
 double u_o(double p, double t) noexcept { return evaluate_o<u>(p, t); }
 double f_o(double p, double t) noexcept { return evaluate_o<f>(p, t); }
 double g_o(double p, double t) noexcept { return evaluate_o<g>(p, t); }
+
+double fugacity_o(double p, double t) noexcept {
+    if (t < T_min - tolerance) return fail(ErrorCode::fugacity_below_t_min);
+    if (!(p > 0)) return fail(ErrorCode::fugacity_not_positive);
+    store(ErrorCode::success);
+    return evaluate_o<fugacity>(p, t);
+}
 
 }  // namespace vaprix::pt

@@ -16,6 +16,11 @@ struct Property {
     Function region1, region2;  // of (p, T)
     Function region3;           // of (density, T)
     Function region5;           // of (p, T)
+
+    // Of a state of region 3 whose pressure is at hand too, as derived properties want it.
+    [[nodiscard]] constexpr double dense(double /* p */, double d, double t) const noexcept {
+        return region3(d, t);
+    }
 };
 
 inline double reciprocal(double d, double /* t */) noexcept { return 1 / d; }

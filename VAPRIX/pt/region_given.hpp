@@ -11,17 +11,18 @@
 #pragma once
 
 #include "pt/properties.hpp"
+#include "pt/region_pt.hpp"
 #include "regions/region3_volume.hpp"
 
 namespace vaprix::pt {
 
 // The property in a region that has been settled.
-template <const Property& property>
+template <const auto& property>
 [[nodiscard]] inline double evaluate_in(int region, double p, double t) noexcept {
     switch (region) {
         case 1: return property.region1(p, t);
         case 2: return property.region2(p, t);
-        case 3: return property.region3(1 / region3::v_pt(p, t), t);
+        case 3: return property.dense(p, 1 / region3::v_pt(p, t), t);
         case 5: return property.region5(p, t);
         default: return 0.0;
     }
@@ -38,10 +39,19 @@ template <const Property& property>
     }
 }
 
-[[nodiscard]] double v_given(double p, double t, int& region) noexcept;   // m3/kg
-[[nodiscard]] double h_given(double p, double t, int& region) noexcept;   // kJ/kg
-[[nodiscard]] double s_given(double p, double t, int& region) noexcept;   // kJ/(kg K)
-[[nodiscard]] double cp_given(double p, double t, int& region) noexcept;  // kJ/(kg K)
-[[nodiscard]] double cv_given(double p, double t, int& region) noexcept;  // kJ/(kg K)
+// The region itself, determined where it is 0.
+inline int settle(double p, double t, int& region) noexcept {
+    if (region == outside) region = region_pt(p, t);
+    return region;
+}
+
+template <const auto& property>
+[[nodiscard]] double given(double p, double t, int& region) noexcept {
+    return evaluate_in<property>(settle(p, t, region), p, t);
+}
+
+[[nodiscard]] inline double v_given(double p, double t, int& region) noexcept {
+    return volume_in(settle(p, t, region), p, t);
+}
 
 }  // namespace vaprix::pt

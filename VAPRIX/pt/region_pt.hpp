@@ -15,6 +15,10 @@ namespace vaprix::pt {
 inline constexpr int outside = 0;          // outside the range of validity, or not yet determined
 inline constexpr int saturation_line = 9;  // within the tolerance of the saturation line
 
+[[nodiscard]] constexpr bool is_single_phase(int region) noexcept {
+    return region != outside && region != saturation_line;
+}
+
 // Half width of the saturation line and of the limits that are widened, taken as MPa and as K
 // alike.
 inline constexpr double tolerance = 1e-12;

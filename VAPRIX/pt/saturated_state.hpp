@@ -29,14 +29,14 @@ public:
     [[nodiscard]] double p() const noexcept { return p_; }
     [[nodiscard]] double t() const noexcept { return t_; }
 
-    template <const Property& property>
+    template <const auto& property>
     [[nodiscard]] double liquid() const noexcept {
-        return dense ? property.region3(d.liquid, t_) : property.region1(p_, t_);
+        return dense ? property.dense(p_, d.liquid, t_) : property.region1(p_, t_);
     }
 
-    template <const Property& property>
+    template <const auto& property>
     [[nodiscard]] double vapour() const noexcept {
-        return dense ? property.region3(d.vapour, t_) : property.region2(p_, t_);
+        return dense ? property.dense(p_, d.vapour, t_) : property.region2(p_, t_);
     }
 
     // Density, kg/m3.
@@ -49,7 +49,7 @@ public:
 
     // Property of wet steam of quality x, kg of vapour per kg: the lever rule, at 1 the vapour to
     // the last digit.
-    template <const Property& property>
+    template <const auto& property>
     [[nodiscard]] double mixture(double x) const noexcept {
         const double of_vapour = vapour<property>();
         if (x == 1) return of_vapour;
@@ -58,7 +58,7 @@ public:
     }
 
     // Quality at which the mixture has the given value of the property.
-    template <const Property& property>
+    template <const auto& property>
     [[nodiscard]] double quality(double value) const noexcept {
         const double of_liquid = liquid<property>();
         return (value - of_liquid) / (vapour<property>() - of_liquid);

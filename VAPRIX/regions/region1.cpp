@@ -49,6 +49,26 @@ struct Reduced {
     [[nodiscard]] double y() const noexcept { return tau - y_0; }
 };
 
+// v = R T pi gamma_pi / p, (dv/dp)_T = R T gamma_pipi / p*^2,
+// (dv/dT)_p = R (gamma_pi - tau gamma_pitau) / p*, (dh/dp)_T = R T tau gamma_pitau / p*,
+// cp = -R tau^2 gamma_tautau, cv = cp + R (gamma_pi - tau gamma_pitau)^2 / gamma_pipi
+VAPRIX_INLINE Derivatives derivatives(double p, double t) noexcept {
+    constexpr auto v_factor = static_cast<double>(R_per_p_star);
+    constexpr auto v_p_factor = static_cast<double>(R_per_p_star / extended(p_star));
+    constexpr auto h_p_factor = static_cast<double>(R_T_star / extended(p_star));
+    const Reduced r(p, t);
+    const auto [tautau, pi, pitau, pipi] =
+        evaluate<gamma_tautau, gamma_pi, gamma_pitau, gamma_pipi>(r.x(), r.y());
+    const double a = pi - r.tau * pitau;
+    const double c = r.tau * r.tau * tautau;
+    return {.v = v_factor * t * pi,
+            .v_p = v_p_factor * t * pipi,
+            .v_t = v_factor * a,
+            .h_p = h_p_factor * pitau,
+            .cp = -R * c,
+            .cv = R * (a * a / pipi - c)};
+}
+
 }  // namespace
 
 // v = R T pi gamma_pi / p
@@ -86,14 +106,7 @@ double cp(double p, double t) noexcept {
     return -R * (r.tau * r.tau) * evaluate<gamma_tautau>(r.x(), r.y());
 }
 
-// cv = R (-tau^2 gamma_tautau + (gamma_pi - tau gamma_pitau)^2 / gamma_pipi)
-double cv(double p, double t) noexcept {
-    const Reduced r(p, t);
-    const auto [tautau, pi, pitau, pipi] =
-        evaluate<gamma_tautau, gamma_pi, gamma_pitau, gamma_pipi>(r.x(), r.y());
-    const double a = pi - r.tau * pitau;
-    return R * (a * a / pipi - r.tau * r.tau * tautau);
-}
+double cv(double p, double t) noexcept { return derivatives(p, t).cv; }
 
 // w^2 = R T gamma_pi^2 / ((gamma_pi - tau gamma_pitau)^2 / (tau^2 gamma_tautau) - gamma_pipi)
 double w(double p, double t) noexcept {
@@ -104,20 +117,8 @@ double w(double p, double t) noexcept {
     return std::fabs(pi) * signed_sqrt(1000 * R * t / (a * a / (r.tau * r.tau * tautau) - pipi));
 }
 
-// (dv/dp)_T = R T gamma_pipi / p*^2
-double v_p(double p, double t) noexcept {
-    constexpr auto factor = static_cast<double>(R_per_p_star / extended(p_star));
-    const Reduced r(p, t);
-    return factor * t * evaluate<gamma_pipi>(r.x(), r.y());
-}
-
-// (dv/dT)_p = R (gamma_pi - tau gamma_pitau) / p*
-double v_t(double p, double t) noexcept {
-    constexpr auto factor = static_cast<double>(R_per_p_star);
-    const Reduced r(p, t);
-    const auto [pi, pitau] = evaluate<gamma_pi, gamma_pitau>(r.x(), r.y());
-    return factor * (pi - r.tau * pitau);
-}
+double v_p(double p, double t) noexcept { return derivatives(p, t).v_p; }
+double v_t(double p, double t) noexcept { return derivatives(p, t).v_t; }
 
 Tangent h_tangent(double p, double t) noexcept {
     const double tau = T_star / t;
@@ -138,5 +139,11 @@ Tangent s_tangent(double p, double t) noexcept {
     const auto [s, tautau] = evaluate<entropy, gamma_tautau>(r.x(), r.y());
     return {s, -R / T_star * (r.tau * r.tau * r.tau) * tautau};
 }
+
+template <Formula formula>
+double derived(double p, double t) noexcept {
+    return formula(derivatives(p, t), p);
+}
+VAPRIX_INSTANTIATE_DERIVED(double, double);
 
 }  // namespace vaprix::region1

@@ -9,6 +9,7 @@
 #pragma once
 
 #include "frame/newton.hpp"
+#include "regions/derivatives.hpp"
 
 namespace vaprix::region1 {
 
@@ -29,5 +30,9 @@ namespace vaprix::region1 {
 
 // v with its slope in p along the isotherm, from shared powers.
 [[nodiscard]] Tangent v_tangent(double p, double t) noexcept;
+
+// A property by its formula on the derivatives.
+template <Formula formula>
+[[nodiscard]] double derived(double p, double t) noexcept;
 
 }  // namespace vaprix::region1

@@ -10,6 +10,7 @@
 #pragma once
 
 #include "frame/newton.hpp"
+#include "regions/derivatives.hpp"
 
 namespace vaprix::region2 {
 
@@ -33,5 +34,14 @@ namespace vaprix::region2 {
 
 // v with its slope in p along the isotherm, from shared powers.
 [[nodiscard]] Tangent v_tangent(double p, double t) noexcept;
+
+// A property by its formula on the derivatives.
+template <Formula formula>
+[[nodiscard]] double derived(double p, double t) noexcept;
+
+// The two parts of gamma = g/(R T): that of the ideal gas at 1 MPa, gamma0 - ln pi, and the
+// residual one, which is the logarithm of the fugacity coefficient.
+[[nodiscard]] double ideal_part(double t) noexcept;
+[[nodiscard]] double residual_part(double p, double t) noexcept;
 
 }  // namespace vaprix::region2

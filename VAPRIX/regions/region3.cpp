@@ -40,6 +40,24 @@ constexpr auto heat_capacity_v = -R_l * tautau;
 constexpr auto R_n1 = static_cast<double>(R_l * extended(n1));
 constexpr auto R_n1_1000 = static_cast<double>(R_l * extended(n1) / 1000);
 
+// v_t = p_t/(d^2 p_d), v_p = -1/(d^2 p_d), h_p = v - T v_t: of the difference, delta^2
+// phi_deltadelta + delta phi_delta + delta tau phi_deltatau, n1 falls out
+VAPRIX_INLINE Derivatives derivatives(double d, double t) noexcept {
+    constexpr auto v_p_factor = static_cast<double>(1000 / R_l);
+    const auto [tt, thermal_sum, stiffness_sum] =
+        evaluate<tautau, thermal, stiffness>(d * d_crit_reciprocal, T_crit / t);
+    const double a = thermal_sum + n1;
+    const double b = stiffness_sum + n1;
+    const double v = 1 / d;
+    const double v_per_b = v / b;
+    return {.v = v,
+            .v_p = -v_p_factor * v_per_b * v / t,
+            .v_t = v_per_b * a / t,
+            .h_p = 1000 * v_per_b * (stiffness_sum - thermal_sum),
+            .cp = R * (a * a / b - tt),
+            .cv = -R * tt};
+}
+
 }  // namespace
 
 // p = d R T delta phi_delta
@@ -82,10 +100,7 @@ double cv(double d, double t) noexcept {
 
 // cp = cv + R (delta phi_delta - delta tau phi_deltatau)^2 / (2 delta phi_delta + delta^2
 // phi_deltadelta)
-double cp(double d, double t) noexcept {
-    const auto [tt, a, b] = evaluate<tautau, thermal, stiffness>(d * d_crit_reciprocal, T_crit / t);
-    return R * ((a + n1) * (a + n1) / (b + n1) - tt);
-}
+double cp(double d, double t) noexcept { return derivatives(d, t).cp; }
 
 // w^2 = R T (2 delta phi_delta + delta^2 phi_deltadelta
 //            - (delta phi_delta - delta tau phi_deltatau)^2 / (tau^2 phi_tautau))
@@ -143,5 +158,11 @@ double Isotherm::f_difference(double d, double e) const noexcept {
     const auto weight = [](std::size_t k) { return k == 0 ? 0.0 : 1.0 / static_cast<double>(k); };
     return 1000 * (c[0] * std::log1p((d - e) / e) + (sum(d, weight) - sum(e, weight)));
 }
+
+template <Formula formula>
+double derived(double p, double d, double t) noexcept {
+    return formula(derivatives(d, t), p);
+}
+VAPRIX_INSTANTIATE_DERIVED(double, double, double);
 
 }  // namespace vaprix::region3

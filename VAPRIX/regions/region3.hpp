@@ -11,6 +11,7 @@
 #include <cstddef>
 
 #include "frame/newton.hpp"
+#include "regions/derivatives.hpp"
 
 namespace vaprix::region3 {
 
@@ -25,6 +26,10 @@ namespace vaprix::region3 {
 [[nodiscard]] double w(double d, double t) noexcept;    // speed of sound, m/s
 [[nodiscard]] double p_d(double d, double t) noexcept;  // (dp/dd)_T, MPa m3/kg
 [[nodiscard]] double p_t(double d, double t) noexcept;  // (dp/dT)_d, MPa/K
+
+// A property by its formula on the derivatives and on the pressure p, MPa.
+template <Formula formula>
+[[nodiscard]] double derived(double p, double d, double t) noexcept;
 
 // Pressure and enthalpy, or pressure and entropy, with their slopes by density and by temperature,
 // from shared sums.

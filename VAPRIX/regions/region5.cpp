@@ -29,10 +29,18 @@ double g(double p, double t) noexcept { return Properties::g(p, t); }
 double cp(double p, double t) noexcept { return Properties::cp(p, t); }
 double cv(double p, double t) noexcept { return Properties::cv(p, t); }
 double w(double p, double t) noexcept { return Properties::w(p, t); }
-double v_p(double p, double t) noexcept { return Properties::v_p(p, t); }
-double v_t(double p, double t) noexcept { return Properties::v_t(p, t); }
+double v_p(double p, double t) noexcept { return Properties::derivatives(p, t).v_p; }
+double v_t(double p, double t) noexcept { return Properties::derivatives(p, t).v_t; }
 Tangent h_tangent(double p, double t) noexcept { return Properties::h_tangent(p, t); }
 Tangent s_tangent(double p, double t) noexcept { return Properties::s_tangent(p, t); }
 Tangent v_tangent(double p, double t) noexcept { return Properties::v_tangent(p, t); }
+double ideal_part(double t) noexcept { return Properties::ideal_part(t); }
+double residual_part(double p, double t) noexcept { return Properties::residual_part(p, t); }
+
+template <Formula formula>
+double derived(double p, double t) noexcept {
+    return formula(Properties::derivatives(p, t), p);
+}
+VAPRIX_INSTANTIATE_DERIVED(double, double);
 
 }  // namespace vaprix::region5

@@ -11,6 +11,7 @@
 #include "frame/guarded_math.hpp"
 #include "frame/newton.hpp"
 #include "frame/polynomial.hpp"
+#include "regions/derivatives.hpp"
 
 namespace vaprix {
 
@@ -52,18 +53,21 @@ class Vapour {
         return ideal<P>(tau, t, Equation::T_star_reciprocal);
     }
 
-    // What cv and the speed of sound are made of.
+    // What the derivatives and the speed of sound are made of; inlined, so that no sum is evaluated
+    // that is not read.
     struct SecondDerivatives {
         double tautau;  // tau^2 (gamma0_tautau + gammar_tautau)
         double a;       // 1 + pi gammar_pi
         double b;       // 1 + pi gammar_pi - tau pi gammar_pitau
         double c;       // 1 - pi^2 gammar_pipi
+        double pitau;   // gammar_pitau
 
-        SecondDerivatives(double p, double t) noexcept {
+        VAPRIX_INLINE SecondDerivatives(double p, double t) noexcept {
             const double tau = Equation::T_star / t;
-            const auto [tt, pi, pitau, pipi] =
+            const auto [tt, pi, mixed, pipi] =
                 evaluate<gamma_tautau, gamma_pi, gamma_pitau, gamma_pipi>(p, tau - Equation::shift);
             tautau = ideal<tautau0>(tau, t) + tau * tau * tt;
+            pitau = mixed;
             a = 1 + p * pi;
             b = a - tau * p * pitau;
             c = 1 - p * p * pipi;
@@ -141,10 +145,7 @@ public:
     }
 
     // cv = cp - R (1 + pi gammar_pi - tau pi gammar_pitau)^2 / (1 - pi^2 gammar_pipi)
-    static double cv(double p, double t) noexcept {
-        const SecondDerivatives d(p, t);
-        return -R * (d.tautau + d.b * d.b / d.c);
-    }
+    static double cv(double p, double t) noexcept { return derivatives(p, t).cv; }
 
     // w^2 = R T a^2 / (c + b^2 / (tau^2 (gamma0_tautau + gammar_tautau))), a, b, c as above
     static double w(double p, double t) noexcept {
@@ -152,19 +153,28 @@ public:
         return std::fabs(d.a) * signed_sqrt(1000 * R * t / (d.c + d.b * d.b / d.tautau));
     }
 
-    // (dv/dp)_T = R T (gamma0_pipi + gammar_pipi), gamma0_pipi = -1/pi^2
-    static double v_p(double p, double t) noexcept {
-        constexpr auto factor = static_cast<double>(R_l / 1000);
-        const double tau = Equation::T_star / t;
-        return factor * t * (evaluate<gamma_pipi>(p, tau - Equation::shift) - 1 / (p * p));
+    // v = R T a / p, (dv/dp)_T = -R T c / p^2, (dv/dT)_p = R b / p, (dh/dp)_T = R T tau
+    // gammar_pitau, the ideal gas having none, cp and cv as above
+    static VAPRIX_INLINE Derivatives derivatives(double p, double t) noexcept {
+        constexpr auto v_factor = static_cast<double>(R_l / 1000);
+        constexpr auto h_p_factor = static_cast<double>(R_T_star);
+        const SecondDerivatives d(p, t);
+        const double v_t_ideal = v_factor / p;
+        const double v_ideal = v_t_ideal * t;
+        return {.v = v_ideal * d.a,
+                .v_p = -v_ideal / p * d.c,
+                .v_t = v_t_ideal * d.b,
+                .h_p = h_p_factor * d.pitau,
+                .cp = -R * d.tautau,
+                .cv = -R * (d.tautau + d.b * d.b / d.c)};
     }
 
-    // (dv/dT)_p = R (1 + pi gammar_pi - tau pi gammar_pitau) / p
-    static double v_t(double p, double t) noexcept {
-        constexpr auto factor = static_cast<double>(R_l / 1000);
-        const double tau = Equation::T_star / t;
-        const auto [pi, pitau] = evaluate<gamma_pi, gamma_pitau>(p, tau - Equation::shift);
-        return factor * (1 / p + (pi - tau * pitau));
+    // gamma0 - ln pi
+    static double ideal_part(double t) noexcept { return ideal<gamma0>(Equation::T_star / t, t); }
+
+    // gammar
+    static double residual_part(double p, double t) noexcept {
+        return evaluate<gamma>(p, Equation::T_star / t - Equation::shift);
     }
 };
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "saturation/wet_steam.hpp"
 
+#include "pt/derived.hpp"
+
 namespace vaprix::saturation {
 
 double d_px_o(double p, double x) noexcept {
@@ -29,6 +31,12 @@ double d_tx_o(double t, double x) noexcept {
 double z_tx_o(double t, double x) noexcept {
     const double v = of_tx_o<pt::v>(t, x);
     return v > 0 ? 1000 * psat(t) * v / (R * t) : failed;
+}
+
+double fugacity_tx_o(double t, double x) noexcept {
+    const double p = p_o(t);
+    if (!(p > 0)) return failed;
+    return is_quality(x) ? of<liquid, pt::fugacity>({p, t}) : fail(ErrorCode::property_range);
 }
 
 }  // namespace vaprix::saturation

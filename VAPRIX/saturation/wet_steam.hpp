@@ -53,4 +53,7 @@ template <const auto& property>
 [[nodiscard]] double d_tx_o(double t, double x) noexcept;  // density, kg/m3
 [[nodiscard]] double z_tx_o(double t, double x) noexcept;  // compressibility factor
 
+// Fugacity, MPa, which both phases share: that of the liquid. A quality out of range stores -10057.
+[[nodiscard]] double fugacity_tx_o(double t, double x) noexcept;
+
 }  // namespace vaprix::saturation
