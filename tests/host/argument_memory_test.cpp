@@ -86,6 +86,7 @@ TEST(ArgumentMemory, TwoArguments) {
             for (const auto& row : inverse_o) row.call(x, y);
             for (const auto& row : wet_steam) row.call(x, y);
             for (const auto& row : of_td) row.call(x, y);
+            FUGOPT(x, y), FUGOTD(x, y);
             for (const auto& row : region_of_tv) row.call(x, y);
             for (const auto& row : physical_o) row.call(x, y);
             for (const auto& row : physical_td) row.call(x, y);

@@ -123,6 +123,40 @@ TEST(BadInput, FamiliesOfPtOnTheSaturationLine) {
     }
 }
 
+// The fugacity tests temperature, then pressure or density, each with a code of its own, before the
+// range. Of (p, T) it stores 0 on success, also on the saturation line.
+TEST(BadInput, Fugacity) {
+    const double nan = bad_values[0];
+    struct {
+        const char* name;
+        OfTwo call;
+        State s;
+        int code;
+    } const rows[] = {
+        {"FUGOPT", FUGOPT, {3.0, 273.1}, -10001},    {"FUGOPT", FUGOPT, {nan, -infinity}, -10001},
+        {"FUGOPT", FUGOPT, {0.0, 300.0}, -10002},    {"FUGOPT", FUGOPT, {-1.0, 300.0}, -10002},
+        {"FUGOPT", FUGOPT, {nan, 300.0}, -10002},    {"FUGOPT", FUGOPT, {1e-4, 300.0}, outside},
+        {"FUGOPT", FUGOPT, {101.0, 300.0}, outside}, {"FUGOPT", FUGOPT, {3.0, 2274.0}, outside},
+        {"FUGOPT", FUGOPT, {3.0, nan}, outside},     {"FUGOPT", FUGOPT, {51.0, 1500.0}, outside},
+        {"FUGOTD", FUGOTD, {273.1, 1e3}, -10001},    {"FUGOTD", FUGOTD, {-infinity, nan}, -10001},
+        {"FUGOTD", FUGOTD, {300.0, 0.0}, -10002},    {"FUGOTD", FUGOTD, {300.0, -1.0}, -10002},
+        {"FUGOTD", FUGOTD, {2274.0, nan}, -10002},   {"FUGOTD", FUGOTD, {2274.0, 1.0}, -10050},
+        {"FUGOTD", FUGOTD, {infinity, 1.0}, -10050}, {"FUGOTD", FUGOTD, {300.0, 5.0}, own_range},
+        {"FUGOTD", FUGOTD, {nan, 5.0}, own_range},   {"FUGOTD", FUGOTD, {300.0, 2e3}, own_range},
+    };
+    for (const auto& row : rows) {
+        const State& s = row.s;
+        EXPECT_ANSWER(failed, row.code, row.call, &s.p, &s.t);
+    }
+    std::vector<State> answered = saturated_states();
+    answered.insert(answered.end(), std::begin(inside), std::end(inside));
+    for (const State& s : answered) {
+        const Answer got = answer(of_line, FUGOPT, &s.p, &s.t);
+        EXPECT_TRUE(got.value > 0.0 && got.value < s.p) << testing::PrintToString(s);
+        EXPECT_EQ(got.code, 0) << testing::PrintToString(s);
+    }
+}
+
 TEST(BadInput, RegionGivenFunctions) {
     constexpr int meaningless[] = {-1, 4, 6, 7, 8, 9, 2147483647, -2147483647 - 1};
     for (const auto& row : region_given) {
@@ -349,7 +383,8 @@ TEST(BadInput, FunctionsOfTdByPhase) {
 
 // The tables above are complete: a new export is to be given a row.
 TEST(ExportTable, HoldsEveryExport) {
-    std::set<std::string> tested = {"ECODETUL", "CODE", "DITER3", "VISCVT", "DVISCDT", "DVISCDV"};
+    std::set<std::string> tested = {"ECODETUL", "CODE",   "DITER3",  "FUGOPT",
+                                    "FUGOTD",   "VISCVT", "DVISCDT", "DVISCDV"};
     const auto add = [&tested](const auto& rows) {
         for (const auto& row : rows) EXPECT_TRUE(tested.insert(row.name).second) << row.name;
     };

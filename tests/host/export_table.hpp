@@ -72,8 +72,8 @@ inline constexpr PairRow o_family[] = {
 inline constexpr PairRow density_of_tp[] = {{ROW(DOTP)}};
 inline constexpr PairRow region_of_pt[] = {{ROW(REGIONPT)}};
 
-// Physical properties of (p, T) in the O-family: what they answer outside and on the saturation
-// line; code 0: the sentinel alone.
+// Physical and derived properties of (p, T): what they answer outside and on the saturation line;
+// code 0: the sentinel alone. FUGOPT and FUGOTD have codes of their own.
 struct PhysicalRow {
     const char* name;
     OfTwo call;
@@ -87,6 +87,31 @@ inline constexpr PhysicalRow physical_o[] = {
     {ROW(PROPT), failed, no_density},
     {ROW(AOPT), failed, no_density},
     {ROW(EPSOPT), failed, no_density},
+    {ROW(ALPBPT), failed, 0},
+    {ROW(ALVBPT), failed, 0},
+    {ROW(BETBPT), failed, own_range},
+    {ROW(CAPBPT), failed, 0},
+    {ROW(CAPTBPT), failed, 0},
+    {ROW(GAMBPT), failed, 0},
+    {ROW(FUGBPT), failed, 0},
+    {ROW(DDDHBPT), failed, 0},
+    {ROW(DDDPBPT), failed, 0},
+    {ROW(DHDPBPT), failed, 0},
+    {ROW(DVDHBPT), failed, 0},
+    {ROW(DVDPBPT), failed, 0},
+    {ROW(ZOPT), failed, no_density},
+    {ROW(ALPOPT), failed, no_density},
+    {ROW(ALVOPT), failed, no_density},
+    {ROW(BETOPT), failed, no_density},
+    {ROW(CAPOPT), failed, no_density},
+    {ROW(CAPTOPT), failed, no_density},
+    {ROW(GAMOPT), failed, no_density},
+    {ROW(RJTOPT), failed, no_density},
+    {ROW(DDDPOPT), failed, no_density},
+    {ROW(DHDPOPT), failed, no_density},
+    {ROW(DDDHOPT), failed, outside},
+    {ROW(DVDHOPT), failed, outside},
+    {ROW(DVDPOPT), failed, outside},
 };
 // Of (T, density): a negative density or another state outside; failure and code are for wet steam.
 inline constexpr PhysicalRow physical_td[] = {
@@ -120,7 +145,8 @@ struct RegionGivenRow {
     OfRegion call;
 };
 inline constexpr RegionGivenRow region_given[] = {
-    {ROW(HPT)}, {ROW(VPT)}, {ROW(SPT)}, {ROW(CPPT)}, {ROW(CVPT)},
+    {ROW(HPT)},  {ROW(VPT)},    {ROW(SPT)},    {ROW(CPPT)},
+    {ROW(CVPT)}, {ROW(DVDPPT)}, {ROW(DVDTPT)}, {ROW(G0PT)},
 };
 
 // Region-native functions: no check, no code, any argument. The pair is that of the name.
@@ -227,6 +253,9 @@ inline constexpr SaturationRow saturation_line[] = {
     LETTERS_T(H), LETTERS_T(S), LETTERS_T(W), LETTERS_T(CP), LETTERS_T(CV), LETTERS_T(U),
     COINCIDING_T(U), COINCIDING_T(CV), COINCIDING_T(F), COINCIDING_T(G),
     BOTH_T(D, O, off_line_by_t),
+    COINCIDING_T(ALP), COINCIDING_T(ALV), COINCIDING_T(BET), COINCIDING_T(CAP),
+    COINCIDING_T(CAPT), COINCIDING_T(FUG), COINCIDING_T(DDDH), COINCIDING_T(DDDP),
+    COINCIDING_T(DHDP), COINCIDING_T(DVDH), COINCIDING_T(DVDP),
     {ROW(DLOT), t_low, near_t_top, 0}, {ROW(DVOT), t_low, near_t_top, 0},
     {ROW(HVAPOT), t_low, t_top, off_line_by_t, off_line_by_t, 0},
     {ROW(SVAPOT), t_low, t_top, off_line_by_t, off_line_by_t, 0},
@@ -288,6 +317,7 @@ inline constexpr WetSteamRow wet_steam[] = {
     OF_PX(VOPX, near_p_top), OF_PX(DOPX, near_p_top), OF_PX(HOPX, p_top), OF_PX(SOPX, p_top),
     OF_TX(POTX), OF_TX(DOTX), OF_TX(VOTX), OF_TX(HOTX), OF_TX(SOTX), OF_TX(UOTX), OF_TX(FOTX),
     OF_TX(GOTX), OF_TX(ZOTX),
+    {ROW(FUGOTX), t_low, t_top, off_line_by_t, own_range},
 };
 // clang-format on
 #undef OF_TX
@@ -311,6 +341,12 @@ inline constexpr DensityRow of_td[] = {
     {ROW(CPOTD), unusable_density, -10007},
     {ROW(CVOTD), unusable_density, -10007},
     {ROW(WOTD), unusable_density, -10007},
+    {ROW(ALPOTD), unusable_density, own_range},
+    {ROW(ALVOTD), unusable_density, own_range},
+    {ROW(BETOTD), unusable_density, own_range},
+    {ROW(CAPOTD), unusable_density, own_range},
+    {ROW(CAPTOTD), unusable_density, own_range},
+    {ROW(RJTOTD), unusable_density, own_range},
     {ROW(XOTD), -10058, 0},
 };
 inline constexpr PairRow region_of_tv[] = {{ROW(REGIONTV)}};

@@ -62,11 +62,13 @@ void each_pt_export(const State& s, const Visit& visit) {
     for (const auto& row : o_family) visit(row.name, {*p, *t}, [&] { row.call(p, t); });
     for (const auto& row : region_of_pt) visit(row.name, {*p, *t}, [&] { row.call(p, t); });
     for (const auto& row : physical_o) visit(row.name, {*p, *t}, [&] { row.call(p, t); });
+    visit("FUGOPT", {*p, *t}, [&] { FUGOPT(p, t); });
     const double l = 0.5;
     for (const auto& row : refractive_pt) visit(row.name, {*p, *t}, [&] { row.call(p, t, &l); });
     for (const auto& row : density_of_tp) visit(row.name, {*t, *p}, [&] { row.call(t, p); });
     for (const double d : {1000.0, 300.0, 1.0, 1e-3, *p}) {  // wet steam among them
         for (const auto& row : of_td) visit(row.name, {*t, d}, [&] { row.call(t, &d); });
+        visit("FUGOTD", {*t, d}, [&] { FUGOTD(t, &d); });
         for (const auto& row : region_of_tv) visit(row.name, {*t, d}, [&] { row.call(t, &d); });
     }
     for (const auto& row : region_given) {
