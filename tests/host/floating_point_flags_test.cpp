@@ -135,12 +135,13 @@ void each_line_export(const Visit& visit) {
         }
     }
     for (const auto& row : saturation_line) {
+        // vapour of no pressure at all has a volume beyond the range of doubles
+        const double low = row.lowest == above_zero ? 0.00061122 : row.lowest;
         for (int i = 0; i <= 1000; ++i) {
-            const double x = row.lowest + (row.highest - row.lowest) * i / 1000.0;
+            const double x = low + (row.highest - low) * i / 1000.0;
             visit(row.name, {x}, [&] { row.call(&x); });
         }
         for (const double x : bad_values) {
-            // vapour of no pressure at all has a volume beyond the range of doubles
             if (std::isnan(x) || x == above_zero) continue;
             visit(row.name, {x}, [&] { row.call(&x); });
         }
