@@ -34,4 +34,12 @@ void store(ErrorCode code) noexcept;
 // Stores the code and gives the result of a failed evaluation.
 [[nodiscard]] double fail(ErrorCode code) noexcept;
 
+// What functions that both families share store on failure: a code, or nothing in the B-family.
+inline constexpr ErrorCode no_code = ErrorCode::success;
+template <ErrorCode code>
+[[nodiscard]] double fail() noexcept {
+    if constexpr (code == no_code) return failed;
+    return fail(code);
+}
+
 }  // namespace vaprix

@@ -5,6 +5,7 @@
 
 #include "frame/bracketed_newton.hpp"
 #include "frame/constants.hpp"
+#include "inverse/volume_limits.hpp"
 #include "pt/region_pt.hpp"
 #include "regions/b23.hpp"
 #include "regions/region1.hpp"
@@ -17,11 +18,8 @@
 namespace vaprix::tv {
 namespace {
 
-// What 1/(1/v) may miss v by: a volume this close to a limit is on it.
-constexpr double reciprocal_rounding = 4e-16;
-
-bool reaches(double v, double limit) noexcept { return v >= limit * (1 - reciprocal_rounding); }
-bool stays_below(double v, double limit) noexcept { return v <= limit * (1 + reciprocal_rounding); }
+using inverse::reaches;
+using inverse::stays_below;
 
 int region_up_to_t13(double t, double v) noexcept {
     const double ps = psat(t);

@@ -34,12 +34,19 @@ constexpr auto gamma_tautau = d_y(gamma_tau);
 constexpr auto gamma_pitau = d_y(gamma_pi);
 
 constexpr auto volume_over_t = R_per_p_star * gamma_pi;
+constexpr auto volume_pitau = R_per_p_star * gamma_pitau;
 constexpr auto enthalpy = R_T_star * gamma_tau;
 // tau gamma_tau - gamma with tau = y + y_0: one polynomial, all of whose folded terms keep their
 // sign
 constexpr auto entropy =
     extended(R) * (weighted(gamma, [](int, int J) { return J - 1; }) + extended(y_0) * gamma_tau);
 constexpr auto gibbs_over_t = extended(R) * gamma;
+
+// slopes in p
+constexpr auto enthalpy_p = (-1 / extended(p_star)) * d_x(enthalpy);
+constexpr auto enthalpy_pp = (-1 / extended(p_star)) * d_x(enthalpy_p);
+constexpr auto entropy_p = (-1 / extended(p_star)) * d_x(entropy);
+constexpr auto entropy_pp = (-1 / extended(p_star)) * d_x(entropy_p);
 
 // Reduced variables; the shifts are applied where the polynomial is evaluated.
 struct Reduced {
@@ -132,6 +139,37 @@ Tangent v_tangent(double p, double t) noexcept {
     const auto [v_over_t, pipi] =
         evaluate<volume_over_t, gamma_pipi>(x_0 - p * p_star_reciprocal_short, T_star / t - y_0);
     return {t * v_over_t, factor * t * pipi};
+}
+
+Tangent v_tangent_t(double p, double t) noexcept {
+    const double tau = T_star / t;
+    const auto [v_over_t, pitau] =
+        evaluate<volume_over_t, volume_pitau>(x_0 - p * p_star_reciprocal_short, tau - y_0);
+    return {t * v_over_t, v_over_t - tau * pitau};
+}
+
+Tangent h_tangent_p(double p, double t) noexcept {
+    const auto [h, h_p] =
+        evaluate<enthalpy, enthalpy_p>(x_0 - p * p_star_reciprocal_short, T_star / t - y_0);
+    return {h, h_p};
+}
+
+Tangent s_tangent_p(double p, double t) noexcept {
+    const Reduced r(p, t);
+    const auto [s, s_p] = evaluate<entropy, entropy_p>(r.x(), r.y());
+    return {s, s_p};
+}
+
+Tangent h_p_tangent(double p, double t) noexcept {
+    const Reduced r(p, t);
+    const auto [h_p, h_pp] = evaluate<enthalpy_p, enthalpy_pp>(r.x(), r.y());
+    return {h_p, h_pp};
+}
+
+Tangent s_p_tangent(double p, double t) noexcept {
+    const Reduced r(p, t);
+    const auto [s_p, s_pp] = evaluate<entropy_p, entropy_pp>(r.x(), r.y());
+    return {s_p, s_pp};
 }
 
 Tangent s_tangent(double p, double t) noexcept {

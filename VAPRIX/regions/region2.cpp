@@ -36,6 +36,9 @@ double v_t(double p, double t) noexcept { return Properties::derivatives(p, t).v
 Tangent h_tangent(double p, double t) noexcept { return Properties::h_tangent(p, t); }
 Tangent s_tangent(double p, double t) noexcept { return Properties::s_tangent(p, t); }
 Tangent v_tangent(double p, double t) noexcept { return Properties::v_tangent(p, t); }
+Tangent v_tangent_t(double p, double t) noexcept { return Properties::v_tangent_t(p, t); }
+Tangent h_tangent_p(double p, double t) noexcept { return Properties::h_tangent_p(p, t); }
+Tangent s_tangent_p(double p, double t) noexcept { return Properties::s_tangent_p(p, t); }
 double ideal_part(double t) noexcept { return Properties::ideal_part(t); }
 double residual_part(double p, double t) noexcept { return Properties::residual_part(p, t); }
 

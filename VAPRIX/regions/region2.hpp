@@ -35,6 +35,13 @@ namespace vaprix::region2 {
 // v with its slope in p along the isotherm, from shared powers.
 [[nodiscard]] Tangent v_tangent(double p, double t) noexcept;
 
+// v with its slope in T along the isobar.
+[[nodiscard]] Tangent v_tangent_t(double p, double t) noexcept;
+
+// h and s + R ln p with their slopes in p along the isotherm.
+[[nodiscard]] Tangent h_tangent_p(double p, double t) noexcept;
+[[nodiscard]] Tangent s_tangent_p(double p, double t) noexcept;
+
 // A property by its formula on the derivatives.
 template <Formula formula>
 [[nodiscard]] double derived(double p, double t) noexcept;

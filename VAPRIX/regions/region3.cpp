@@ -37,6 +37,10 @@ constexpr auto gibbs_over_t = R_l * weighted(phi, [](int I, int) { return I + 1;
 constexpr auto helmholtz_over_t = R_l * phi;
 constexpr auto heat_capacity_v = -R_l * tautau;
 
+// delta times the derivative by delta of h/T and, plus -R n1, of s
+constexpr auto enthalpy_slope = R_l * weighted(phi, [](int I, int J) { return I * (I + J); });
+constexpr auto entropy_slope = R_l * weighted(phi, [](int I, int J) { return I * (J - 1); });
+
 constexpr auto R_n1 = static_cast<double>(R_l * extended(n1));
 constexpr auto R_n1_1000 = static_cast<double>(R_l * extended(n1) / 1000);
 
@@ -143,6 +147,24 @@ TangentPair ps_tangents(double d, double t) noexcept {
     const double p_t = R / 1000 * d * (a + n1);
     return {d * factor * (i + n1),         factor * (b + n1),     p_t,
             s - R_n1 * guarded_log(delta), -1000 * p_t / (d * d), -R * tt / t};
+}
+
+Tangent p_tangent_t(double d, double t) noexcept {
+    const auto [i, a] = evaluate<delta_phi_delta, thermal>(d * d_crit_reciprocal, T_crit / t);
+    const double factor = R / 1000 * d;
+    return {factor * t * (i + n1), factor * (a + n1)};
+}
+
+Tangent h_tangent_d(double d, double t) noexcept {
+    const auto [h_over_t, slope] =
+        evaluate<enthalpy_over_t, enthalpy_slope>(d * d_crit_reciprocal, T_crit / t);
+    return {t * (h_over_t + R_n1), t * slope / d};
+}
+
+Tangent s_tangent_d(double d, double t) noexcept {
+    const double delta = d * d_crit_reciprocal;
+    const auto [s, slope] = evaluate<entropy, entropy_slope>(delta, T_crit / t);
+    return {s - R_n1 * guarded_log(delta), (slope - R_n1) / d};
 }
 
 Isotherm::Isotherm(double t) noexcept : c(coefficients_in_x<pressure>(T_crit / t)) {

@@ -36,6 +36,11 @@ template <Formula formula>
 [[nodiscard]] TangentPair ph_tangents(double d, double t) noexcept;
 [[nodiscard]] TangentPair ps_tangents(double d, double t) noexcept;
 
+// p with its slope in T along the isochore; h and s with their slopes in density along the isotherm.
+[[nodiscard]] Tangent p_tangent_t(double d, double t) noexcept;
+[[nodiscard]] Tangent h_tangent_d(double d, double t) noexcept;
+[[nodiscard]] Tangent s_tangent_d(double d, double t) noexcept;
+
 // One isotherm: the factors that depend on temperature alone are formed once, which is what an
 // iteration on the density needs.
 class Isotherm {

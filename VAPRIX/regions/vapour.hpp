@@ -39,6 +39,8 @@ class Vapour {
     static constexpr auto entropy = R_l * (weighted(gamma, [](int, int J) { return J - 1; }) +
                                            extended(Equation::shift) * gamma_tau);
     static constexpr auto gibbs_over_t = R_l * gamma;
+    static constexpr auto enthalpy_p = d_x(enthalpy);
+    static constexpr auto entropy_p = d_x(entropy);
 
     // Value of an ideal-gas polynomial; its negative powers of tau are positive ones of T times
     // 1/T*.
@@ -142,6 +144,27 @@ public:
             evaluate<gamma_pi, gamma_pipi>(p, Equation::T_star / t - Equation::shift);
         const double ideal = 1 / p;
         return {factor * t * (ideal + pi), factor * t * (pipi - ideal * ideal)};
+    }
+
+    static Tangent v_tangent_t(double p, double t) noexcept {
+        constexpr auto factor = static_cast<double>(R_l / 1000);
+        const double tau = Equation::T_star / t;
+        const auto [pi, pitau] = evaluate<gamma_pi, gamma_pitau>(p, tau - Equation::shift);
+        const double ideal = 1 / p;
+        return {factor * t * (ideal + pi), factor * (ideal + (pi - tau * pitau))};
+    }
+
+    static Tangent h_tangent_p(double p, double t) noexcept {
+        const double tau = Equation::T_star / t;
+        const auto [h, h_p] = evaluate<enthalpy, enthalpy_p>(p, tau - Equation::shift);
+        return {ideal<enthalpy0>(tau, t, Equation::T_star_reciprocal_h) + h, h_p};
+    }
+
+    // of s + R ln p
+    static Tangent s_tangent_p(double p, double t) noexcept {
+        const double tau = Equation::T_star / t;
+        const auto [s, s_p] = evaluate<entropy, entropy_p>(p, tau - Equation::shift);
+        return {ideal<entropy0>(tau, t) + s, s_p};
     }
 
     // cv = cp - R (1 + pi gammar_pi - tau pi gammar_pitau)^2 / (1 - pi^2 gammar_pipi)

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: MIT
+#include "inverse/pv.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+#include "frame/bracketed_newton.hpp"
+#include "frame/constants.hpp"
+#include "inverse/volume_limits.hpp"
+#include "regions/b23.hpp"
+#include "regions/saturation_line.hpp"
+
+namespace vaprix::pv {
+namespace {
+
+using inverse::reaches;
+using inverse::stays_below;
+
+constexpr State nowhere{pt::outside, 0.0};
+
+// Relative step in T after which the error, of second order in it, is one of rounding.
+constexpr double step = 1e-8;
+
+// Temperature, K, at which a Gibbs equation has the volume v, between two bounds.
+template <class TangentOf>
+double temperature(TangentOf v_tangent_t, double p, double v, double low, double high,
+                   double start) noexcept {
+    return bracketed_newton([=](double t) noexcept { return v_tangent_t(p, t); }, v, low, high,
+                            std::clamp(start, low, high), step)
+        .x;
+}
+
+// Temperature, K, at which the liquid of pressure p is densest.
+double t_densest(double p) noexcept {
+    return 277.1333942 - (0.2007841919 + 0.0005037450669 * p) * p;
+}
+// The volume there is larger than the least one of the equation by less than this, relative.
+constexpr double densest_tolerance = 4e-13;
+
+// Liquid between the temperature of its least volume and another end.
+double temperature1(double p, double v, double t_least, double v_least, double t_end,
+                    double v_end) noexcept {
+    if (!(v > v_least && v_end > v_least)) return t_least;
+    // v rises with the square of the distance, nearly
+    const double start = t_least + (t_end - t_least) * std::sqrt((v - v_least) / (v_end - v_least));
+    return temperature(region1::v_tangent_t, p, v, std::min(t_least, t_end),
+                       std::max(t_least, t_end), start);
+}
+
+// Liquid up to t_hot, where its volume is v_hot.
+State liquid(double p, double v, double t_hot, double v_hot) noexcept {
+    const double densest = t_densest(p);
+    const double t_least = std::clamp(densest, T_min, t_hot);
+    const double v_least = region1::v(p, t_least);
+    const bool turns = t_least == densest;
+    if (!(turns ? v >= v_least * (1 - densest_tolerance) : reaches(v, v_least))) return nowhere;
+    return {1, temperature1(p, v, t_least, v_least, t_hot, v_hot)};
+}
+
+// Temperature, K, of the ideal gas: real vapour below 1073.15 K is hotter.
+double t_ideal(double p, double v) noexcept { return 1000 / R * p * v; }
+
+State vapour5(double p, double v) noexcept {
+    constexpr double lowest = T_25 - 1;  // the equations of regions 2 and 5 leave a gap of 0.2 K
+    if (p > p_max_5 || !stays_below(v, region5::v(p, T_max))) return nowhere;
+    return {5, temperature(region5::v_tangent_t, p, v, lowest, T_max, t_ideal(p, v))};
+}
+
+// Vapour from the temperature t_cold.
+State vapour(double p, double v, double t_cold, double start) noexcept {
+    if (t_ideal(p, v) > T_25) return vapour5(p, v);
+    const double t = temperature(region2::v_tangent_t, p, v, t_cold, T_25, start);
+    if (t < T_25 || stays_below(v, region2::v(p, T_25))) return {2, t};
+    return vapour5(p, v);
+}
+
+// Up to the saturation pressure at 623.15 K.
+State below_psat13(double p, double v) noexcept {
+    const double ideal = t_ideal(p, v);
+    if (ideal > T_13) return vapour(p, v, T_13, ideal);
+    const double ts = tsat_exact(p);
+    const double v1 = region1::v(p, ts);
+    if (stays_below(v, v1)) return liquid(p, v, ts, v1);
+    const double v2 = region2::v(p, ts);
+    if (!reaches(v, v2)) return {pt::saturation_line, ts};
+    return vapour(p, v, ts, ts + t_ideal(p, v - v2));
+}
+
+// Region 3: its isochores are nearly straight. Below the critical pressure the state is kept on its
+// side of the saturation line, which differs from that of the region-3 equation by up to 0.003 % of
+// p.
+State dense(double p, double v) noexcept {
+    constexpr double lowest = 600;  // beyond region 3: K
+    constexpr double highest = 900;
+    constexpr double middle = 680;
+    constexpr double near_critical = 5e-5;  // MPa
+    constexpr double apart = 1e-12;         // distance that is kept from the line, K
+    const auto along_isochore = [=](double start) noexcept {
+        return bracketed_newton([v](double t) noexcept { return region3::p_tangent_t(1 / v, t); },
+                                p, lowest, highest, start, step)
+            .x;
+    };
+    if (p >= p_crit) return {3, along_isochore(middle)};
+    const double ts = tsat_exact(p);
+    const pt::SaturatedState saturated(p, ts);
+    const bool is_liquid = stays_below(v, 1 / saturated.liquid_density());
+    if (!is_liquid && !reaches(v, 1 / saturated.vapour_density())) return {pt::saturation_line, ts};
+    const double t = along_isochore(ts);
+    if (p > p_crit - near_critical) return {3, t};
+    return {3, is_liquid ? std::min(t, ts - apart) : std::max(t, ts + apart)};
+}
+
+}  // namespace
+
+State state(double p, double v) noexcept {
+    if (!(p >= p_min && p <= p_max && v > 0)) return nowhere;
+    if (p <= psat_13) return below_psat13(p, v);
+    const double v1 = region1::v(p, T_13);
+    if (stays_below(v, v1)) return liquid(p, v, T_13, v1);
+    const double t_b = t_b23(p);
+    const double v2 = region2::v(p, t_b);
+    return v < v2 ? dense(p, v) : vapour(p, v, t_b, t_b + t_ideal(p, v - v2));
+}
+
+State cold_state(double p, double v) noexcept {
+    constexpr double warmest = 277.13;  // K, so that there is none below 0.017 MPa
+    if (!(p >= p_min && p <= p_max)) return nowhere;
+    const double densest = t_densest(p);
+    if (!(densest >= T_min && densest <= warmest)) return nowhere;
+    const double v_least = region1::v(p, densest);
+    const double v_end = region1::v(p, T_min);
+    if (!(v >= v_least * (1 - densest_tolerance) && stays_below(v, v_end))) return nowhere;
+    return {1, temperature1(p, v, densest, v_least, T_min, v_end)};
+}
+
+}  // namespace vaprix::pv
