@@ -5,8 +5,9 @@
 // the enthalpy of hot liquid has a minimum, the entropy of cold liquid a maximum. So a pair has up
 // to three states; the one of lowest pressure and the next are offered.
 //
-// Y names the property y; the tangents of y in p, with what the vapour is solved for, and in the
-// density of region 3; where and how the liquid turns.
+// Y names the property y and its rounding, by which a y may miss that of an end and still is on it;
+// the tangents of y in p, in region 3 in density; how the vapour is solved, where and how the liquid
+// turns.
 #pragma once
 
 #include <algorithm>
@@ -16,7 +17,6 @@
 #include "frame/constants.hpp"
 #include "inverse/isotherm_state.hpp"
 #include "regions/b23.hpp"
-#include "regions/region3_density.hpp"
 #include "regions/saturation_line.hpp"
 
 namespace vaprix::inverse {
@@ -26,17 +26,26 @@ namespace vaprix::inverse {
 inline constexpr double step_p = 1e-7;
 inline constexpr double step_d = 1e-8;
 
-inline constexpr IsothermState nowhere{pt::outside, 0.0, 0.0, 0.0};
+inline constexpr IsothermState nowhere{};
+
+[[nodiscard]] inline IsothermState wet(double ps, double y, double y_liquid,
+                                       double y_vapour) noexcept {
+    return {pt::saturation_line, ps, 0, (y - y_liquid) / (y_vapour - y_liquid)};
+}
 
 // Vapour of region 2 or 5 up to the pressure p_highest, at which y is y_highest or more.
 template <class Y>
 [[nodiscard]] IsothermState vapour(int region, double t, double y, double p_highest,
                                    double y_highest) noexcept {
-    if (!(y > y_highest)) return y == y_highest ? IsothermState{region, p_highest, 0, 0} : nowhere;
+    if (y <= y_highest) {
+        return y >= y_highest - Y::rounding ? IsothermState{region, p_highest} : nowhere;
+    }
     const double y_lowest = region == 2 ? Y::y.region2(p_min, t) : Y::y.region5(p_min, t);
-    if (y > y_lowest) return nowhere;
+    if (y >= y_lowest) {
+        return y <= y_lowest + Y::rounding ? IsothermState{region, p_min} : nowhere;
+    }
     const auto tangent = region == 2 ? Y::tangent2 : Y::tangent5;
-    return {region, Y::vapour_pressure(tangent, t, y, y_lowest, p_highest, y_highest), 0, 0};
+    return {region, Y::vapour_pressure(tangent, t, y, y_lowest, p_highest, y_highest)};
 }
 
 // Liquid of region 1 above the saturation pressure ps, where y is y_saturated. The isotherm has two
@@ -45,32 +54,31 @@ template <class Y>
 template <class Y>
 [[nodiscard]] IsothermState liquid(double t, double y, double ps, double y_saturated,
                                    bool second) noexcept {
-    const double p_turn = Y::turning_pressure(t, ps);
+    const double p_turn = Y::may_turn(t) ? Y::turning_pressure(t, ps) : ps;
     const bool turns = p_turn > ps && p_turn < p_max;
     const double y_turn = Y::y.region1(p_turn, t);
 
     // distance from the turn, which grows along both legs
     const auto beyond = [](double from, double to) noexcept { return Y::turn * (to - from); };
     const double distance = beyond(y_turn, y);
-    if (!(distance >= (turns ? -Y::rounding : 0))) return nowhere;
-    if (!(distance > 0)) return second ? nowhere : IsothermState{1, p_turn, 0, 0};
+    if (distance <= 0) {
+        return distance >= -Y::rounding && !second ? IsothermState{1, p_turn} : nowhere;
+    }
 
     const auto on_leg = [=](double p_end, double distance_of_end) noexcept -> IsothermState {
+        if (distance >= distance_of_end) return {1, p_end};
         const double share = distance / distance_of_end;
         const double start = p_turn + (p_end - p_turn) * (turns ? std::sqrt(share) : share);
+        const auto [low, high] = std::minmax(p_turn, p_end);
         const auto tangent = [t](double p) noexcept { return Y::tangent1(p, t); };
-        return {1,
-                bracketed_newton(tangent, y, std::min(p_turn, p_end), std::max(p_turn, p_end),
-                                 start, step_p)
-                    .x,
-                0, 0};
+        return {1, bracketed_newton(tangent, y, low, high, start, step_p).x};
     };
     const double distance_saturated = beyond(y_turn, y_saturated);
     const bool on_first = p_turn > ps && distance <= distance_saturated;
     if (on_first && !second) return on_leg(ps, distance_saturated);
     if (on_first != second) return nowhere;
     const double distance_highest = beyond(y_turn, Y::y.region1(p_max, t));
-    return distance <= distance_highest ? on_leg(p_max, distance_highest) : nowhere;
+    return distance <= distance_highest + Y::rounding ? on_leg(p_max, distance_highest) : nowhere;
 }
 
 // Up to 623.15 K.
@@ -80,9 +88,7 @@ template <class Y>
     const double y_vapour = Y::y.region2(ps, t);
     if (y >= y_vapour) return vapour<Y>(2, t, y, ps, y_vapour);
     const double y_liquid = Y::y.region1(ps, t);
-    if (y > y_liquid) {
-        return {pt::saturation_line, ps, 0, (y - y_liquid) / (y_vapour - y_liquid)};
-    }
+    if (y > y_liquid) return wet(ps, y, y_liquid, y_vapour);
     return liquid<Y>(t, y, ps, y_liquid, false);
 }
 
@@ -90,18 +96,15 @@ template <class Y>
 template <class Y>
 [[nodiscard]] IsothermState dense(double t, double y, double d_low, double y_low, double d_high,
                                   double y_high) noexcept {
-    constexpr double gap = 0.99;  // to the equation of region 2, at most 0.02 %
+    constexpr double gap = 0.99;        // to the equation of region 2, at most 0.02 %
+    constexpr double rounding = 2e-10;  // relative, of the pressure of a density that has y
     const double share = y_low > y_high ? (y_low - y) / (y_low - y_high) : 1;
     const double start = d_low + (d_high - d_low) * std::clamp(share, 0.0, 1.0);
     const double d = bracketed_newton([t](double at) noexcept { return Y::tangent3(at, t); }, y,
                                       gap * d_low, d_high, start, step_d)
                          .x;
     const double p = region3::p(d, t);
-    if (p <= p_max) return {3, p, d, 0};
-    // a state at the highest pressure whose density is off by a rounding
-    const double d_end = region3::density_pt(p_max, t).d;
-    const double missed = std::fabs(y - Y::y.region3(d_end, t));
-    return missed <= Y::rounding ? IsothermState{3, p_max, d_end, 0} : nowhere;
+    return p <= p_max * (1 + rounding) ? IsothermState{3, std::min(p, p_max), d} : nowhere;
 }
 
 // 623.15 to 863.15 K. Below the critical temperature a state of region 3 is kept on its side of the
@@ -112,7 +115,7 @@ template <class Y>
     const double d_highest = 770 - 0.45 * (t - T_13);
     constexpr double apart = 1e-12;  // relative distance in p that is kept from the line
 
-    const double p_b = p_b23(t);
+    const double p_b = std::min(p_b23(t), p_max);  // 100 MPa is reached a rounding below 863.15 K
     const double y_b = Y::y.region2(p_b, t);
     if (y >= y_b) return vapour<Y>(2, t, y, p_b, y_b);
     const double d_lowest = 1 / region2::v(p_b, t);
@@ -128,29 +131,30 @@ template <class Y>
         return found;
     }
     const double y_liquid = saturated.liquid<Y::y>();
-    if (y > y_liquid) {
-        return {pt::saturation_line, ps, 0, (y - y_liquid) / (y_vapour - y_liquid)};
-    }
+    if (y > y_liquid) return wet(ps, y, y_liquid, y_vapour);
     IsothermState found =
         dense<Y>(t, y, saturated.liquid_density(), y_liquid, d_highest, y_highest);
     found.p = std::max(found.p, ps * (1 + apart));
     return found;
 }
 
+// Beyond any state, kJ/kg and kJ/(kg K) alike.
+inline constexpr double y_beyond = 1e4;
+
 // The state of lowest pressure.
 template <class Y>
 [[nodiscard]] IsothermState lowest(double t, double y) noexcept {
-    if (!(t >= T_min && t <= T_max && std::isfinite(y))) return nowhere;
+    if (!(t >= T_min && t <= T_max && std::fabs(y) < y_beyond)) return nowhere;
     if (t <= T_13) return below_t13<Y>(t, y);
     if (t <= T_23_max) return below_t23<Y>(t, y);
     if (t <= T_25) return vapour<Y>(2, t, y, p_max, Y::y.region2(p_max, t));
     return vapour<Y>(5, t, y, p_max_5, Y::y.region5(p_max_5, t));
 }
 
-// The next one, which is liquid that has turned: wet steam or the first leg comes before it.
+// The next one, which is liquid: wet steam or the other leg comes before it.
 template <class Y>
 [[nodiscard]] IsothermState next(double t, double y) noexcept {
-    if (!(t >= T_min && t <= Y::t_turning && std::isfinite(y))) return nowhere;
+    if (!(t >= T_min && t <= Y::t_turning && std::fabs(y) < y_beyond)) return nowhere;
     const double ps = psat(t);
     const double y_liquid = Y::y.region1(ps, t);
     return liquid<Y>(t, y, ps, y_liquid, y <= y_liquid);

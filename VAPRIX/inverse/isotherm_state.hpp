@@ -10,10 +10,10 @@
 namespace vaprix::inverse {
 
 struct IsothermState {
-    int region;  // 1, 2, 3, 5, pt::saturation_line for wet steam, or pt::outside
-    double p;    // MPa
-    double d;    // density of region 3, kg/m3
-    double x;    // quality of wet steam
+    int region = pt::outside;  // 1, 2, 3, 5, pt::saturation_line for wet steam, or pt::outside
+    double p = 0;              // MPa
+    double d = 0;              // density of region 3, kg/m3
+    double x = 0;              // quality of wet steam
 };
 
 // Region as the exports report it: wet steam as 4.

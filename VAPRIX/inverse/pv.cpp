@@ -113,7 +113,8 @@ State dense(double p, double v) noexcept {
 }  // namespace
 
 State state(double p, double v) noexcept {
-    if (!(p >= p_min && p <= p_max && v > 0)) return nowhere;
+    constexpr double thinnest = 2000;  // m3/kg, beyond any state
+    if (!(p >= p_min && p <= p_max && v > 0 && v < thinnest)) return nowhere;
     if (p <= psat_13) return below_psat13(p, v);
     const double v1 = region1::v(p, T_13);
     if (stays_below(v, v1)) return liquid(p, v, T_13, v1);
@@ -129,7 +130,8 @@ State cold_state(double p, double v) noexcept {
     if (!(densest >= T_min && densest <= warmest)) return nowhere;
     const double v_least = region1::v(p, densest);
     const double v_end = region1::v(p, T_min);
-    if (!(v >= v_least * (1 - densest_tolerance) && stays_below(v, v_end))) return nowhere;
+    const double v_highest = std::max(v_end, v_least * (1 + densest_tolerance));
+    if (!(v >= v_least * (1 - densest_tolerance) && stays_below(v, v_highest))) return nowhere;
     return {1, temperature1(p, v, densest, v_least, T_min, v_end)};
 }
 

@@ -41,6 +41,14 @@ template <auto resolve, ErrorCode code>
     return found.region == pt::outside ? fail<code>() : found.t;
 }
 
+// Of density and pressure. A density below that of any state is not divided by: the reciprocal of 0
+// would raise a flag.
+template <auto resolve, ErrorCode code>
+[[nodiscard]] double t_dp(double d, double p) noexcept {
+    constexpr double thinnest = 1e-4;  // kg/m3
+    return d > thinnest ? t<resolve, code>(p, 1 / d) : fail<code>();
+}
+
 template <const pt::Property& property>
 [[nodiscard]] double evaluate_in(const State& state, double p, double v) noexcept {
     switch (state.region) {

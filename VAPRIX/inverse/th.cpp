@@ -19,9 +19,8 @@ struct Enthalpy {
     // line, and 613 K, where it reaches 100 MPa. Colder, h rises throughout.
     static constexpr double turn = 1;
     static constexpr double t_turning = T_13;
+    static bool may_turn(double t) noexcept { return t > 520; }
     static double turning_pressure(double t, double ps) noexcept {
-        constexpr double t_rising = 520;
-        if (t < t_rising) return ps;
         const double start = 6.6 + 1.05 * (t - 523.15);  // the minima lie nearly on a line
         return bracketed_newton([t](double p) noexcept { return region1::h_p_tangent(p, t); }, 0.0,
                                 ps, p_max, std::clamp(start, ps, p_max), inverse::step_p)

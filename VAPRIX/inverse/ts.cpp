@@ -19,8 +19,8 @@ struct Entropy {
     // saturation line at 277.133 K, at 19 MPa at 273.15 K. Warmer, s falls throughout.
     static constexpr double turn = -1;
     static constexpr double t_turning = 277.14;
+    static bool may_turn(double t) noexcept { return t < t_turning; }
     static double turning_pressure(double t, double ps) noexcept {
-        if (t > t_turning) return ps;
         const double start = (277.1333942 - t) / 0.208;
         return bracketed_newton([t](double p) noexcept { return region1::s_p_tangent(p, t); }, 0.0,
                                 ps, p_max, std::max(start, ps), inverse::step_p)

@@ -88,6 +88,7 @@ TEST(ArgumentMemory, TwoArguments) {
             for (const auto& row : of_td) row.call(x, y);
             FUGOPT(x, y), FUGOTD(x, y);
             for (const auto& row : region_of_tv) row.call(x, y);
+            for (const auto& row : solved) row.call(x, y);
             for (const auto& row : physical_o) row.call(x, y);
             for (const auto& row : physical_td) row.call(x, y);
             for (const auto& row : refractive_saturated) row.call(x, y);

@@ -257,6 +257,32 @@ TEST(BadInput, FunctionsOfPhAndPsByPhase) {
     }
 }
 
+TEST(BadInput, SolvedPairs) {
+    for (const auto& row : solved) {
+        std::vector<State> none;
+        for (const double bad : bad_values) {
+            for (const double other : bad_values) none.push_back({bad, other});
+            for (const InverseState& good : inverse_inside) {
+                none.push_back({bad, variable(row.second, good)});
+                none.push_back({variable(row.first, good), bad});
+            }
+        }
+        for (const State& s : none) {
+            EXPECT_ANSWER(row.failure, row.code == 0 ? of_line : row.code, row.call, &s.p, &s.t);
+        }
+        for (const InverseState& state : inverse_inside) {
+            if (row.answers == Answers::second) continue;
+            const bool wet = state.region == 9;
+            const double x = variable(row.first, state), y = variable(row.second, state);
+            const Answer got = answer(of_line, row.call, &x, &y);
+            const bool answered =
+                row.answers == Answers::always || wet == (row.answers == Answers::wet);
+            EXPECT_EQ(got.value != failed, answered) << row.name << ' ' << state.region;
+            EXPECT_EQ(got.code, of_line) << row.name << ' ' << state.region;
+        }
+    }
+}
+
 TEST(BadInput, SaturationLine) {
     for (const auto& row : saturation_line) {
         std::vector<double> arguments = {std::nextafter(row.lowest, -infinity),
@@ -393,7 +419,7 @@ TEST(ExportTable, HoldsEveryExport) {
     add(physical_o), add(physical_td);
     add(refractive_pt), add(refractive_td), add(refractive_saturated);
     add(inverse_b), add(inverse_o), add(inverse_region), add(inverse_given);
-    add(unchecked), add(wet_steam), add(of_td), add(region_of_tv);
+    add(unchecked), add(wet_steam), add(of_td), add(region_of_tv), add(solved);
     std::ifstream list(EXPORT_LIST);
     std::set<std::string> exported;
     for (std::string name; list >> name;) exported.insert(name);

@@ -173,7 +173,7 @@ inline constexpr NativeRow natives[] = {
 
 // (p, h) and (p, s) with range check. The B-family has the sentinel alone on failure, the O-family
 // a code as well. Some have no answer for wet steam, or for one phase: the sentinel, no code.
-enum class Answers { always, single_phase, wet };
+enum class Answers { always, single_phase, wet, second };  // second: if there is a second state
 struct InverseRow {
     const char* name;
     OfTwo call;
@@ -351,6 +351,38 @@ inline constexpr DensityRow of_td[] = {
 };
 inline constexpr PairRow region_of_tv[] = {{ROW(REGIONTV)}};
 
+// Pairs that are solved, in the order of their arguments, with what they answer and store where
+// there is no state.
+enum class Of { p, t, v, d, h, s };
+struct SolvedRow {
+    const char* name;
+    OfTwo call;
+    Of first, second;
+    double failure;
+    int code;  // 0: none
+    Answers answers = Answers::always;
+};
+// clang-format off
+#define PAIR(name, first, second, ...) {ROW(name), Of::first, Of::second, __VA_ARGS__}
+#define WITH_Z(name, ...) PAIR(name, __VA_ARGS__), PAIR(name##Z, __VA_ARGS__, Answers::second)
+#define BOTH_PV(y, answers) PAIR(y##BPV, p, v, failed, 0, answers), PAIR(y##OPV, p, v, failed, outside, answers)
+#define ALL_TY(name, y) \
+    WITH_Z(PB##name, t, y, failed, 0), WITH_Z(PO##name, t, y, failed, outside), \
+    WITH_Z(DO##name, t, y, failed, outside), WITH_Z(VO##name, t, y, failed, outside)
+inline constexpr SolvedRow solved[] = {
+    WITH_Z(REGIONPV, p, v, 0.0, 0), WITH_Z(REGIONTH, t, h, 0.0, 0), WITH_Z(REGIONTS, t, s, 0.0, 0),
+    BOTH_PV(T, Answers::always), BOTH_PV(H, Answers::always), BOTH_PV(S, Answers::always),
+    BOTH_PV(CP, Answers::single_phase), BOTH_PV(W, Answers::single_phase), BOTH_PV(X, Answers::wet),
+    PAIR(TBPVZ, p, v, failed, 0, Answers::second), PAIR(TOPVZ, p, v, failed, own_range, Answers::second),
+    PAIR(TODP, d, p, failed, outside), PAIR(TODPZ, d, p, failed, own_range, Answers::second),
+    ALL_TY(TH, h), ALL_TY(TS, s),
+};
+// clang-format on
+#undef PAIR
+#undef WITH_Z
+#undef BOTH_PV
+#undef ALL_TY
+
 #undef ROW
 
 // Arguments no state has, alone or together.
@@ -383,6 +415,18 @@ inline constexpr InverseState inverse_inside[] = {
     {3.0, 500.0, 1.5, 1},  {3.0, 3000.0, 6.5, 2}, {30.0, 2200.0, 4.5, 3},
     {3.0, 5500.0, 9.0, 5}, {1.0, 1500.0, 4.0, 9},
 };
+
+// The same state by any variable.
+inline double variable(Of of, const InverseState& at) {
+    switch (of) {
+        case Of::p: return at.p;
+        case Of::t: return TOPH(&at.p, &at.h);
+        case Of::v: return VOPH(&at.p, &at.h);
+        case Of::d: return DOPH(&at.p, &at.h);
+        case Of::h: return at.h;
+        default: return SOPH(&at.p, &at.h);
+    }
+}
 
 // Gives the calling thread a code that none of the functions under test stores: the one of the
 // saturation line for the functions of (p, T), the one of (p, T) for those of the saturation line.

@@ -66,6 +66,10 @@ void each_pt_export(const State& s, const Visit& visit) {
     const double l = 0.5;
     for (const auto& row : refractive_pt) visit(row.name, {*p, *t}, [&] { row.call(p, t, &l); });
     for (const auto& row : density_of_tp) visit(row.name, {*t, *p}, [&] { row.call(t, p); });
+    for (const auto& row : solved) {  // in either order: densities of 0, enthalpies without end
+        visit(row.name, {*p, *t}, [&] { row.call(p, t); });
+        visit(row.name, {*t, *p}, [&] { row.call(t, p); });
+    }
     for (const double d : {1000.0, 300.0, 1.0, 1e-3, *p}) {  // wet steam among them
         for (const auto& row : of_td) visit(row.name, {*t, d}, [&] { row.call(t, &d); });
         visit("FUGOTD", {*t, d}, [&] { FUGOTD(t, &d); });
@@ -107,6 +111,11 @@ void each_native_export(const State& s, const Visit& visit) {
     visit_inverse(inverse_b);
     visit_inverse(inverse_o);
     visit_inverse(inverse_region);
+    const double of[] = {s.p, s.t, v, d, h, entropy};
+    for (const auto& row : solved) {
+        const double x = of[static_cast<int>(row.first)], y = of[static_cast<int>(row.second)];
+        visit(row.name, {x, y}, [&] { row.call(&x, &y); });
+    }
     for (const auto& row : of_td) visit(row.name, {s.t, d}, [&] { row.call(&s.t, &d); });
     for (const auto& row : region_of_tv) visit(row.name, {s.t, v}, [&] { row.call(&s.t, &v); });
     if (region != 3) return;
