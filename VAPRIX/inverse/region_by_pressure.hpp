@@ -51,8 +51,12 @@ template <class Y>
 [[nodiscard]] int region_but_phase(double p, double y) noexcept {
     if (!(p <= p_max && p >= p_min)) return pt::outside;
     const IsobarLimits& at = Y::limits[isobar_band(p)];
-    const auto above = [y](LimitBounds limit) noexcept { return y > static_cast<double>(limit.high); };
-    const auto below = [y](LimitBounds limit) noexcept { return y < static_cast<double>(limit.low); };
+    const auto above = [y](LimitBounds limit) noexcept {
+        return y > static_cast<double>(limit.high);
+    };
+    const auto below = [y](LimitBounds limit) noexcept {
+        return y < static_cast<double>(limit.low);
+    };
     if (above(at.cold) && below(at.liquid)) return 1;
     if (above(at.vapour) && below(at.t25)) return 2;
     if (above(at.liquid) && below(at.vapour)) return p <= psat_13 ? two_phase : 3;

@@ -24,7 +24,7 @@ using Formula = double (*)(const Derivatives& x, double p) noexcept;
 namespace formula {
 
 // Isobaric cubic expansion coefficient (1/v)(dv/dT)_p, 1/K.
-inline double alpha_v(const Derivatives& x, double) noexcept { return x.v_t / x.v; }
+inline double alpha_v(const Derivatives& x, double /* p */) noexcept { return x.v_t / x.v; }
 
 // Relative pressure coefficient (1/p)(dp/dT)_v, 1/K.
 inline double alpha_p(const Derivatives& x, double p) noexcept { return -x.v_t / (x.v_p * p); }
@@ -33,7 +33,7 @@ inline double alpha_p(const Derivatives& x, double p) noexcept { return -x.v_t /
 inline double beta_p(const Derivatives& x, double p) noexcept { return -1 / (x.v_p * p); }
 
 // Isothermal compressibility -(1/v)(dv/dp)_T, 1/MPa.
-inline double kappa_t(const Derivatives& x, double) noexcept { return -x.v_p / x.v; }
+inline double kappa_t(const Derivatives& x, double /* p */) noexcept { return -x.v_p / x.v; }
 
 // Isentropic exponent -(v/p)(dp/dv)_s, which is w^2/(p v).
 inline double kappa(const Derivatives& x, double p) noexcept {
@@ -41,28 +41,30 @@ inline double kappa(const Derivatives& x, double p) noexcept {
 }
 
 // Ratio of the heat capacities cp/cv.
-inline double cp_per_cv(const Derivatives& x, double) noexcept { return x.cp / x.cv; }
+inline double cp_per_cv(const Derivatives& x, double /* p */) noexcept { return x.cp / x.cv; }
 
 // Joule-Thomson coefficient (dT/dp)_h, K/MPa.
-inline double mu(const Derivatives& x, double) noexcept { return -x.h_p / x.cp; }
+inline double mu(const Derivatives& x, double /* p */) noexcept { return -x.h_p / x.cp; }
 
 // (dd/dp)_T, kg/(m3 MPa).
-inline double d_p(const Derivatives& x, double) noexcept { return -x.v_p / (x.v * x.v); }
+inline double d_p(const Derivatives& x, double /* p */) noexcept { return -x.v_p / (x.v * x.v); }
 
 // Isothermal throttling coefficient (dh/dp)_T, kJ/(kg MPa).
-inline double h_p(const Derivatives& x, double) noexcept { return x.h_p; }
+inline double h_p(const Derivatives& x, double /* p */) noexcept { return x.h_p; }
 
 // (dv/dh)_p, m3/kJ.
-inline double v_h(const Derivatives& x, double) noexcept { return x.v_t / x.cp; }
+inline double v_h(const Derivatives& x, double /* p */) noexcept { return x.v_t / x.cp; }
 
 // (dd/dh)_p, kg2/(m3 kJ).
-inline double d_h(const Derivatives& x, double) noexcept { return -x.v_t / (x.v * x.v * x.cp); }
+inline double d_h(const Derivatives& x, double /* p */) noexcept {
+    return -x.v_t / (x.v * x.v * x.cp);
+}
 
 // (dv/dT)_p, m3/(kg K).
-inline double v_t(const Derivatives& x, double) noexcept { return x.v_t; }
+inline double v_t(const Derivatives& x, double /* p */) noexcept { return x.v_t; }
 
 // (dv/dp)_T, m3/(kg MPa).
-inline double v_p(const Derivatives& x, double) noexcept { return x.v_p; }
+inline double v_p(const Derivatives& x, double /* p */) noexcept { return x.v_p; }
 
 }  // namespace formula
 
