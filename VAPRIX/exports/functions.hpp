@@ -5,6 +5,7 @@
 
 #include "frame/constants.hpp"
 #include "frame/error_code.hpp"
+#include "inverse/hs.hpp"
 #include "inverse/ph.hpp"
 #include "inverse/ps.hpp"
 #include "inverse/pv.hpp"

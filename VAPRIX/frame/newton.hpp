@@ -71,6 +71,15 @@ struct NewtonPoint {
     bool converged;
 };
 
+// Newton's step in two variables: where the tangent planes of a and b have risen by a_left and
+// b_left.
+[[nodiscard]] inline Point newton_step(const TangentPair& f, double a_left,
+                                       double b_left) noexcept {
+    const double determinant = f.a_x * f.b_y - f.a_y * f.b_x;
+    return {(a_left * f.b_y - f.a_y * b_left) / determinant,
+            (f.a_x * b_left - f.b_x * a_left) / determinant};
+}
+
 // Point at which a = a_given and b = b_given, by Newton's method in two variables.
 //
 // Given:    tangents  a and b with their slopes at (x, y);  at  start point;  tolerance  relative
@@ -82,14 +91,10 @@ NewtonPoint newton(TangentsOf tangents, double a_given, double b_given, Point at
     constexpr int rounds = 20;
     for (int round = 0; round < rounds; ++round) {
         const TangentPair f = tangents(at.x, at.y);
-        const double a_left = a_given - f.a;
-        const double b_left = b_given - f.b;
-        const double determinant = f.a_x * f.b_y - f.a_y * f.b_x;
-        const double x_step = (a_left * f.b_y - f.a_y * b_left) / determinant;
-        const double y_step = (f.a_x * b_left - f.b_x * a_left) / determinant;
-        at.x += x_step;
-        at.y += y_step;
-        if (std::fabs(x_step) < tolerance * at.x && std::fabs(y_step) < tolerance * at.y) {
+        const Point step = newton_step(f, a_given - f.a, b_given - f.b);
+        at.x += step.x;
+        at.y += step.y;
+        if (std::fabs(step.x) < tolerance * at.x && std::fabs(step.y) < tolerance * at.y) {
             return {at, true};
         }
     }

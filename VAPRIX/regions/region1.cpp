@@ -178,6 +178,16 @@ Tangent s_tangent(double p, double t) noexcept {
     return {s, -R / T_star * (r.tau * r.tau * r.tau) * tautau};
 }
 
+// h_p = R T* gamma_pitau / p*, s_p = -R (gamma_pi - tau gamma_pitau) / p*
+TangentPair hs_tangents(double p, double t) noexcept {
+    constexpr auto factor = static_cast<double>(1000 * R_per_p_star);
+    const Reduced r(p, t);
+    const auto [h, s, tautau, pi, pitau] =
+        evaluate<enthalpy, entropy, gamma_tautau, gamma_pi, gamma_pitau>(r.x(), r.y());
+    const double cp = -R * (r.tau * r.tau) * tautau;
+    return {h, factor * T_star * pitau, cp, s, -factor * (pi - r.tau * pitau), cp / t};
+}
+
 template <Formula formula>
 double derived(double p, double t) noexcept {
     return formula(derivatives(p, t), p);

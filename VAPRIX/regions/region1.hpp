@@ -28,6 +28,9 @@ namespace vaprix::region1 {
 [[nodiscard]] Tangent h_tangent(double p, double t) noexcept;
 [[nodiscard]] Tangent s_tangent(double p, double t) noexcept;
 
+// h and s with their slopes by pressure and by temperature, from shared sums.
+[[nodiscard]] TangentPair hs_tangents(double p, double t) noexcept;
+
 // v with its slope in p along the isotherm, from shared powers.
 [[nodiscard]] Tangent v_tangent(double p, double t) noexcept;
 

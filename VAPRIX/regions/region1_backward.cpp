@@ -9,6 +9,7 @@ namespace {
 
 constexpr auto theta_ph = polynomial(tables::t1_ph);
 constexpr auto theta_ps = polynomial(tables::t1_ps);
+constexpr auto p_polynomial_hs = 100 * polynomial(tables::p1_hs);
 
 }  // namespace
 
@@ -17,5 +18,10 @@ double t_ph(double p, double h) noexcept { return evaluate<theta_ph>(p, h / 2500
 
 // Eq. (13): theta = sum n pi^I (sigma + 2)^J
 double t_ps(double p, double s) noexcept { return evaluate<theta_ps>(p, s + 2); }
+
+// Eq. (1): p = 100 MPa sum n (h / 3400 + 0.05)^I (s / 7.6 + 0.05)^J
+double p_hs(double h, double s) noexcept {
+    return evaluate<p_polynomial_hs>(h / 3400 + 0.05, s / 7.6 + 0.05);
+}
 
 }  // namespace vaprix::region1

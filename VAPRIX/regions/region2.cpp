@@ -35,6 +35,7 @@ double v_p(double p, double t) noexcept { return Properties::derivatives(p, t).v
 double v_t(double p, double t) noexcept { return Properties::derivatives(p, t).v_t; }
 Tangent h_tangent(double p, double t) noexcept { return Properties::h_tangent(p, t); }
 Tangent s_tangent(double p, double t) noexcept { return Properties::s_tangent(p, t); }
+TangentPair hs_tangents(double p, double t) noexcept { return Properties::hs_tangents(p, t); }
 Tangent v_tangent(double p, double t) noexcept { return Properties::v_tangent(p, t); }
 Tangent v_tangent_t(double p, double t) noexcept { return Properties::v_tangent_t(p, t); }
 Tangent h_tangent_p(double p, double t) noexcept { return Properties::h_tangent_p(p, t); }

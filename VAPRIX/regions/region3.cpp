@@ -167,6 +167,16 @@ Tangent s_tangent_d(double d, double t) noexcept {
     return {s - R_n1 * guarded_log(delta), (slope - R_n1) / d};
 }
 
+TangentPair hs_tangents(double d, double t) noexcept {
+    const double delta = d * d_crit_reciprocal;
+    const auto [a, b, tt, h_t, s] =
+        evaluate<thermal, stiffness, tautau, enthalpy_over_t, entropy>(delta, T_crit / t);
+    const double p_t = R * (a + n1);  // times 1000/d, as is p_d
+    const double p_d = R * t / d * (b + n1);
+    return {t * (h_t + R_n1), p_d - t / d * p_t, p_t - R * tt, s - R_n1 * guarded_log(delta),
+            -p_t / d,         -R * tt / t};
+}
+
 Isotherm::Isotherm(double t) noexcept : c(coefficients_in_x<pressure>(T_crit / t)) {
     c[0] += R_n1_1000;  // the table has no power 0 of delta in delta phi_delta
     double factor = t;  // T / 322^k

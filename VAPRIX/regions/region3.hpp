@@ -32,9 +32,10 @@ template <Formula formula>
 [[nodiscard]] double derived(double p, double d, double t) noexcept;
 
 // Pressure and enthalpy, or pressure and entropy, with their slopes by density and by temperature,
-// from shared sums.
+// or enthalpy and entropy, from shared sums.
 [[nodiscard]] TangentPair ph_tangents(double d, double t) noexcept;
 [[nodiscard]] TangentPair ps_tangents(double d, double t) noexcept;
+[[nodiscard]] TangentPair hs_tangents(double d, double t) noexcept;
 
 // p with its slope in T along the isochore; h and s with their slopes in density along the isotherm.
 [[nodiscard]] Tangent p_tangent_t(double d, double t) noexcept;

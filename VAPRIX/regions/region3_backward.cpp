@@ -64,4 +64,10 @@ double p3sat_s(double s) noexcept {
     return 22 * sum<tables::p3sat_s>(sigma - 1.03, sigma - 0.699);
 }
 
+// Eqs. (1) and (2); 3b is fitted as p*/p
+double p_hs(double h, double s) noexcept {
+    return s <= s_crit ? 99 * sum<tables::p3a_hs>(h / 2300 - 1.01, s / 4.4 - 0.750)
+                       : 16.6 / sum<tables::p3b_hs>(h / 2800 - 0.681, s / 5.3 - 0.792);
+}
+
 }  // namespace vaprix::region3

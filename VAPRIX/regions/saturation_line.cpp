@@ -46,6 +46,8 @@ struct Backward {
     }
 };
 
+constexpr auto theta_hs = 550 * polynomial(tables::tsat_hs);  // K
+
 }  // namespace
 
 double psat(double t) noexcept {
@@ -62,6 +64,11 @@ double psat(double t) noexcept {
 double tsat(double p) noexcept { return Backward(p).t(); }
 
 double tsat_p(double p) noexcept { return Backward(p).t_p(); }
+
+// T = 550 K sum n (h / 2800 - 0.119)^I (s / 9.2 - 1.07)^J
+double tsat_hs(double h, double s) noexcept {
+    return evaluate<theta_hs>(h / 2800 - 0.119, s / 9.2 - 1.07);
+}
 
 // Eqs. (30) and (31) solve the same equation (29), so the backward temperature is off by no more
 // than its rounding, which one Newton step takes away.

@@ -146,6 +146,21 @@ public:
         return {factor * t * (ideal + pi), factor * t * (pipi - ideal * ideal)};
     }
 
+    // h_p = R T* gammar_pitau, s_p = -R (1 + pi gammar_pi - tau pi gammar_pitau) / p
+    static TangentPair hs_tangents(double p, double t) noexcept {
+        const double tau = Equation::T_star / t;
+        const auto [h, s, tt, pi, pitau] =
+            evaluate<enthalpy, entropy, gamma_tautau, gamma_pi, gamma_pitau>(p,
+                                                                             tau - Equation::shift);
+        const double cp = -R * (ideal<tautau0>(tau, t) + tau * tau * tt);
+        return {ideal<enthalpy0>(tau, t, Equation::T_star_reciprocal_h) + h,
+                R * Equation::T_star * pitau,
+                cp,
+                ideal<entropy0>(tau, t) + s - R * guarded_log(p),
+                -R * (1 / p + (pi - tau * pitau)),
+                cp / t};
+    }
+
     static Tangent v_tangent_t(double p, double t) noexcept {
         constexpr auto factor = static_cast<double>(R_l / 1000);
         const double tau = Equation::T_star / t;

@@ -128,6 +128,7 @@ def backward():
     names = ("T3a_ph", "T3b_ph", "v3a_ph", "v3b_ph", "T3a_ps", "T3b_ps", "v3a_ps", "v3b_ps", "p3sat_h",
              "p3sat_s")
     parts = [terms(n.replace("T3", "t3"), f"region3_phps/{n}.csv") for n in names]
+    parts += [terms(n, f"hs3/{n}.csv") for n in ("p3a_hs", "p3b_hs")]
     return "\n".join([numbers("h3ab", "region3_phps/h3ab_p.csv")] + parts)
 
 
@@ -142,17 +143,32 @@ def auxiliary_densities():
     return "\n".join(out)
 
 
+def auxiliary_energies():
+    notes, rows = read("transport/saturation_1992.csv")
+    head = notes[0] + "\nEqs. (4) and (5): d1 to d5, then d_alpha and d_phi."
+    cells = [number(r["value"]) for r in rows if r["set"] in ("d", "d_alpha", "d_phi")]
+    return comment(head.splitlines()) + array("double", "saturated_energies", cells)
+
+
 FILES = {
+    "boundaries_hs.hpp": lambda: "\n".join([terms(n, f"hs3/{n}.csv") for n in
+                                            ("h1_liq_s", "h3a_liq_s", "h2ab_vap_s", "h2c3b_vap_s", "hb13_s",
+                                             "tb23_hs")]),
     "b23.hpp": lambda: numbers("b23", "if97/t01_b23.csv"),
     "region1_backward.hpp": lambda: "\n".join([terms("t1_ph", "if97/t06_region1_T_ph.csv"),
-                                              terms("t1_ps", "if97/t08_region1_T_ps.csv")]),
+                                              terms("t1_ps", "if97/t08_region1_T_ps.csv"),
+                                              terms("p1_hs", "hs12/p1_hs.csv")]),
     "region2_backward.hpp": lambda: "\n".join([numbers("b2bc", "if97/t19_b2bc.csv"),
                                               terms("t2a_ph", "if97/t20_region2a_T_ph.csv"),
                                               terms("t2b_ph", "if97/t21_region2b_T_ph.csv"),
                                               terms("t2c_ph", "if97/t22_region2c_T_ph.csv"),
                                               quarter_terms("t2a_ps", "if97/t25_region2a_T_ps.csv"),
                                               terms("t2b_ps", "if97/t26_region2b_T_ps.csv"),
-                                              terms("t2c_ps", "if97/t27_region2c_T_ps.csv")]),
+                                              terms("t2c_ps", "if97/t27_region2c_T_ps.csv"),
+                                              numbers("h2ab", "hs12/h2ab_s.csv"),
+                                              terms("p2a_hs", "hs12/p2a_hs.csv"),
+                                              terms("p2b_hs", "hs12/p2b_hs.csv"),
+                                              terms("p2c_hs", "hs12/p2c_hs.csv")]),
     "region1.hpp": lambda: terms("region1", "if97/t02_region1.csv"),
     "region2.hpp": lambda: (terms("region2_ideal", "if97/t10_region2_ideal.csv") + "\n"
                             + terms("region2_residual", "if97/t11_region2_residual.csv")),
@@ -163,7 +179,9 @@ FILES = {
     "region5.hpp": lambda: (terms("region5_ideal", "if97/t37_region5_ideal.csv") + "\n"
                             + terms("region5_residual", "if97/t38_region5_residual.csv")),
     "saturated_densities.hpp": auxiliary_densities,
-    "saturation.hpp": lambda: numbers("saturation", "if97/t34_saturation.csv"),
+    "saturated_energies.hpp": auxiliary_energies,
+    "saturation.hpp": lambda: (numbers("saturation", "if97/t34_saturation.csv") + "\n"
+                               + terms("tsat_hs", "hs3/tsat_hs.csv")),
 }
 
 TRANSPORT_FILES = {

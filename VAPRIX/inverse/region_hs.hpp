@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+//
+// Region of (h, s) by the boundary equations of the releases.
+// Source: IAPWS SR4-04(2014), its Figs. 2 to 6 and Eqs. (3) to (8).
+#pragma once
+
+#include "inverse/second_variable.hpp"
+#include "pt/region_pt.hpp"
+#include "regions/b23.hpp"
+#include "regions/boundaries_hs.hpp"
+#include "regions/region1_backward.hpp"
+#include "regions/region2_backward.hpp"
+#include "regions/region3_backward.hpp"
+
+namespace vaprix::hs {
+
+inline constexpr int two_phase = pt::saturation_line;
+
+// Limits that hold every state, a little outside the range of validity.
+inline constexpr double h_lowest = -0.05, h_highest = 7377;      // kJ/kg
+inline constexpr double s_lowest = -0.0086, s_highest = 13.906;  // kJ/(kg K)
+
+// Enthalpy, kJ/kg, at and beyond which the pressure is above 100 MPa for certain: straight lines
+// above the isobar, which is convex, from its ends at 273.15 K and 1073.15 K to 623.15 K, and above
+// the isobar 50 MPa of region 5.
+[[nodiscard]] inline double h_beyond_p_max(double s) noexcept {
+    if (s < boundaries_hs::s_13_min) return 100 + 430 * s;
+    return 1560 + (s < 6.0 ? 820 : 1110) * (s - boundaries_hs::s_13_min);
+}
+
+// Region of (h, s), with limits of pressure and temperature not examined but for that between
+// regions 2 and 5.
+// Returned: 1, 2, 3, 5, two_phase; pt::outside beyond the limits above, for wet steam colder than
+//           273.15 K by more than 1 kJ/kg, and for a NaN.
+[[nodiscard]] inline int region_unlimited(double h, double s) noexcept {
+    using namespace boundaries_hs;
+    using inverse::Enthalpy;
+
+    if (!(h >= h_lowest && h <= h_highest && s >= s_lowest && s <= s_highest && h > T_min * s - 1 &&
+          h < h_beyond_p_max(
+                  s))) {  // h - T s of either saturated phase is 0.0006 kJ/kg at 273.15 K
+        return pt::outside;
+    }
+    if (s <= s_liquid_13) {
+        if (s >= s_liquid_min && h < h_liquid_1(s)) return two_phase;
+        return s > s_13_min && h > h_13(s) ? 3 : 1;
+    }
+    if (s <= region3::s_crit) return h < h_liquid_3a(s) ? two_phase : 3;
+    if (h > Enthalpy::beyond_region2) return 5;
+    if (s < region2::s_2bc) {
+        if (h <= Enthalpy::above_saturated && h < h_vapour_2c3b(s)) return two_phase;
+        if (s < s_23_min) return 3;
+        if (s <= s_23_max && h < h_23_max &&
+            (h <= h_23_min || region2::p_hs(h, s) > p_b23(t_23(h, s)))) {
+            return 3;
+        }
+    } else if (s <= s_vapour_max && h <= Enthalpy::above_saturated && h < h_vapour_2ab(s)) {
+        return two_phase;
+    }
+    if (h < Enthalpy::lowest_region5) return 2;
+    const double p = region2::p_hs(h, s);
+    if (Enthalpy::below_t25(p, h)) return 2;
+    return Enthalpy::above_t25(p, h) || h > region2::h(p, T_25) ? 5 : 2;
+}
+
+}  // namespace vaprix::hs
