@@ -5,6 +5,7 @@
 
 #include <cstdio>
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -15,7 +16,9 @@
 #include "reference/region3_backward.hpp"
 #include "reference/sampling.hpp"
 #include "regions/b23.hpp"
+#include "regions/boundaries_hs.hpp"
 #include "regions/region1.hpp"
+#include "regions/region1_backward.hpp"
 #include "regions/region2.hpp"
 #include "regions/region2_backward.hpp"
 #include "regions/region3.hpp"
@@ -23,6 +26,7 @@
 #include "regions/region3_boundaries.hpp"
 #include "regions/region3_volume.hpp"
 #include "regions/region5.hpp"
+#include "regions/saturation_line.hpp"
 #include "transport/dielectric.hpp"
 #include "transport/refractive_index.hpp"
 #include "transport/viscosity.hpp"
@@ -205,6 +209,34 @@ TEST(CheckValues, Region3BackwardEquations) {
           {{"h", {{"h3ab", one(lib::h3ab)}, {"yardstick", [](double p, double) {
                                                  return static_cast<double>(h3ab(p));
                                              }}}}});
+}
+
+TEST(CheckValues, EquationsOfHs) {
+    namespace lines = vaprix::boundaries_hs;
+    const Named p_hs{"PBHS", call<PBHS>};
+    check("hs12/check_p1_hs.csv", "h", "s", {{"p", {{"p1", vaprix::region1::p_hs}, p_hs}}});
+    check("hs12/check_p2_hs.csv", "h", "s", {{"p", {{"p2", vaprix::region2::p_hs}, p_hs}}});
+    check("hs3/check_p3_hs.csv", "h", "s", {{"p", {{"p3", vaprix::region3::p_hs}, p_hs}}});
+    check("hs3/check_tsat_hs.csv", "h", "s",
+          {{"T", {{"tsat_hs", vaprix::tsat_hs}, {"TBHS", call<TBHS>}}}});
+    check("hs3/check_tb23_hs.csv", "h", "s", {{"T", {{"t_23", lines::t_23}}}});
+    check("hs3/check_hb13_s.csv", "s", "",
+          {{"h", {{"h_13", [](double s, double) { return lines::h_13(s); }}}}});
+    check("hs12/check_h2ab_s.csv", "s", "",
+          {{"h", {{"h_2ab", [](double s, double) { return vaprix::region2::h_2ab(s); }}}}});
+    const std::map<std::string, double (*)(double)> saturated = {
+        {"h1_liq", lines::h_liquid_1},
+        {"h3a_liq", lines::h_liquid_3a},
+        {"h2ab_vap", lines::h_vapour_2ab},
+        {"h2c3b_vap", lines::h_vapour_2c3b}};
+    for (const char* path : {"hs3/check_h_liq_s.csv", "hs3/check_h_vap_s.csv"}) {
+        const Table table = read_table(path);
+        for (std::size_t row = 0; row < table.rows.size(); ++row) {
+            const std::string& name = table.cell(row, "equation");
+            const double s = table.number(row, "s");
+            expect_printed(name.c_str(), saturated.at(name)(s), table.cell(row, "h"), {s});
+        }
+    }
 }
 
 TEST(CheckValues, Region3VolumeSubregions) {

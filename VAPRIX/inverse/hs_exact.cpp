@@ -75,10 +75,10 @@ Attempt attempt1(double h, double s, double p, double t) noexcept {
     if (!newton_hs(region1::hs_tangents, h, s, box, settled_gibbs, p, t)) return no_solution;
     const auto result = [&](int region) noexcept { return Attempt{{1, p, t, 0}, region, true}; };
     if (t > T_13 + t_rounding) return result(3);
-    if (!settle(t, T_min, T_13, t_rounding)) return result(pt::outside);
     const double ps = psat(t);
     if (p < ps - p_rounding_line) return result(two_phase);
-    return result(settle(p, ps, p_max, p_rounding) ? 1 : pt::outside);
+    if (!settle(t, T_min, T_13, t_rounding)) return result(pt::outside);
+    return result(settle(p, std::max(ps, p_min), p_max, p_rounding) ? 1 : pt::outside);
 }
 
 constexpr double p_near_max_5 = 1.01 * p_max_5;  // from here no state of region 5 is mistaken for 2
@@ -88,10 +88,12 @@ Attempt attempt2(double h, double s, double p, double t) noexcept {
     if (!newton_hs(region2::hs_tangents, h, s, box, settled_gibbs, p, t)) return no_solution;
     const auto result = [&](int region) noexcept { return Attempt{{2, p, t, 0}, region, true}; };
     if (t > T_25 + t_rounding) return result(p < p_near_max_5 ? 5 : pt::outside);
-    if (!settle(t, T_min, T_25, t_rounding)) return result(pt::outside);
+    if (t < T_min - t_rounding) return result(two_phase);
+    t = std::clamp(t, T_min, T_25);
     const double high = t <= T_13 ? psat(t) : t <= T_23_max ? std::min(p_b23(t), p_max) : p_max;
-    const double rounding = std::max(p * p_rounding_vapour, t <= T_13 ? 0 : p_rounding);
-    if (settle(p, p_min, high, rounding)) return result(2);
+    const double rounding = p * (t <= T_13 ? p_rounding_vapour : p_rounding / p_max);
+    // at 273.15 K itself the saturation pressure is 2e-11 MPa below the least pressure
+    if (settle(p, std::min(p_min, high), high, rounding)) return result(2);
     if (p < high || t > T_23_max) return result(pt::outside);
     return result(t <= T_13 ? two_phase : 3);
 }

@@ -77,6 +77,8 @@ TEST(ArgumentMemory, TwoArguments) {
             for (const auto& row : region_of_pt) row.call(x, y);
             for (const auto& row : inverse_b) row.call(x, y);
             for (const auto& row : inverse_region) row.call(x, y);
+            for (const auto& row : hs_b) row.call(x, y);
+            for (const auto& row : region_of_hs) row.call(x, y);
             for (const auto& row : natives) {
                 EXPECT_NE(row.call(x, y), failed) << row.name << ' ' << a << ' ' << b;
             }
@@ -92,6 +94,7 @@ TEST(ArgumentMemory, TwoArguments) {
             for (const auto& row : physical_o) row.call(x, y);
             for (const auto& row : physical_td) row.call(x, y);
             for (const auto& row : refractive_saturated) row.call(x, y);
+            for (const auto& row : hs_o) row.call(x, y);
             leave(of_line);
         }
     }

@@ -231,6 +231,44 @@ TEST(BadInput, FunctionsOfPhAndPsOutsideTheRange) {
     }
 }
 
+// Enthalpies and entropies of no state, as (h, s) in the members p and t: no pair of bad values is
+// one, and none goes with a good value; then the neighbours of the limits of p and T, beyond what
+// rounding excuses, and of the coldest wet steam.
+std::vector<State> outside_states_hs() {
+    std::vector<State> states = {{5000.0, 5.0}, {2000.0, 1.0}, {1000.0, 5.0}, {3000.0, 11.0}};
+    for (const double bad : bad_values) {
+        for (const double other : bad_values) states.push_back({bad, other});
+        for (const InverseState& good : inverse_inside) {
+            states.insert(states.end(), {{bad, good.s}, {good.h, bad}});
+        }
+    }
+    constexpr double hair = 1e-8;  // relative
+    const auto add = [&states](OfTwo h, OfTwo s, double p, double t) {
+        states.push_back({h(&p, &t), s(&p, &t)});
+    };
+    for (const double t : {273.15, 450.0, 620.0}) add(HPT1N, SPT1N, 100 * (1 + hair), t);
+    for (const double t : {280.0, 600.0, 1000.0}) add(HPT2N, SPT2N, 0.0006112127 * (1 - hair), t);
+    for (const double t : {880.0, 1073.15}) add(HPT2N, SPT2N, 100 * (1 + hair), t);
+    for (const double t : {1080.0, 2273.15}) add(HPT5N, SPT5N, 50 * (1 + hair), t);
+    for (const double p : {0.001, 5.0, 99.0}) add(HPT1N, SPT1N, p, 273.15 * (1 - hair));
+    for (const double p : {51.0, 99.0}) add(HPT2N, SPT2N, p, 1073.15 * (1 + hair));
+    for (const double p : {0.0007, 5.0, 49.0}) add(HPT5N, SPT5N, p, 2273.15 * (1 + hair));
+    for (const double x : {0.1, 0.5, 1.0}) {
+        const double t = 273.15 * (1 - hair), p = 0.000611212677;
+        const double h = HPT1N(&p, &t), s = SPT1N(&p, &t);
+        states.push_back({h + x * (HPT2N(&p, &t) - h), s + x * (SPT2N(&p, &t) - s)});
+    }
+    return states;
+}
+
+TEST(BadInput, FunctionsOfHsOutsideTheRange) {
+    for (const State& s : outside_states_hs()) {
+        for (const auto& row : hs_b) EXPECT_ANSWER(failed, of_line, row.call, &s.p, &s.t);
+        for (const auto& row : hs_o) EXPECT_ANSWER(failed, outside, row.call, &s.p, &s.t);
+        for (const auto& row : region_of_hs) EXPECT_ANSWER(0.0, of_line, row.call, &s.p, &s.t);
+    }
+}
+
 // Inside the range nobody touches the code; cp and w know no wet steam, the quality nothing else.
 TEST(BadInput, FunctionsOfPhAndPsByPhase) {
     for (const InverseState& state : inverse_inside) {
@@ -247,6 +285,15 @@ TEST(BadInput, FunctionsOfPhAndPsByPhase) {
             }
         };
         expect_answers(inverse_b), expect_answers(inverse_o), expect_answers(inverse_region);
+        const auto expect_answers_hs = [&](const auto& rows) {
+            for (const auto& row : rows) {
+                const double s = SOPH(&state.p, &state.h);
+                const Answer got = answer(of_line, row.call, &state.h, &s);
+                EXPECT_TRUE(std::isfinite(got.value) && got.value > 0) << row.name;
+                EXPECT_EQ(got.code, of_line) << row.name << ' ' << state.region;
+            }
+        };
+        expect_answers_hs(hs_b), expect_answers_hs(hs_o), expect_answers_hs(region_of_hs);
         for (const auto& row : inverse_given) {
             const double y = row.pair == Pair::ph ? state.h : state.s;
             int region = 0;
@@ -418,6 +465,7 @@ TEST(ExportTable, HoldsEveryExport) {
     add(region_given), add(natives), add(saturation_line);
     add(physical_o), add(physical_td);
     add(refractive_pt), add(refractive_td), add(refractive_saturated);
+    add(hs_b), add(hs_o), add(region_of_hs);
     add(inverse_b), add(inverse_o), add(inverse_region), add(inverse_given);
     add(unchecked), add(wet_steam), add(of_td), add(region_of_tv), add(solved);
     std::ifstream list(EXPORT_LIST);

@@ -212,6 +212,11 @@ inline constexpr InverseGivenRow inverse_given[] = {
     {ROW(TPS), Pair::ps},
 };
 
+// (h, s) with range check: an answer for one phase and for two; sentinel alone, or code as well.
+inline constexpr PairRow hs_b[] = {{ROW(PBHS)}, {ROW(TBHS)}, {ROW(DBHS)}};
+inline constexpr PairRow hs_o[] = {{ROW(POHS)}, {ROW(TOHS)}, {ROW(VOHS)}, {ROW(DOHS)}};
+inline constexpr PairRow region_of_hs[] = {{ROW(REGIONHS)}};
+
 // One argument on the saturation line, from `lowest` to `highest`; code 0: the sentinel alone. The
 // codeless range starts lower than the line on purpose; the range that is open at 0 has answers
 // from the line's lower end.

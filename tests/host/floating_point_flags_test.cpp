@@ -82,6 +82,14 @@ void each_pt_export(const State& s, const Visit& visit) {
 }
 
 template <class Visit>
+void each_hs_export(double h, double s, const Visit& visit) {
+    const auto visit_rows = [&](const auto& rows) {
+        for (const auto& row : rows) visit(row.name, {h, s}, [&] { row.call(&h, &s); });
+    };
+    visit_rows(hs_b), visit_rows(hs_o), visit_rows(region_of_hs);
+}
+
+template <class Visit>
 void each_native_export(const State& s, const Visit& visit) {
     const int region = static_cast<int>(REGIONPT(&s.p, &s.t));
     if (region == 4) return;
@@ -118,6 +126,7 @@ void each_native_export(const State& s, const Visit& visit) {
     }
     for (const auto& row : of_td) visit(row.name, {s.t, d}, [&] { row.call(&s.t, &d); });
     for (const auto& row : region_of_tv) visit(row.name, {s.t, v}, [&] { row.call(&s.t, &v); });
+    each_hs_export(h, entropy, visit);
     if (region != 3) return;
     const double start = 1.0 / v, tolerance = 1e-6;
     visit("DITER3", {s.p, s.t, start, tolerance}, [&] { DITER3(&s.p, &s.t, &start, &tolerance); });
@@ -181,7 +190,19 @@ TEST(FloatingPointFlags, RefusedStatesRaiseNone) {
             for (const State& s : {State{p, t}, State{p, 300.0}, State{3.0, t}}) {
                 each_pt_export(s, expect_no_flag);
             }
+            each_hs_export(p, t, expect_no_flag);
         }
+    }
+}
+
+// Wet steam, and pairs of no state among those of some.
+TEST(FloatingPointFlags, AnyEnthalpyAndEntropyRaisesNone) {
+    std::mt19937_64 random(21);
+    std::uniform_real_distribution<double> h_of(-0.1, 7400), s_of(-0.01, 14), h_low(-0.1, 3000),
+        s_low(-0.01, 9.2);
+    for (int i = 0; i < 20000; ++i) {
+        each_hs_export(h_of(random), s_of(random), expect_no_flag);
+        each_hs_export(h_low(random), s_low(random), expect_no_flag);
     }
 }
 
