@@ -45,10 +45,18 @@ struct Box {
     double x_low, x_high, t_low, t_high;
 };
 
+// Pressure or density after a step; by_ratio for a pressure on whose logarithm h and s depend: the
+// exponential of the relative step to third order.
+double by_step(double x, double step) noexcept { return x + step; }
+double by_ratio(double x, double step) noexcept {
+    const double relative = step / x;
+    return x * ((2 + relative) / (2 - relative));
+}
+
 // Newton's method from a start nearby. Given up, not converged, as soon as it leaves the box, where
 // the equation has no meaning. The residuals of the point before, kJ/kg, tell when the error, of
 // second order in them, is one of rounding.
-template <class TangentsOf>
+template <auto advance = by_step, class TangentsOf>
 bool newton_hs(TangentsOf tangents, double h, double s, const Box& box, double settled, double& x,
                double& t) noexcept {
     constexpr int rounds = 15;
@@ -60,19 +68,20 @@ bool newton_hs(TangentsOf tangents, double h, double s, const Box& box, double s
         const double h_left = h - f.a;
         const double s_left = s - f.b;
         const Point step = newton_step(f, h_left, s_left);
-        x += step.x;
+        x = advance(x, step.x);
         t += step.y;
         if (std::fabs(h_left) + t * std::fabs(s_left) < settled) return in_box();
     }
     return false;
 }
 
-constexpr double settled_gibbs = 1e-5;
-constexpr double settled_dense = 1e-6;
+constexpr double settled_12 = 1e-5;
+constexpr double settled_3 = 1e-6;
+constexpr double settled_5 = 1e-3;
 
 Attempt attempt1(double h, double s, double p, double t) noexcept {
     constexpr Box box{-10, 200, 250, 700};
-    if (!newton_hs(region1::hs_tangents, h, s, box, settled_gibbs, p, t)) return no_solution;
+    if (!newton_hs(region1::hs_tangents, h, s, box, settled_12, p, t)) return no_solution;
     const auto result = [&](int region) noexcept { return Attempt{{1, p, t, 0}, region, true}; };
     if (t > T_13 + t_rounding) return result(3);
     const double ps = psat(t);
@@ -85,7 +94,7 @@ constexpr double p_near_max_5 = 1.01 * p_max_5;  // from here no state of region
 
 Attempt attempt2(double h, double s, double p, double t) noexcept {
     constexpr Box box{1e-5, 200, 250, 1400};
-    if (!newton_hs(region2::hs_tangents, h, s, box, settled_gibbs, p, t)) return no_solution;
+    if (!newton_hs(region2::hs_tangents, h, s, box, settled_12, p, t)) return no_solution;
     const auto result = [&](int region) noexcept { return Attempt{{2, p, t, 0}, region, true}; };
     if (t > T_25 + t_rounding) return result(p < p_near_max_5 ? 5 : pt::outside);
     if (t < T_min - t_rounding) return result(two_phase);
@@ -112,7 +121,7 @@ bool in_dome(double d, double p, double t) noexcept {
 
 Attempt attempt3(double h, double s, double d, double t) noexcept {
     constexpr Box box{50, 800, 600, 900};
-    if (!newton_hs(region3::hs_tangents, h, s, box, settled_dense, d, t)) return no_solution;
+    if (!newton_hs(region3::hs_tangents, h, s, box, settled_3, d, t)) return no_solution;
     double p = region3::p(d, t);
     const auto result = [&](int region) noexcept { return Attempt{{3, p, t, d}, region, true}; };
     if (t < T_13 - t_rounding) return result(d > d_crit ? 1 : 2);
@@ -125,7 +134,7 @@ Attempt attempt3(double h, double s, double d, double t) noexcept {
 
 Attempt attempt5(double h, double s, double p, double t) noexcept {
     constexpr Box box{1e-5, 200, 900, 3000};
-    if (!newton_hs(region5::hs_tangents, h, s, box, settled_gibbs, p, t)) return no_solution;
+    if (!newton_hs<by_ratio>(region5::hs_tangents, h, s, box, settled_5, p, t)) return no_solution;
     const auto result = [&](int region) noexcept { return Attempt{{5, p, t, 0}, region, true}; };
     if (t < T_25 - t_rounding) return result(2);
     const bool inside =
@@ -209,7 +218,10 @@ Attempt attempt_from(const State& near, int region, double h, double s) noexcept
 // that f has no root there. In the gap of some mK between the two it ends on the limit itself.
 WetSolution solve_wet(double h, double s) noexcept {
     constexpr int rounds = 20;
-    constexpr double settled = 1e-6;     // step, K, after which the error is one of rounding
+    // Steps after which the error is one of rounding: K; K2, the secant's together with the way
+    // that it was drawn over.
+    constexpr double settled = 1e-6;
+    constexpr double settled_secant = 1e-7;
     constexpr double secant_way = 1e-5;  // K, from here f itself gives the better slope
     constexpr double f_rounding = 1e-9;  // kJ/kg
     constexpr double s_t_mean = 0.01;    // kJ/(kg K2), where there is vapour enough not to matter
@@ -233,10 +245,10 @@ WetSolution solve_wet(double h, double s) noexcept {
         const double x = (s - s_liquid) / s_vaporization;
         const double f = h - h_liquid - (s - s_liquid) * tau;
         const double way = t - t_before;
+        const bool secant = std::fabs(way) > secant_way;
         const double f_t =
-            std::fabs(way) > secant_way
-                ? (f - f_before) / way + 0.5 * s_t * way
-                : s_liquid - s - 1000 * at.liquid<pt::v>() / tsat_p(p) + (tau - t) * s_t;
+            secant ? (f - f_before) / way + 0.5 * s_t * way
+                   : s_liquid - s - 1000 * at.liquid<pt::v>() / tsat_p(p) + (tau - t) * s_t;
         t_before = t;
         f_before = f;
         const double square = f_t * f_t - 2 * f * s_t;
@@ -258,7 +270,9 @@ WetSolution solve_wet(double h, double s) noexcept {
         }
         const bool at_limit = t + step != next;
         t = next;
-        if (std::fabs(step) < settled && !at_limit) {
+        const bool small =
+            std::fabs(step) < settled || (secant && std::fabs(step * way) < settled_secant);
+        if (small && !at_limit) {
             return {t, x, square >= 0 ? Wet::found : Wet::none};
         }
     }
