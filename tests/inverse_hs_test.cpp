@@ -113,7 +113,7 @@ TEST(InverseHs, OFamilyReproducesHAndS) {
                 << sweep.name << ' ' << digits({p0, t0, h, s, p, t, d});
             EXPECT_TRUE(p >= p_low * (1 - 1e-7) && p <= (t > t_25 ? p_high_5 : p_high) * 1.000001);
             EXPECT_NEAR(call<VOHS>(h, s) * d, 1, 1e-15) << sweep.name << digits({h, s});
-            const auto check = [&](double h_found, double s_found) {
+            const auto check = [&, h = h, s = s](double h_found, double s_found) {
                 const double h_scale = std::max(std::abs(h), 0.461526 * t);
                 const double s_scale = std::max(std::abs(s), 0.461526);
                 const std::string name = sweep.name;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // Region of (h, s) by the boundary equations of the releases.
-// Source: IAPWS SR4-04(2014), its Figs. 2 to 6 and Eqs. (3) to (8).
+// Source: IAPWS SR4-04(2014), Eqs. (3) to (8).
 #pragma once
 
 #include "inverse/second_variable.hpp"
