@@ -122,7 +122,7 @@ void add_region(int region) {
     add("REGIONPT" + in, region, p, T, REGIONPT, baseline::region);
 }
 
-// B- and O-family of (p, h) and (p, s).
+// B- and O-family of (p, h), (p, s) and (h, s).
 void add_pairs(int region, Plain2 t_ph, Plain2 t_ps) {
     const std::string in = region == 0 ? "/regions 1 and 2" : "/region " + std::to_string(region);
     add("REGIONPH" + in, region, p, h, REGIONPH);
@@ -151,6 +151,14 @@ void add_pairs(int region, Plain2 t_ph, Plain2 t_ps) {
     add("HOPS" + in, region, p, s, HOPS);
     add("CPOPS" + in, region, p, s, CPOPS);
     add("WOPS" + in, region, p, s, WOPS);
+    add("REGIONHS" + in, region, h, s, REGIONHS);
+    add("PBHS" + in, region, h, s, PBHS);
+    add("TBHS" + in, region, h, s, TBHS);
+    add("DBHS" + in, region, h, s, DBHS);
+    add("POHS" + in, region, h, s, POHS);
+    add("TOHS" + in, region, h, s, TOHS);
+    add("VOHS" + in, region, h, s, VOHS);
+    add("DOHS" + in, region, h, s, DOHS);
 }
 
 // A function of the mix: its frequency of use in percent, IAPWS R7-97(2012), Tables 45 and 46.

@@ -16,8 +16,8 @@ struct WetTemperature {
 };
 
 // Given:    h  specific enthalpy, kJ/kg;  s  specific entropy, kJ/(kg K).
-// Returned: the temperature, good to some 0.1 K but for wet steam of next to no vapour, held
-//           between 273.15 K and the critical temperature.
+// Returned: the temperature, held between 273.15 K and the critical one: within 0.09 K from a
+//           quality of 0.1, 0.3 K from 0.01 and 1.4 K below.
 [[nodiscard]] WetTemperature wet_temperature_estimate(double h, double s) noexcept;
 
 }  // namespace vaprix
