@@ -35,9 +35,8 @@ State resolve_b(double h, double s) noexcept {
         case 2:
             state.p = region2::p_hs(h, s);
             // above 50 MPa, where there is no region 5, the isotherm 1073.15 K is a limit
-            surely_inside =
-                state.p > p_min * (1 + p_error) && state.p < p_max * (1 - p_error) &&
-                (state.p < p_max_5 || inverse::Enthalpy::below_t25(state.p, h + h_error));
+            surely_inside = state.p > p_min * (1 + p_error) && state.p < p_max * (1 - p_error) &&
+                            (state.p < p_max_5 || below_t25(state.p, h + h_error));
             break;
         case 3:
             state.p = region3::p_hs(h, s);

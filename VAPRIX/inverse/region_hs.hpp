@@ -28,13 +28,28 @@ inline constexpr double s_lowest = -0.0086, s_highest = 13.906;  // kJ/(kg K)
     return 1560 + (s < 6.0 ? 820 : 1110) * (s - boundaries_hs::s_13_min);
 }
 
+// Enthalpies, kJ/kg, that settle a comparison before an equation is evaluated; the extremes they
+// enclose are in the comments.
+inline constexpr double above_saturated = 2803.3;  // h2(p, Ts) <= 2803.285
+inline constexpr double lowest_region5 = 3925.9;   // h2(p, 1073.15 K) >= 3925.96 up to 50 MPa
+inline constexpr double beyond_region2 = 4160.7;   // h2(p, 1073.15 K) <= 4160.661
+
+// Whether h at p is below that of the isotherm 1073.15 K.
+[[nodiscard]] inline bool below_t25(double p, double h) noexcept {
+    if (p >= p_min && p <= p_max) {
+        const LimitBounds t25 = inverse::Enthalpy::limits[isobar_band(p)].t25;
+        if (h < static_cast<double>(t25.low)) return true;
+        if (h > static_cast<double>(t25.high)) return false;
+    }
+    return h <= region2::h(p, T_25);
+}
+
 // Region of (h, s), with limits of pressure and temperature not examined but for that between
 // regions 2 and 5.
 // Returned: 1, 2, 3, 5, two_phase; pt::outside beyond the limits above, for wet steam colder than
 //           273.15 K by more than 1 kJ/kg, and for a NaN.
 [[nodiscard]] inline int region_unlimited(double h, double s) noexcept {
     using namespace boundaries_hs;
-    using inverse::Enthalpy;
 
     if (!(h >= h_lowest && h <= h_highest && s >= s_lowest && s <= s_highest && h > T_min * s - 1 &&
           h < h_beyond_p_max(
@@ -46,21 +61,19 @@ inline constexpr double s_lowest = -0.0086, s_highest = 13.906;  // kJ/(kg K)
         return s > s_13_min && h > h_13(s) ? 3 : 1;
     }
     if (s <= region3::s_crit) return h < h_liquid_3a(s) ? two_phase : 3;
-    if (h > Enthalpy::beyond_region2) return 5;
+    if (h > beyond_region2) return 5;
     if (s < region2::s_2bc) {
-        if (h <= Enthalpy::above_saturated && h < h_vapour_2c3b(s)) return two_phase;
+        if (h <= above_saturated && h < h_vapour_2c3b(s)) return two_phase;
         if (s < s_23_min) return 3;
         if (s <= s_23_max && h < h_23_max &&
             (h <= h_23_min || region2::p_hs(h, s) > p_b23(t_23(h, s)))) {
             return 3;
         }
-    } else if (s <= s_vapour_max && h <= Enthalpy::above_saturated && h < h_vapour_2ab(s)) {
+    } else if (s <= s_vapour_max && h <= above_saturated && h < h_vapour_2ab(s)) {
         return two_phase;
     }
-    if (h < Enthalpy::lowest_region5) return 2;
-    const double p = region2::p_hs(h, s);
-    if (Enthalpy::below_t25(p, h)) return 2;
-    return Enthalpy::above_t25(p, h) || h > region2::h(p, T_25) ? 5 : 2;
+    if (h < lowest_region5) return 2;
+    return below_t25(region2::p_hs(h, s), h) ? 2 : 5;
 }
 
 }  // namespace vaprix::hs
