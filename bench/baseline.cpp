@@ -143,7 +143,7 @@ namespace {
 
 struct State3 {
     double delta, tau;
-    State3(double v, double t) : delta(1 / (vaprix::d_crit * v)), tau(vaprix::T_crit / t) {}
+    State3(double d, double t) : delta(d / vaprix::d_crit), tau(vaprix::T_crit / t) {}
     [[nodiscard]] double phi(int i, int j) const {
         const double log = j == 0 ? tables::region3_log_coefficient * log_derivative(delta, i) : 0;
         return log + sum(tables::region3, delta, tau, i, j);
@@ -152,47 +152,47 @@ struct State3 {
 
 }  // namespace
 
-double Region3::v(double v, double t) {
-    const State3 state(v, t);
-    return R * t / (1000 * v) * state.delta * state.phi(1, 0);
+double Region3::p(double d, double t) {
+    const State3 state(d, t);
+    return d * R * t / 1000 * state.delta * state.phi(1, 0);
 }
 
-double Region3::h(double v, double t) {
-    const State3 state(v, t);
+double Region3::h(double d, double t) {
+    const State3 state(d, t);
     return R * t * (state.tau * state.phi(0, 1) + state.delta * state.phi(1, 0));
 }
 
-double Region3::s(double v, double t) {
-    const State3 state(v, t);
+double Region3::s(double d, double t) {
+    const State3 state(d, t);
     return R * (state.tau * state.phi(0, 1) - state.phi(0, 0));
 }
 
-double Region3::u(double v, double t) {
-    const State3 state(v, t);
+double Region3::u(double d, double t) {
+    const State3 state(d, t);
     return R * t * state.tau * state.phi(0, 1);
 }
 
-double Region3::g(double v, double t) {
-    const State3 state(v, t);
+double Region3::g(double d, double t) {
+    const State3 state(d, t);
     return R * t * (state.phi(0, 0) + state.delta * state.phi(1, 0));
 }
 
-double Region3::f(double v, double t) { return R * t * State3(v, t).phi(0, 0); }
+double Region3::f(double d, double t) { return R * t * State3(d, t).phi(0, 0); }
 
-double Region3::cp(double v, double t) {
-    const State3 state(v, t);
+double Region3::cp(double d, double t) {
+    const State3 state(d, t);
     const double a = state.delta * (state.phi(1, 0) - state.tau * state.phi(1, 1));
     const double b = state.delta * (2 * state.phi(1, 0) + state.delta * state.phi(2, 0));
     return R * (a * a / b - state.tau * state.tau * state.phi(0, 2));
 }
 
-double Region3::cv(double v, double t) {
-    const State3 state(v, t);
+double Region3::cv(double d, double t) {
+    const State3 state(d, t);
     return -R * state.tau * state.tau * state.phi(0, 2);
 }
 
-double Region3::w(double v, double t) {
-    const State3 state(v, t);
+double Region3::w(double d, double t) {
+    const State3 state(d, t);
     const double a = state.delta * (state.phi(1, 0) - state.tau * state.phi(1, 1));
     const double b = state.delta * (2 * state.phi(1, 0) + state.delta * state.phi(2, 0));
     return std::sqrt(1000 * R * t * (b - a * a / (state.tau * state.tau * state.phi(0, 2))));
@@ -214,16 +214,28 @@ double t2_ps(double p, double s) {
                     : sum(tables::t2b_ps, p, 10 - s / 0.7853);
 }
 
-double t_ph(double p, double h) {
+namespace {
+
+double h3ab(double p) {
     const auto& n = tables::h3ab;
-    const double h3ab = n[0] + n[1] * p + n[2] * std::pow(p, 2) + n[3] * std::pow(p, 3);
-    return h <= h3ab ? 760 * sum(tables::t3a_ph, p / 100 + 0.240, h / 2300 - 0.615)
-                     : 860 * sum(tables::t3b_ph, p / 100 + 0.298, h / 2800 - 0.720);
+    return n[0] + n[1] * p + n[2] * std::pow(p, 2) + n[3] * std::pow(p, 3);
+}
+
+}  // namespace
+
+double t_ph(double p, double h) {
+    return h <= h3ab(p) ? 760 * sum(tables::t3a_ph, p / 100 + 0.240, h / 2300 - 0.615)
+                        : 860 * sum(tables::t3b_ph, p / 100 + 0.298, h / 2800 - 0.720);
 }
 
 double t_ps(double p, double s) {
     return s <= 4.41202148223476 ? 760 * sum(tables::t3a_ps, p / 100 + 0.240, s / 4.4 - 0.703)
                                  : 860 * sum(tables::t3b_ps, p / 100 + 0.760, s / 5.3 - 0.818);
+}
+
+double v_ph(double p, double h) {
+    return h <= h3ab(p) ? 0.0028 * sum(tables::v3a_ph, p / 100 + 0.128, h / 2100 - 0.727)
+                        : 0.0088 * sum(tables::v3b_ph, p / 100 + 0.0661, h / 2800 - 0.720);
 }
 
 double v_ps(double p, double s) {

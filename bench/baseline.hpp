@@ -23,18 +23,17 @@ struct Gibbs {
     static double w(double p, double t);
 };
 
-// Region 3: properties of (v, T), Eq. (28). A volume is what is given: as its baseline stands one
-// evaluation of the pressure, of which a search needs several.
+// Region 3: properties of (density, T), Eq. (28).
 struct Region3 {
-    static double v(double v, double t);
-    static double h(double v, double t);
-    static double s(double v, double t);
-    static double u(double v, double t);
-    static double g(double v, double t);
-    static double f(double v, double t);
-    static double cp(double v, double t);
-    static double cv(double v, double t);
-    static double w(double v, double t);
+    static double p(double d, double t);
+    static double h(double d, double t);
+    static double s(double d, double t);
+    static double u(double d, double t);
+    static double g(double d, double t);
+    static double f(double d, double t);
+    static double cp(double d, double t);
+    static double cv(double d, double t);
+    static double w(double d, double t);
 };
 
 // Regions 1 and 2: backward equations of (p, h) and (p, s), Eqs. (11), (13) and (20) to (27).
@@ -43,9 +42,10 @@ double t1_ps(double p, double s);
 double t2_ph(double p, double h);
 double t2_ps(double p, double s);
 
-// Region 3 backward equations, IAPWS SR3-03(2014), Eqs. (2), (3) and (6) to (9).
+// Region 3 backward equations, IAPWS SR3-03(2014), Eqs. (2) to (9).
 double t_ph(double p, double h);
 double t_ps(double p, double s);
+double v_ph(double p, double h);
 double v_ps(double p, double s);
 
 // Saturation line, Eqs. (30) and (31), and boundary of regions 2 and 3, Eq. (5).

@@ -2,7 +2,6 @@
 #include "states.hpp"
 
 #include <array>
-#include <cstddef>
 #include <random>
 
 #include "frame/constants.hpp"
@@ -10,48 +9,77 @@
 
 namespace {
 
-constexpr std::size_t count = 1 << 16;
+using namespace vaprix;
 
-bool belongs(double found, int region) {
-    return region == 0 ? found == 1 || found == 2 : found == region;
+using Random = std::mt19937_64;
+double uniform(Random& random, double low, double high) {
+    return std::uniform_real_distribution<double>(low, high)(random);
 }
 
-// Points of the saturation line: t uniform in temperature, p on its own uniform in pressure.
-std::vector<State> sample_line() {
-    using namespace vaprix;
-    std::mt19937_64 random(20260004U);
-    std::uniform_real_distribution<double> t_of(T_min, T_crit);
-    std::uniform_real_distribution<double> p_of(p_min, psat_13);
-    std::vector<State> found(count);
-    for (State& state : found) state = {p_of(random), t_of(random), 0, 0, 0};
-    return found;
-}
-
-std::vector<State> sample(int region) {
-    using namespace vaprix;
-    const std::array<double, 6> t_low{T_min, T_min, T_min, T_13, 0, T_25};
-    const std::array<double, 6> t_high{T_25, T_13, T_25, T_23_max, 0, T_max};
-    const auto k = static_cast<std::size_t>(region);
-    std::mt19937_64 random(20260000U + k);
-    std::uniform_real_distribution<double> t_of(t_low[k], t_high[k]);
-    std::uniform_real_distribution<double> p_of(p_min, region == 5 ? p_max_5 : p_max);
-
-    std::vector<State> found;
-    while (found.size() < count) {
-        State state{p_of(random), t_of(random), 0, 0, 0};
-        if (!belongs(REGIONPT(&state.p, &state.t), region)) continue;
-        state.v = VOPT(&state.p, &state.t);
-        state.h = HOPT(&state.p, &state.t);
-        state.s = SOPT(&state.p, &state.t);
-        found.push_back(state);
+State single_phase(Random& random, int region, double t_low, double t_high) {
+    for (;;) {
+        State a{};
+        a.t = uniform(random, t_low, t_high);
+        a.p = uniform(random, p_min, region == 5 ? p_max_5 : p_max);
+        if (REGIONPT(&a.p, &a.t) != region) continue;
+        a.d = DOPT(&a.p, &a.t);
+        a.v = VOPT(&a.p, &a.t);
+        a.h = HOPT(&a.p, &a.t);
+        a.s = SOPT(&a.p, &a.t);
+        return a;
     }
-    return found;
+}
+
+// x = 0: the saturated liquid.
+State saturated(double t, double x) {
+    State a{};
+    a.t = t;
+    a.x = x;
+    a.p = PBT(&t);
+    a.d = x == 0 ? DLOT(&t) : DOTX(&t, &x);
+    a.v = 1 / a.d;
+    a.h = HOTX(&t, &x);
+    a.s = SOTX(&t, &x);
+    return a;
+}
+
+State make(Set set, Random& random) {
+    switch (set) {
+        case Set::region1: return single_phase(random, 1, T_min, T_13);
+        case Set::region2: return single_phase(random, 2, T_min, T_25);
+        case Set::region3: return single_phase(random, 3, T_13, T_23_max);
+        case Set::region5: return single_phase(random, 5, T_25, T_max);
+        case Set::mixed: {
+            constexpr std::array<Set, 4> sets{Set::region1, Set::region2, Set::region3,
+                                              Set::region5};
+            const auto k = static_cast<std::size_t>(random());
+            return states(sets[k % sets.size()])[k / sets.size() % count];
+        }
+        case Set::line: {
+            State a{};
+            a.t = uniform(random, T_min, T_13);
+            a.p = uniform(random, p_min, psat_13);
+            return a;
+        }
+        case Set::dense: return saturated(uniform(random, T_13, T_crit), 0);
+        default: return saturated(uniform(random, T_min, T_13), uniform(random, 0, 1));
+    }
 }
 
 }  // namespace
 
-const std::vector<State>& states(int region) {
-    static const std::array<std::vector<State>, 6> all{sample(0), sample(1),     sample(2),
-                                                       sample(3), sample_line(), sample(5)};
-    return all[static_cast<std::size_t>(region)];
+const char* name_of(Set set) {
+    constexpr std::array names{"region 1", "region 2",        "region 3",       "region 5",
+                               "mixed",    "saturation line", "above 623.15 K", "wet steam"};
+    return names[static_cast<std::size_t>(set)];
+}
+
+const std::vector<State>& states(Set set) {
+    static std::array<std::vector<State>, 8> all;
+    const auto k = static_cast<std::size_t>(set);
+    if (all[k].empty()) {
+        Random random(20260000U + k);
+        for (std::size_t n = 0; n < count; ++n) all[k].push_back(make(set, random));
+    }
+    return all[k];
 }
