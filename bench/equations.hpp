@@ -4,6 +4,9 @@
 // to be included by one file of a program.
 #pragma once
 
+#include "pt/properties.hpp"
+#include "regions/b23.hpp"
+
 // clang-format off
 #include "regions/region1.cpp"
 #include "regions/region1_backward.cpp"
@@ -16,9 +19,6 @@
 #include "regions/region5.cpp"
 #include "regions/saturation_line.cpp"
 // clang-format on
-
-#include "pt/properties.hpp"
-#include "regions/b23.hpp"
 
 // Combinations of equations, the same for the library's and for the plain ones.
 namespace equations {
