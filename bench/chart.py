@@ -76,7 +76,8 @@ def draw(measured):
         y += 10 if meaning and y > TOP else 0
         middle = y + ROW / 2
         if meaning:
-            body.append(f'<text x="8" y="{middle + 4:.0f}">{export}<tspan class="small" dx="8">{meaning}</tspan></text>')
+            body.append(f'<text x="8" y="{middle + 4:.0f}">{export}'
+                        f'<tspan class="small" dx="8">{meaning}</tspan></text>')
         body.append(f'<text class="small" x="{LEFT - 8}" y="{middle + 4:.0f}" text-anchor="end">{states}</text>')
         body.append(f'<rect class="library" x="{LEFT}" y="{middle - BAR / 2:.1f}" '
                     f'width="{ns * scale:.1f}" height="{BAR}" rx="1.5"/>')
@@ -105,4 +106,5 @@ def draw(measured):
     height = y + 32
     parts = "\n".join(grid + body + legend)
     return (f'<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 {WIDTH} {height}" width="{WIDTH}" '
-            f'height="{height}" role="img">\n<title>Nanoseconds a call</title>\n<style>{STYLE}</style>\n{parts}\n</svg>\n')
+            f'height="{height}" role="img">\n<title>Nanoseconds a call</title>\n'
+            f'<style>{STYLE}</style>\n{parts}\n</svg>\n')

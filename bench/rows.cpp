@@ -30,20 +30,20 @@ template <class Call>
     }
 }
 
-template <auto function, Variable... of_>
+template <auto function, Variable... variables>
 struct ByReference {
-    static double of(const State& a) { return function(&(a.*of_)...); }
+    static double of(const State& a) { return function(&(a.*variables)...); }
 };
-template <auto function, Variable... of_>
+template <auto function, Variable... variables>
 struct ByValue {
-    static double of(const State& a) { return function((a.*of_)...); }
+    static double of(const State& a) { return function((a.*variables)...); }
 };
 
 // An export of these variables, and an equation of these variables.
-template <auto function, Variable... of_>
-constexpr Loop call = loop<ByReference<function, of_...>>;
-template <auto function, Variable... of_>
-constexpr Loop sum = loop<ByValue<function, of_...>>;
+template <auto function, Variable... variables>
+constexpr Loop call = loop<ByReference<function, variables...>>;
+template <auto function, Variable... variables>
+constexpr Loop equation = loop<ByValue<function, variables...>>;
 
 template <int region>
 struct HptGiven {
@@ -93,15 +93,15 @@ constexpr pt::Property volume{region1::v, region2::v, region3::p, vaprix::region
 
 // Term by term, and the floors of the O- and of the B-family.
 template <class Region, auto function>
-constexpr Loop plain = sum<function, Region::first, T>;
+constexpr Loop plain = equation<function, Region::first, T>;
 template <class Region, const Property& property>
-constexpr Loop floor_o = sum<in<Region::region, property>, Region::first, T>;
+constexpr Loop floor_o = equation<in<Region::region, property>, Region::first, T>;
 template <class Region, const Property& property>
 constexpr Loop floor_b = floor_o<Region, property>;
 template <const Property& property>
-constexpr Loop floor_b<Three, property> = sum<at_backward_volume<property>, p, T>;
+constexpr Loop floor_b<Three, property> = equation<at_backward_volume<property>, p, T>;
 template <>
-constexpr Loop floor_b<Three, volume> = sum<region3::v_pt, p, T>;
+constexpr Loop floor_b<Three, volume> = equation<region3::v_pt, p, T>;
 
 using Rows = std::vector<Row>;
 
@@ -110,7 +110,7 @@ void add_pt(Rows& rows) {
     constexpr Set in = R::set;
     rows.insert(rows.end(),
                 {
-                    {"REGIONPT", in, call<REGIONPT, p, T>, sum<baseline::region, p, T>},
+                    {"REGIONPT", in, call<REGIONPT, p, T>, equation<baseline::region, p, T>},
                     {"HPT", in, loop<HptGiven<R::region>>, plain<R, R::h>, floor_b<R, pt::h>},
                     {"VBPT", in, call<VBPT, p, T>, plain<R, R::v>, floor_b<R, volume>},
                     {"HBPT", in, call<HBPT, p, T>, plain<R, R::h>, floor_b<R, pt::h>},
@@ -153,35 +153,40 @@ void add_backward(Rows& rows) {
     constexpr Set in_ = R::set;
     constexpr int k = R::region;
     constexpr auto a = R::plain_t_ph, b = R::plain_t_ps;
-    rows.insert(rows.end(), {
-                                {"TBPH", in_, call<TBPH, p, h>, sum<a, p, h>, sum<R::t_ph, p, h>},
-                                {"VBPH", in_, call<VBPH, p, h>, sum<at_t<R::v, a>, p, h>,
-                                 sum<at_t<in<k, pt::v>, R::t_ph>, p, h>},
-                                {"SBPH", in_, call<SBPH, p, h>, sum<at_t<R::s, a>, p, h>,
-                                 sum<at_t<in<k, pt::s>, R::t_ph>, p, h>},
-                                {"WBPH", in_, call<WBPH, p, h>, sum<at_t<R::w, a>, p, h>,
-                                 sum<at_t<in<k, pt::w>, R::t_ph>, p, h>},
-                                {"TBPS", in_, call<TBPS, p, s>, sum<b, p, s>, sum<R::t_ps, p, s>},
-                                {"HBPS", in_, call<HBPS, p, s>, sum<at_t<R::h, b>, p, s>,
-                                 sum<at_t<in<k, pt::h>, R::t_ps>, p, s>},
-                            });
+    rows.insert(rows.end(),
+                {
+                    {"TBPH", in_, call<TBPH, p, h>, equation<a, p, h>, equation<R::t_ph, p, h>},
+                    {"VBPH", in_, call<VBPH, p, h>, equation<at_t<R::v, a>, p, h>,
+                     equation<at_t<in<k, pt::v>, R::t_ph>, p, h>},
+                    {"SBPH", in_, call<SBPH, p, h>, equation<at_t<R::s, a>, p, h>,
+                     equation<at_t<in<k, pt::s>, R::t_ph>, p, h>},
+                    {"WBPH", in_, call<WBPH, p, h>, equation<at_t<R::w, a>, p, h>,
+                     equation<at_t<in<k, pt::w>, R::t_ph>, p, h>},
+                    {"TBPS", in_, call<TBPS, p, s>, equation<b, p, s>, equation<R::t_ps, p, s>},
+                    {"HBPS", in_, call<HBPS, p, s>, equation<at_t<R::h, b>, p, s>,
+                     equation<at_t<in<k, pt::h>, R::t_ps>, p, s>},
+                });
 }
 
 void add_region3(Rows& rows) {
     constexpr Set in = Set::region3;
     using baseline::Region3;
-    rows.insert(
-        rows.end(),
-        {
-            {"HVT3N", in, call<HVT3N, &State::v, T>, sum<Region3::h, d, T>, sum<region3::h, d, T>},
-            {"DITER3", in, loop<Diter3>, sum<Region3::p, d, T>, sum<region3::p, d, T>},
-            {"TBPH", in, call<TBPH, p, h>, sum<baseline::t_ph, p, h>, sum<region3::t_ph, p, h>},
-            {"DBPH", in, call<DBPH, p, h>, sum<baseline::v_ph, p, h>, sum<region3::v_ph, p, h>},
-            {"SBPH", in, call<SBPH, p, h>},
-            {"TBPS", in, call<TBPS, p, s>, sum<baseline::t_ps, p, s>, sum<region3::t_ps, p, s>},
-            {"DBPS", in, call<DBPS, p, s>, sum<baseline::v_ps, p, s>, sum<region3::v_ps, p, s>},
-            {"HBPS", in, call<HBPS, p, s>},
-        });
+    rows.insert(rows.end(), {
+                                {"HVT3N", in, call<HVT3N, &State::v, T>, equation<Region3::h, d, T>,
+                                 equation<region3::h, d, T>},
+                                {"DITER3", in, loop<Diter3>, equation<Region3::p, d, T>,
+                                 equation<region3::p, d, T>},
+                                {"TBPH", in, call<TBPH, p, h>, equation<baseline::t_ph, p, h>,
+                                 equation<region3::t_ph, p, h>},
+                                {"DBPH", in, call<DBPH, p, h>, equation<baseline::v_ph, p, h>,
+                                 equation<region3::v_ph, p, h>},
+                                {"SBPH", in, call<SBPH, p, h>},
+                                {"TBPS", in, call<TBPS, p, s>, equation<baseline::t_ps, p, s>,
+                                 equation<region3::t_ps, p, s>},
+                                {"DBPS", in, call<DBPS, p, s>, equation<baseline::v_ps, p, s>,
+                                 equation<region3::v_ps, p, s>},
+                                {"HBPS", in, call<HBPS, p, s>},
+                            });
 }
 
 void add_region5(Rows& rows) {
@@ -201,47 +206,54 @@ void add_saturation(Rows& rows) {
     rows.insert(
         rows.end(),
         {
-            {"PBT", line, call<PBT, T>, sum<ps, T>, sum<psat, T>},
-            {"TBP", line, call<TBP, p>, sum<ts, p>, sum<tsat, p>},
-            {"TOP", line, call<TOP, p>, sum<ts, p>, sum<tsat, p>},
-            {"DTBPDP", line, call<DTBPDP, p>, sum<baseline::tsat_p, p>, sum<vaprix::tsat_p, p>},
-            {"H1BT", line, call<H1BT, T>, sum<of_t<One::h, ps>, T>, sum<of_t<region1::h, psat>, T>},
-            {"H2BT", line, call<H2BT, T>, sum<of_t<Two::h, ps>, T>, sum<of_t<region2::h, psat>, T>},
-            {"H1BP", line, call<H1BP, p>, sum<of_p<One::h, ts>, p>, sum<of_p<region1::h, tsat>, p>},
-            {"H2BP", line, call<H2BP, p>, sum<of_p<Two::h, ts>, p>, sum<of_p<region2::h, tsat>, p>},
-            {"H1OT", line, call<H1OT, T>, sum<of_t<One::h, ps>, T>, sum<of_t<region1::h, psat>, T>},
-            {"HVAPOT", line, call<HVAPOT, T>, sum<vaporisation<One::h, Two::h, ps>, T>,
-             sum<vaporisation<region1::h, region2::h, psat>, T>},
-            {"H1BT", dense, call<H1BT, T>, sum<Three::h, d, T>, sum<region3::h, d, T>},
-            {"HBTX", wet, call<HBTX, T, x>, sum<of_tx<One::h, Two::h, ps>, T, x>,
-             sum<of_tx<region1::h, region2::h, psat>, T, x>},
-            {"HOTX", wet, call<HOTX, T, x>, sum<of_tx<One::h, Two::h, ps>, T, x>,
-             sum<of_tx<region1::h, region2::h, psat>, T, x>},
-            {"DOPX", wet, call<DOPX, p, x>, sum<of_px<One::v, Two::v, ts>, p, x>,
-             sum<of_px<region1::v, region2::v, tsat>, p, x>},
+            {"PBT", line, call<PBT, T>, equation<ps, T>, equation<psat, T>},
+            {"TBP", line, call<TBP, p>, equation<ts, p>, equation<tsat, p>},
+            {"TOP", line, call<TOP, p>, equation<ts, p>, equation<tsat, p>},
+            {"DTBPDP", line, call<DTBPDP, p>, equation<baseline::tsat_p, p>,
+             equation<vaprix::tsat_p, p>},
+            {"H1BT", line, call<H1BT, T>, equation<of_t<One::h, ps>, T>,
+             equation<of_t<region1::h, psat>, T>},
+            {"H2BT", line, call<H2BT, T>, equation<of_t<Two::h, ps>, T>,
+             equation<of_t<region2::h, psat>, T>},
+            {"H1BP", line, call<H1BP, p>, equation<of_p<One::h, ts>, p>,
+             equation<of_p<region1::h, tsat>, p>},
+            {"H2BP", line, call<H2BP, p>, equation<of_p<Two::h, ts>, p>,
+             equation<of_p<region2::h, tsat>, p>},
+            {"H1OT", line, call<H1OT, T>, equation<of_t<One::h, ps>, T>,
+             equation<of_t<region1::h, psat>, T>},
+            {"HVAPOT", line, call<HVAPOT, T>, equation<vaporisation<One::h, Two::h, ps>, T>,
+             equation<vaporisation<region1::h, region2::h, psat>, T>},
+            {"H1BT", dense, call<H1BT, T>, equation<Three::h, d, T>, equation<region3::h, d, T>},
+            {"HBTX", wet, call<HBTX, T, x>, equation<of_tx<One::h, Two::h, ps>, T, x>,
+             equation<of_tx<region1::h, region2::h, psat>, T, x>},
+            {"HOTX", wet, call<HOTX, T, x>, equation<of_tx<One::h, Two::h, ps>, T, x>,
+             equation<of_tx<region1::h, region2::h, psat>, T, x>},
+            {"DOPX", wet, call<DOPX, p, x>, equation<of_px<One::v, Two::v, ts>, p, x>,
+             equation<of_px<region1::v, region2::v, tsat>, p, x>},
             {"REGIONPH", wet, call<REGIONPH, p, h>},
-            {"TBPH", wet, call<TBPH, p, h>, sum<ts, p>, sum<tsat, p>},
-            {"XBPH", wet, call<XBPH, p, h>, sum<x_of_py<One::h, Two::h, ts>, p, h>,
-             sum<x_of_py<region1::h, region2::h, tsat>, p, h>},
+            {"TBPH", wet, call<TBPH, p, h>, equation<ts, p>, equation<tsat, p>},
+            {"XBPH", wet, call<XBPH, p, h>, equation<x_of_py<One::h, Two::h, ts>, p, h>,
+             equation<x_of_py<region1::h, region2::h, tsat>, p, h>},
             {"SBPH", wet, call<SBPH, p, h>},
-            {"TOPH", wet, call<TOPH, p, h>, sum<ts, p>, sum<tsat, p>},
-            {"XOTD", wet, call<XOTD, T, d>, sum<x_of_tv<One::v, Two::v, ps>, T, &State::v>,
-             sum<x_of_tv<region1::v, region2::v, psat>, T, &State::v>},
-            {"POTD", wet, call<POTD, T, d>, sum<ps, T>, sum<psat, T>},
+            {"TOPH", wet, call<TOPH, p, h>, equation<ts, p>, equation<tsat, p>},
+            {"XOTD", wet, call<XOTD, T, d>, equation<x_of_tv<One::v, Two::v, ps>, T, &State::v>,
+             equation<x_of_tv<region1::v, region2::v, psat>, T, &State::v>},
+            {"POTD", wet, call<POTD, T, d>, equation<ps, T>, equation<psat, T>},
             {"HOTD", wet, call<HOTD, T, d>},
         });
 }
 
 void add_mixed(Rows& rows) {
     constexpr Set in = Set::mixed;
-    rows.insert(rows.end(), {
-                                {"REGIONPT", in, call<REGIONPT, p, T>, sum<baseline::region, p, T>},
-                                {"HBPT", in, call<HBPT, p, T>},
-                                {"HOPT", in, call<HOPT, p, T>},
-                                {"TBPH", in, call<TBPH, p, h>},
-                                {"TOPH", in, call<TOPH, p, h>},
-                                {"HOTD", in, call<HOTD, T, d>},
-                            });
+    rows.insert(rows.end(),
+                {
+                    {"REGIONPT", in, call<REGIONPT, p, T>, equation<baseline::region, p, T>},
+                    {"HBPT", in, call<HBPT, p, T>},
+                    {"HOPT", in, call<HOPT, p, T>},
+                    {"TBPH", in, call<TBPH, p, h>},
+                    {"TOPH", in, call<TOPH, p, h>},
+                    {"HOTD", in, call<HOTD, T, d>},
+                });
 }
 
 }  // namespace

@@ -61,8 +61,8 @@ constexpr States pt1{of_p, of_t1, "REGIONPT", 1}, pt2{of_p, {273.15, 1073.15}, "
 
 // A group: what its results may differ by, relatively, from another build; 0: they have a digest.
 // An export that the library does not have is passed over, and with it the digest of its group.
-// The bounds are some ten times what results move by when the last digit of log, exp, cbrt and log1p
-// is changed at random.
+// The bounds are some ten times what results move by when the last digit of log, exp, cbrt and
+// log1p is changed at random.
 constexpr double logarithm = 3e-13;
 constexpr double search = 1e-11;       // what a search ends on
 constexpr double through_zero = 1e-9;  // energies that pass through zero
