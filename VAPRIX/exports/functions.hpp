@@ -13,6 +13,8 @@
 #include "inverse/th.hpp"
 #include "inverse/ts.hpp"
 #include "inverse/tv.hpp"
+#include "inverse/vh.hpp"
+#include "inverse/vs.hpp"
 #include "pt/b_family.hpp"
 #include "pt/derived.hpp"
 #include "pt/o_family.hpp"

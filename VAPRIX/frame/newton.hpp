@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 
 namespace vaprix {
@@ -80,14 +81,20 @@ struct NewtonPoint {
             (f.a_x * b_left - f.b_x * a_left) / determinant};
 }
 
+// Corners between which a Newton iteration is held.
+struct Box {
+    Point low;
+    Point high;
+};
+
 // Point at which a = a_given and b = b_given, by Newton's method in two variables.
 //
 // Given:    tangents  a and b with their slopes at (x, y);  at  start point;  tolerance  relative
-//           step of both variables that ends the iteration.
+//           step of both variables that ends the iteration;  box  where no step may leave it.
 // Returned: the point, converged; the last one, not converged, after 20 rounds.
 template <class TangentsOf>
-NewtonPoint newton(TangentsOf tangents, double a_given, double b_given, Point at,
-                   double tolerance) noexcept {
+NewtonPoint newton(TangentsOf tangents, double a_given, double b_given, Point at, double tolerance,
+                   const Box* box = nullptr) noexcept {
     constexpr int rounds = 20;
     for (int round = 0; round < rounds; ++round) {
         const TangentPair f = tangents(at.x, at.y);
@@ -96,6 +103,10 @@ NewtonPoint newton(TangentsOf tangents, double a_given, double b_given, Point at
         at.y += step.y;
         if (std::fabs(step.x) < tolerance * at.x && std::fabs(step.y) < tolerance * at.y) {
             return {at, true};
+        }
+        if (box != nullptr) {
+            at.x = std::clamp(at.x, box->low.x, box->high.x);
+            at.y = std::clamp(at.y, box->low.y, box->high.y);
         }
     }
     return {at, false};

@@ -27,6 +27,7 @@ inline constexpr auto t5_start_s = polynomial(tables::t5_start_s);
 struct Enthalpy {
     static constexpr const pt::Property& y = pt::h;
     static constexpr const pt::Property& other = pt::s;  // the property that the pair gives for it
+    static constexpr double unit = R * T_min;  // what a rounding near its zero is measured by
 
     // range of validity
     static constexpr double lowest = -0.04158782623017032;
@@ -68,6 +69,11 @@ struct Enthalpy {
         return saturated.liquid<pt::h>() < h && h < saturated.vapour<pt::h>();
     }
 
+    // (dh/dp)_T from the volume and its slope (dv/dT)_p, kJ/(kg MPa)
+    static double slope_by_p(double t, double v, double v_t) noexcept {
+        return 1000 * (v - t * v_t);
+    }
+
     static constexpr auto tangent1 = region1::h_tangent;
     static constexpr auto tangent2 = region2::h_tangent;
     static constexpr auto tangent5 = region5::h_tangent;
@@ -79,6 +85,7 @@ struct Enthalpy {
 struct Entropy {
     static constexpr const pt::Property& y = pt::s;
     static constexpr const pt::Property& other = pt::h;
+    static constexpr double unit = R;
 
     static constexpr double lowest = -0.008582287092621963;
     static constexpr double highest = 13.9049560904359;
@@ -111,6 +118,11 @@ struct Entropy {
 
     // The O-family has no phase test of its own for (p, s).
     static bool is_wet_o(double p, double s) noexcept { return p < p3sat(s); }
+
+    // (ds/dp)_T, kJ/(kg K MPa)
+    static double slope_by_p(double /* t */, double /* v */, double v_t) noexcept {
+        return -1000 * v_t;
+    }
 
     static constexpr auto tangent1 = region1::s_tangent;
     static constexpr auto tangent2 = region2::s_tangent;

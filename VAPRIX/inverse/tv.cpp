@@ -5,6 +5,7 @@
 
 #include "frame/bracketed_newton.hpp"
 #include "frame/constants.hpp"
+#include "frame/error_code.hpp"
 #include "inverse/volume_limits.hpp"
 #include "pt/region_pt.hpp"
 #include "regions/b23.hpp"
@@ -119,6 +120,12 @@ double pressure_in(int region, double t, double v) noexcept {
 double p_b(double t, double v) noexcept {
     const int settled = region(t, v);
     return settled == pt::outside ? failed : pressure_in(settled, t, v);
+}
+
+double p_o(double t, double v) noexcept {
+    if (v < 0) return fail(ErrorCode::negative_density);
+    const double p = p_b(t, v);
+    return p > 0 ? p : fail(ErrorCode::property_range);
 }
 
 }  // namespace vaprix::tv

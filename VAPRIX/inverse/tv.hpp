@@ -24,4 +24,7 @@ namespace vaprix::tv {
 // Failure:  -99999.0 outside the range; no code.
 [[nodiscard]] double p_b(double t, double v) noexcept;
 
+// The same as the function of (T, 1/v) reports it: code -10003 for a negative v, else -10057.
+[[nodiscard]] double p_o(double t, double v) noexcept;
+
 }  // namespace vaprix::tv

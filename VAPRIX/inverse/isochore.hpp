@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: MIT
+//
+// State of (v, h) and (v, s), wet steam included. Along an isochore h and s rise with the
+// temperature, through every region that it passes (in cold liquid twice through the saturation
+// line), so that one temperature carries the pair.
+#pragma once
+
+#include <cmath>
+
+#include "frame/chandrupatla.hpp"
+#include "frame/error_code.hpp"
+#include "frame/newton.hpp"
+#include "inverse/second_variable.hpp"
+#include "inverse/td.hpp"
+#include "inverse/tv.hpp"
+#include "pt/region_pt.hpp"
+
+namespace vaprix::inverse {
+
+struct IsochoreState {
+    int region;  // 1, 2, 3, 5, pt::saturation_line for wet steam, or pt::outside
+    double t;    // K
+};
+inline constexpr IsochoreState no_state{pt::outside, failed};
+
+// h or s at the temperature t, K, by the equation of the region; the mixture's in wet steam.
+template <class Y>
+[[nodiscard]] double along_isochore(int region, double t, double v) noexcept {
+    if (region != pt::saturation_line) return td::evaluate_in<Y::y>(region, t, 1 / v);
+    const pt::SaturatedState saturated(psat(t), t);
+    return saturated.mixture<Y::y>(saturated.quality<pt::v>(v));
+}
+
+// A solution that misses an end of its range by no more than rounding is put on the end.
+[[nodiscard]] inline double on_end(double x, double low, double high) noexcept {
+    constexpr double rounding = 1e-11;  // relative, of the pressure of dense fluid
+    if (x < low && x > low * (1 - rounding)) return low;
+    if (x > high && x < high * (1 + rounding)) return high;
+    return x;
+}
+
+// State in region 1, 2 or 5 by Newton's method on (p, T); no_state where it does not converge to a
+// state of the region.
+template <class Y, int region>
+[[nodiscard]] IsochoreState solve_gibbs(double v, double y, Point start) noexcept {
+    constexpr double step = 1e-8;  // relative, after which the error is one of rounding
+    static constexpr Box anywhere{{1e-4, 250}, {2 * p_max, 1.1 * T_max}};
+    const auto tangents = [](double p, double t) noexcept -> TangentPair {
+        const auto pair = [=](Tangent volume, double v_t, Tangent isobar, double shift) noexcept {
+            return TangentPair{
+                volume.y,  volume.y_x, v_t, isobar.y - shift, Y::slope_by_p(t, volume.y, v_t),
+                isobar.y_x};
+        };
+        const auto shift = [p]() noexcept { return Y::along_isobar(p, 0); };
+        if constexpr (region == 1) {
+            return pair(region1::v_tangent(p, t), region1::v_t(p, t), Y::tangent1(p, t), 0);
+        } else if constexpr (region == 2) {
+            return pair(region2::v_tangent(p, t), region2::v_t(p, t), Y::tangent2(p, t), shift());
+        } else {
+            return pair(region5::v_tangent(p, t), region5::v_t(p, t), Y::tangent5(p, t), shift());
+        }
+    };
+    const auto [at, converged] = newton(tangents, v, y, start, step, &anywhere);
+    const double t = on_end(at.y, region == 5 ? T_25 : T_min,
+                            region == 1   ? T_13
+                            : region == 2 ? T_25
+                                          : T_max);
+    const double p = on_end(at.x, p_min, region == 5 ? p_max_5 : p_max);
+    return converged && pt::region_pt(p, t) == region ? IsochoreState{region, t} : no_state;
+}
+
+// State in region 3 by Newton's method on T.
+template <class Y>
+[[nodiscard]] IsochoreState solve_dense(double v, double y, double start) noexcept {
+    constexpr double step = 1e-8;
+    constexpr double just_above_13 = T_13 + 1.2e-13;  // the next number
+    const double d = 1 / v;
+    const auto tangent = [=](double t) noexcept {
+        const TangentPair at = Y::tangents3(d, t);
+        return Tangent{at.b, at.b_y};
+    };
+    const auto [solved, converged] = newton(tangent, y, start, step);
+    const double t = on_end(solved, just_above_13, T_23_max);
+    if (!(converged && t >= just_above_13 && t <= T_23_max)) return no_state;
+    const double lowest = p_b23(t);
+    const double p = on_end(region3::p(d, t), lowest, p_max);
+    if (!(p >= lowest && p <= p_max)) return no_state;
+    if (t < T_crit) {
+        const SaturatedDensities saturated = dsat3(t, psat(t));
+        if (d < saturated.liquid && d > saturated.vapour) return no_state;
+    }
+    return {3, t};
+}
+
+// The whole isochore searched for y. Where the equations of two regions leave a gap between their
+// values of y at the boundary, the boundary answers for it; where they overlap, either region.
+template <class Y>
+[[nodiscard]] IsochoreState search_isochore(double v, double y) noexcept {
+    constexpr double beyond = 1e9;      // residual of a temperature at which v is out of range
+    constexpr double spacing = 4e-16;   // relative, of temperatures told apart
+    constexpr double rounding = 1e-13;  // of y, relative to its natural scale
+    constexpr double any_dense = 1;     // m3/kg: v out of range below it is too small, else large
+    constexpr double region1_end = 1.3e-3;  // v1(100 MPa, 623.15 K) >= 0.0013
+    constexpr double region5_end = 9e-3;    // v5(50 MPa, 1073.15 K) >= 0.009
+
+    const auto residual = [=](double t) noexcept {
+        const int region = tv::region(t, v);
+        if (region == pt::outside) return v < any_dense ? beyond : -beyond;
+        return along_isochore<Y>(region, t, v) - y;
+    };
+    const auto state_at = [=](double t) noexcept { return IsochoreState{tv::region(t, v), t}; };
+    const double allowed = rounding * (std::fabs(y) + Y::unit);
+
+    const double highest = v < region1_end ? T_13 : v < region5_end ? T_25 : T_max;
+    const Residual low{T_min, residual(T_min)};
+    if (low.f >= 0) return low.f <= allowed ? state_at(low.x) : no_state;
+    const Residual high{highest, residual(highest)};
+    if (high.f <= 0) return high.f >= -allowed ? state_at(high.x) : no_state;
+
+    const Residual root = chandrupatla(residual, low, high, spacing);
+    if (std::fabs(root.f) <= allowed) return state_at(root.x);
+
+    // A jump, or an end of the range beside a corner, where the equations of the two regions that
+    // meet do not end at the same volume: the state may be on the other one's ground.
+    const double t = root.x;
+    if (const auto state = solve_dense<Y>(v, y, t); state.region != pt::outside) return state;
+    const double p = std::clamp(tv::pressure_in(2, t, v), p_min, p_max);
+    if (const auto state = solve_gibbs<Y, 2>(v, y, {p, t}); state.region != pt::outside) {
+        return state;
+    }
+    if (const auto state = solve_gibbs<Y, 1>(v, y, {p_max, t}); state.region != pt::outside) {
+        return state;
+    }
+    constexpr double neighbour = 4 * spacing;
+    const bool within = tv::region(t * (1 - neighbour), v) != pt::outside &&
+                        tv::region(t * (1 + neighbour), v) != pt::outside;
+    return within ? state_at(t) : no_state;
+}
+
+template <class Y>
+[[nodiscard]] IsochoreState state_on_isochore(double v, double y) noexcept {
+    if (!(v > 0 && std::fabs(y) < 2 * Y::highest)) return no_state;
+    return search_isochore<Y>(v, y);
+}
+
+template <class Y>
+[[nodiscard]] double region_reported_on_isochore(double v, double y) noexcept {
+    const int region = state_on_isochore<Y>(v, y).region;
+    return region == pt::saturation_line ? 4.0 : region;
+}
+
+template <class Y>
+[[nodiscard]] double p_on_isochore(double v, double y) noexcept {
+    const auto [region, t] = state_on_isochore<Y>(v, y);
+    return region == pt::outside ? failed : tv::pressure_in(region, t, v);
+}
+
+// The O-family's answer: a failure stores its code.
+[[nodiscard]] inline double or_outside_range(double answer) noexcept {
+    return answer == failed ? fail(ErrorCode::outside_range) : answer;
+}
+
+// Temperature, K, of (1/v, y). A density that has no volume in range is not inverted.
+template <class Y>
+[[nodiscard]] double t_of_density(double d, double y) noexcept {
+    constexpr double lowest = 1e-4;  // kg/m3, below p_min at any temperature
+    return or_outside_range(d > lowest ? state_on_isochore<Y>(1 / d, y).t : failed);
+}
+
+}  // namespace vaprix::inverse

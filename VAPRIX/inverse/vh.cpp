@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#include "inverse/vh.hpp"
+
+#include "inverse/isochore.hpp"
+
+namespace vaprix::vh {
+
+using Y = inverse::Enthalpy;
+
+double region_reported(double v, double h) noexcept {
+    return inverse::region_reported_on_isochore<Y>(v, h);
+}
+
+double p_b(double v, double h) noexcept { return inverse::p_on_isochore<Y>(v, h); }
+double p_o(double v, double h) noexcept { return inverse::or_outside_range(p_b(v, h)); }
+double t_b(double v, double h) noexcept { return inverse::state_on_isochore<Y>(v, h).t; }
+double t_d(double d, double h) noexcept { return inverse::t_of_density<Y>(d, h); }
+
+}  // namespace vaprix::vh
