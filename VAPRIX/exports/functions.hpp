@@ -30,6 +30,7 @@
 #include "regions/region5.hpp"
 #include "regions/region5_backward.hpp"
 #include "regions/saturated_densities.hpp"
+#include "saturation/inverse.hpp"
 #include "saturation/line.hpp"
 #include "saturation/saturated.hpp"
 #include "saturation/wet_steam.hpp"

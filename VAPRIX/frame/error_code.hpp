@@ -16,7 +16,12 @@ enum class ErrorCode : int {
     wet_steam_undefined = -10007,
     saturation_temperature_range = -10019,
     saturation_pressure_range = -10020,
+    saturated_entropy_range = -10033,
+    saturated_liquid_enthalpy_range = -10034,
+    saturated_vapour_enthalpy_range = -10035,
     quality_range = -10036,
+    saturated_enthalpy_range = -10037,
+    saturation_temperature_of_entropy_range = -10038,
     fugacity_above_t_max = -10050,
     outside_range = -10055,
     refractive_range = -10056,
@@ -40,6 +45,11 @@ template <ErrorCode code>
 [[nodiscard]] double fail() noexcept {
     if constexpr (code == no_code) return failed;
     return fail(code);
+}
+
+// An answer that may be failed, with the code stored if it is.
+[[nodiscard]] inline double or_fail(double answer, ErrorCode code) noexcept {
+    return answer == failed ? fail(code) : answer;
 }
 
 }  // namespace vaprix

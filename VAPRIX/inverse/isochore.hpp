@@ -155,16 +155,12 @@ template <class Y>
     return region == pt::outside ? failed : tv::pressure_in(region, t, v);
 }
 
-// The O-family's answer: a failure stores its code.
-[[nodiscard]] inline double or_outside_range(double answer) noexcept {
-    return answer == failed ? fail(ErrorCode::outside_range) : answer;
-}
-
 // Temperature, K, of (1/v, y). A density that has no volume in range is not inverted.
 template <class Y>
 [[nodiscard]] double t_of_density(double d, double y) noexcept {
     constexpr double lowest = 1e-4;  // kg/m3, below p_min at any temperature
-    return or_outside_range(d > lowest ? state_on_isochore<Y>(1 / d, y).t : failed);
+    return or_fail(d > lowest ? state_on_isochore<Y>(1 / d, y).t : failed,
+                   ErrorCode::outside_range);
 }
 
 }  // namespace vaprix::inverse

@@ -47,18 +47,36 @@ struct Backward {
 };
 
 constexpr auto theta_hs = 550 * polynomial(tables::tsat_hs);  // K
+// Eq. (30) and what its derivative needs.
+struct Forward {
+    double theta, A, B, C, beta;
+
+    explicit Forward(double t) noexcept
+        : theta(t + n9 / (t - n10)),
+          A((theta + n1) * theta + n2),
+          B((n3 * theta + n4) * theta + n5),
+          C((n6 * theta + n7) * theta + n8),
+          beta(2 * C / (signed_sqrt(B * B - 4 * A * C) - B)) {}
+};
 
 }  // namespace
 
 double psat(double t) noexcept {
     // Eq. (30) itself gives 22.064000000002 MPa at the critical temperature.
     if (std::fabs(t - T_crit) < critical_tolerance) return p_crit;
-    const double theta = t + n9 / (t - n10);
-    const double A = (theta + n1) * theta + n2;
-    const double B = (n3 * theta + n4) * theta + n5;
-    const double C = (n6 * theta + n7) * theta + n8;
-    const double beta = 2 * C / (signed_sqrt(B * B - 4 * A * C) - B);
-    return (beta * beta) * (beta * beta);
+    const Forward f(t);
+    return (f.beta * f.beta) * (f.beta * f.beta);
+}
+
+// dbeta/dtheta from A beta^2 + B beta + C = 0, Eq. (29)
+Tangent psat_tangent(double t) noexcept {
+    const Forward f(t);
+    const double beta2 = f.beta * f.beta;
+    const double by_theta =
+        (2 * f.theta + n1) * beta2 + (2 * n3 * f.theta + n4) * f.beta + (2 * n6 * f.theta + n7);
+    const double by_beta = 2 * f.A * f.beta + f.B;
+    const double theta_t = 1 - n9 / ((t - n10) * (t - n10));
+    return {beta2 * beta2, -4 * beta2 * f.beta * by_theta / by_beta * theta_t};
 }
 
 double tsat(double p) noexcept { return Backward(p).t(); }

@@ -4,10 +4,15 @@
 // Source: IAPWS R7-97(2012), Eqs. (29) to (31), Table 34; IAPWS SR4-04(2014), Eq. (9), Table 28.
 #pragma once
 
+#include "frame/newton.hpp"
+
 namespace vaprix {
 
 // Saturation pressure, MPa, of t, K: Eq. (30), exactly 22.064 MPa at 647.096 K.
 [[nodiscard]] double psat(double t) noexcept;
+
+// The same with its slope dps/dT, MPa/K, from shared sums.
+[[nodiscard]] Tangent psat_tangent(double t) noexcept;
 
 // Saturation temperature, K, of p, MPa: backward equation, Eq. (31).
 [[nodiscard]] double tsat(double p) noexcept;

@@ -2,27 +2,20 @@
 //
 // Fits the temperature of region 5 as polynomials of (h, p) and of (s + R ln p, p), where Newton's method
 // starts, and prints regions/tables/region5_start.hpp.
-//
-// Least squares, weighted again and again by the error that was left: close to the smallest greatest
-// error that the terms allow.
-#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdio>
 #include <random>
-#include <utility>
 #include <vector>
 
 #include "frame/constants.hpp"
 #include "frame/polynomial.hpp"
+#include "least_squares.hpp"
 #include "regions/region5.hpp"
 
 namespace {
 
-using Real = long double;
-
 constexpr int samples = 8000;
-constexpr int weightings = 25;
 
 struct Sample {
     double p, t, h, s;
@@ -44,65 +37,21 @@ std::vector<Sample> sample() {
     return found;
 }
 
-// Solution of the normal equations m, an augmented matrix, by elimination with pivoting.
-std::vector<Real> solve(std::vector<std::vector<Real>> m) {
-    const std::size_t n = m.size();
-    for (std::size_t i = 0; i < n; ++i) {
-        const auto larger = [i](const auto& a, const auto& b) {
-            return std::fabs(a[i]) < std::fabs(b[i]);
-        };
-        std::swap(m[i],
-                  *std::max_element(m.begin() + static_cast<std::ptrdiff_t>(i), m.end(), larger));
-        for (std::size_t r = i + 1; r < n; ++r) {
-            const Real factor = m[r][i] / m[i][i];
-            for (std::size_t c = i; c <= n; ++c) m[r][c] -= factor * m[i][c];
-        }
-    }
-    std::vector<Real> x(n);
-    for (std::size_t i = n; i-- > 0;) {
-        x[i] = m[i][n];
-        for (std::size_t c = i + 1; c < n; ++c) x[i] -= m[i][c] * x[c];
-        x[i] /= m[i][i];
-    }
-    return x;
-}
-
 // Prints the fit of t - 1073.15 K by terms x^I q^J of the given exponents, x = (y - y0) / scale.
 void print_fit(const char* name, double Sample::*y, double y0, double scale,
                const std::vector<vaprix::Term>& terms) {
     const std::vector<Sample> all = sample();
-    std::vector<Real> weight(all.size(), 1);
-    std::vector<Real> x;
-    std::vector<Real> error(all.size());
-    Real worst = 0;
-    for (int k = 0; k < weightings; ++k) {
-        std::vector<std::vector<Real>> m(terms.size(), std::vector<Real>(terms.size() + 1));
-        std::vector<std::vector<Real>> rows;
-        for (std::size_t i = 0; i < all.size(); ++i) {
-            std::vector<Real> row;
-            for (const vaprix::Term& term : terms) {
-                row.push_back(std::pow(Real(all[i].*y - y0) / Real(scale), term.I) *
-                              std::pow(Real(all[i].p) / Real(vaprix::p_max_5), term.J));
-            }
-            row.push_back(Real(all[i].t - vaprix::T_25));
-            for (std::size_t r = 0; r < terms.size(); ++r) {
-                for (std::size_t c = 0; c <= terms.size(); ++c) {
-                    m[r][c] += weight[i] * row[r] * row[c];
-                }
-            }
-            rows.push_back(row);
+    std::vector<std::vector<Real>> rows;
+    for (const Sample& at : all) {
+        std::vector<Real> row;
+        for (const vaprix::Term& term : terms) {
+            row.push_back(std::pow(Real(at.*y - y0) / Real(scale), term.I) *
+                          std::pow(Real(at.p) / Real(vaprix::p_max_5), term.J));
         }
-        x = solve(m);
-        worst = 0;
-        for (std::size_t i = 0; i < all.size(); ++i) {
-            error[i] = -rows[i].back();
-            for (std::size_t c = 0; c < terms.size(); ++c) error[i] += x[c] * rows[i][c];
-            worst = std::max(worst, std::fabs(error[i]));
-        }
-        for (std::size_t i = 0; i < all.size(); ++i) {
-            weight[i] *= Real(0.1) + std::fabs(error[i]) / worst;
-        }
+        row.push_back(Real(at.t - vaprix::T_25));
+        rows.push_back(row);
     }
+    const auto [x, worst] = fit(rows);
     std::printf("\n// Within %.2Lf K. x = (%s - %g) / %g.\ninline constexpr Term %s[] = {\n", worst,
                 y == &Sample::h ? "h" : "s + R ln p", y0, scale, name);
     for (std::size_t c = 0; c < terms.size(); ++c) {

@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: MIT
+#include "saturation/inverse.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+#include "frame/bracketed_newton.hpp"
+#include "frame/bracketed_secant.hpp"
+#include "frame/polynomial.hpp"
+#include "inverse/second_variable.hpp"
+#include "regions/tables/saturated_limits.hpp"
+
+namespace vaprix::saturation {
+namespace {
+
+using inverse::Enthalpy;
+using inverse::Entropy;
+using tables::SaturatedLimits;
+
+// Properties of a phase up to 623.15 K and their slopes along the saturation line, dy/dT = (dy/dT)_p
+// + (dy/dp)_T dps/dT.
+template <Phase phase>
+Tangent density_tangent(double t) noexcept {
+    const Tangent ps = psat_tangent(t);
+    const Tangent v = phase == liquid ? region1::v_tangent(ps.y, t) : region2::v_tangent(ps.y, t);
+    const double v_t = phase == liquid ? region1::v_t(ps.y, t) : region2::v_t(ps.y, t);
+    return {1 / v.y, -(v_t + v.y_x * ps.y_x) / (v.y * v.y)};
+}
+
+template <Phase phase, class Y>
+Tangent tangent(double t) noexcept {
+    const auto along = [t](Tangent ps, Tangent y, double shift, double v, double v_t) noexcept {
+        return Tangent{y.y - shift, y.y_x + Y::slope_by_p(t, v, v_t) * ps.y_x};
+    };
+    const Tangent ps = psat_tangent(t);
+    const double p = ps.y;
+    if constexpr (phase == liquid) {
+        return along(ps, Y::tangent1(p, t), 0, region1::v(p, t), region1::v_t(p, t));
+    } else {
+        return along(ps, Y::tangent2(p, t), Y::along_isobar(p, 0), region2::v(p, t),
+                     region2::v_t(p, t));
+    }
+}
+
+// One property of one phase: its value at a state, its tangent, its limits, and the variable and the
+// polynomials of the start value.
+struct LiquidDensity {
+    static constexpr auto value = density_of<liquid>;
+    static constexpr auto tangent = density_tangent<liquid>;
+    static constexpr const SaturatedLimits& limits = tables::limits_d1;
+    static constexpr auto start = polynomial(tables::start_d1);
+    static constexpr auto start_cold = polynomial(tables::start_d1_cold);
+};
+struct VapourDensity {
+    static constexpr auto value = density_of<vapour>;
+    static constexpr auto tangent = density_tangent<vapour>;
+    static constexpr const SaturatedLimits& limits = tables::limits_d2;
+    static constexpr auto start = polynomial(tables::start_d2);
+};
+struct LiquidEnthalpy {
+    static constexpr auto value = of<liquid, pt::h>;
+    static constexpr auto tangent = saturation::tangent<liquid, Enthalpy>;
+    static constexpr const SaturatedLimits& limits = tables::limits_h1;
+    static constexpr auto start = polynomial(tables::start_h1);
+};
+struct VapourEnthalpy {
+    static constexpr auto value = of<vapour, pt::h>;
+    static constexpr auto tangent = saturation::tangent<vapour, Enthalpy>;
+    static constexpr const SaturatedLimits& limits = tables::limits_h2;
+    static constexpr auto start = polynomial(tables::start_h2);
+    static constexpr auto start_cold = polynomial(tables::start_h2_cold);
+};
+struct LiquidEntropy {
+    static constexpr auto value = of<liquid, pt::s>;
+    static constexpr auto tangent = saturation::tangent<liquid, Entropy>;
+    static constexpr const SaturatedLimits& limits = tables::limits_s1;
+    static constexpr auto start = polynomial(tables::start_s1);
+};
+struct VapourEntropy {
+    static constexpr auto value = of<vapour, pt::s>;
+    static constexpr auto tangent = saturation::tangent<vapour, Entropy>;
+    static constexpr const SaturatedLimits& limits = tables::limits_s2;
+    static constexpr auto start = polynomial(tables::start_s2);
+};
+
+bool between(double y, double a, double b) noexcept {
+    return y >= std::min(a, b) && y <= std::max(a, b);
+}
+
+template <auto const& start>
+double start_at(double x) noexcept {
+    return evaluate<start>(x, 1.0);
+}
+
+double below_maximum(const SaturatedLimits& limits, double y) noexcept {
+    return std::sqrt(std::fmax(limits.y_max - y, 0));
+}
+
+template <class Property>
+double newton_from(double start, double y, double low, double high) noexcept {
+    constexpr double step = 1e-8;  // relative, after which the error is one of rounding
+    return bracketed_newton(Property::tangent, y, low, high, std::clamp(start, low, high), step).x;
+}
+
+// Above 623.15 K. The property bends like the square root of the distance from the critical point
+// while the densities are solved, like the cube root where they are estimated: in these it is
+// nearly a straight line.
+template <class Property>
+double t_dense(double y) noexcept {
+    constexpr const SaturatedLimits& limits = Property::limits;
+    const auto excess = [y](double t) noexcept { return Property::value({psat(t), t}) - y; };
+    if (between(y, limits.y_13_dense, limits.y_solved)) {
+        constexpr double step = 1e-9;  // relative
+        const auto t_of = [](double u) noexcept {
+            return std::min(T_crit * (1 - u * u), tables::t_solved);
+        };
+        const Residual cold{std::sqrt(1 - T_13 / T_crit), limits.y_13_dense - y};
+        const Residual hot{std::sqrt(1 - tables::t_solved / T_crit), limits.y_solved - y};
+        return t_of(
+            bracketed_secant([=](double u) noexcept { return excess(t_of(u)); }, cold, hot, step)
+                .x);
+    }
+    constexpr double step = 1e-5;  // a smaller one is soon less than the spacing of temperatures
+    const auto t_of = [](double x) noexcept { return T_crit * (1 - x * x * x); };
+    const Residual cold{std::cbrt(1 - tables::t_solved / T_crit), limits.y_estimated - y};
+    const Residual hot{0, limits.y_crit - y};
+    return t_of(
+        bracketed_secant([=](double x) noexcept { return excess(t_of(x)); }, cold, hot, step).x);
+}
+
+// A value beyond the greatest one by no more than rounding is that one.
+double up_to_maximum(const SaturatedLimits& limits, double y) noexcept {
+    constexpr double rounding = 2e-15;  // relative
+    return y > limits.y_max && y <= limits.y_max * (1 + rounding) ? limits.y_max : y;
+}
+
+// The branch that reaches the critical point, from the maximum or from 273.15 K.
+template <class Property>
+double t_warm(double y_given, double start) noexcept {
+    constexpr const SaturatedLimits& limits = Property::limits;
+    const double y = up_to_maximum(limits, y_given);
+    if (between(y, limits.y_max, limits.y_13)) {
+        return newton_from<Property>(start, y, limits.t_max, T_13);
+    }
+    // between the two equations that meet at 623.15 K
+    if (between(y, limits.y_13, limits.y_13_dense)) return T_13;
+    return between(y, limits.y_13_dense, limits.y_crit) ? t_dense<Property>(y) : failed;
+}
+
+template <class Property>
+double t_cold(double y_given) noexcept {
+    constexpr const SaturatedLimits& limits = Property::limits;
+    const double y = up_to_maximum(limits, y_given);
+    if (!between(y, limits.y_min, limits.y_max)) return failed;
+    const double start = start_at<Property::start_cold>(below_maximum(limits, y));
+    return newton_from<Property>(start, y, T_min, limits.t_max);
+}
+
+// The start value of a property that has no maximum.
+template <class Property>
+double monotonic_start(double y) noexcept {
+    return start_at<Property::start>(y * (1 / Property::limits.y_crit));
+}
+
+}  // namespace
+
+double t_d(double d) noexcept {
+    if (d > d_crit) {
+        const double x = below_maximum(LiquidDensity::limits, d);
+        return t_warm<LiquidDensity>(d, start_at<LiquidDensity::start>(x));
+    }
+    if (!(d >= VapourDensity::limits.y_min)) return failed;
+    return t_warm<VapourDensity>(d, start_at<VapourDensity::start>(std::log(d)));
+}
+
+double t_d_cold(double d) noexcept { return t_cold<LiquidDensity>(d); }
+
+double t_h_liquid(double h) noexcept {
+    return t_warm<LiquidEnthalpy>(h, monotonic_start<LiquidEnthalpy>(h));
+}
+
+double t_h_vapour(double h) noexcept {
+    const double x = below_maximum(VapourEnthalpy::limits, h);
+    return t_warm<VapourEnthalpy>(h, start_at<VapourEnthalpy::start>(x));
+}
+
+double t_h_vapour_cold(double h) noexcept { return t_cold<VapourEnthalpy>(h); }
+
+double t_h(double h) noexcept {
+    return h > VapourEnthalpy::limits.y_crit ? t_h_vapour(h) : t_h_liquid(h);
+}
+
+double t_s_liquid(double s) noexcept {
+    return t_warm<LiquidEntropy>(s, monotonic_start<LiquidEntropy>(s));
+}
+
+double t_s_vapour(double s) noexcept {
+    return t_warm<VapourEntropy>(s, monotonic_start<VapourEntropy>(s));
+}
+
+double t_s(double s) noexcept {
+    return s > VapourEntropy::limits.y_crit ? t_s_vapour(s) : t_s_liquid(s);
+}
+
+ErrorCode density_code(double d) noexcept {
+    return d < 0 ? ErrorCode::negative_density : ErrorCode::property_range;
+}
+
+ErrorCode cold_vapour_code(double h) noexcept {
+    return h >= LiquidEnthalpy::limits.y_min ? ErrorCode::saturated_vapour_enthalpy_range
+                                             : ErrorCode::saturated_enthalpy_range;
+}
+
+}  // namespace vaprix::saturation
