@@ -5,8 +5,10 @@
 // line), so that one temperature carries the pair.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 
+#include "frame/bracketed_newton.hpp"
 #include "frame/chandrupatla.hpp"
 #include "frame/error_code.hpp"
 #include "frame/newton.hpp"
@@ -22,6 +24,12 @@ struct IsochoreState {
     double t;    // K
 };
 inline constexpr IsochoreState no_state{pt::outside, failed};
+
+// What rounding may make of y, worst at the dense end of region 3.
+template <class Y>
+[[nodiscard]] double rounding_of(double y) noexcept {
+    return 5e-13 * (std::fabs(y) + Y::unit);
+}
 
 // h or s at the temperature t, K, by the equation of the region; the mixture's in wet steam.
 template <class Y>
@@ -44,7 +52,7 @@ template <class Y>
 template <class Y, int region>
 [[nodiscard]] IsochoreState solve_gibbs(double v, double y, Point start) noexcept {
     constexpr double step = 1e-8;  // relative, after which the error is one of rounding
-    static constexpr Box anywhere{{1e-4, 250}, {2 * p_max, 1.1 * T_max}};
+    static constexpr Box around{{1e-4, 250}, {2 * p_max, region == 1 ? 640 : 1.1 * T_max}};
     const auto tangents = [](double p, double t) noexcept -> TangentPair {
         const auto pair = [=](Tangent volume, double v_t, Tangent isobar, double shift) noexcept {
             return TangentPair{
@@ -60,7 +68,7 @@ template <class Y, int region>
             return pair(region5::v_tangent(p, t), region5::v_t(p, t), Y::tangent5(p, t), shift());
         }
     };
-    const auto [at, converged] = newton(tangents, v, y, start, step, &anywhere);
+    const auto [at, converged] = newton(tangents, v, y, start, step, &around);
     const double t = on_end(at.y, region == 5 ? T_25 : T_min,
                             region == 1   ? T_13
                             : region == 2 ? T_25
@@ -69,19 +77,23 @@ template <class Y, int region>
     return converged && pt::region_pt(p, t) == region ? IsochoreState{region, t} : no_state;
 }
 
-// State in region 3 by Newton's method on T.
+// State in region 3 by Newton's method on T, held between its ends.
 template <class Y>
 [[nodiscard]] IsochoreState solve_dense(double v, double y, double start) noexcept {
-    constexpr double step = 1e-8;
+    constexpr double step = 1e-8;                     // relative, as above
     constexpr double just_above_13 = T_13 + 1.2e-13;  // the next number
     const double d = 1 / v;
     const auto tangent = [=](double t) noexcept {
         const TangentPair at = Y::tangents3(d, t);
         return Tangent{at.b, at.b_y};
     };
-    const auto [solved, converged] = newton(tangent, y, start, step);
-    const double t = on_end(solved, just_above_13, T_23_max);
-    if (!(converged && t >= just_above_13 && t <= T_23_max)) return no_state;
+    const auto [t, converged] = bracketed_newton(tangent, y, just_above_13, T_23_max,
+                                                 std::clamp(start, just_above_13, T_23_max), step);
+    if (!converged) return no_state;
+    const bool at_end = t <= just_above_13 || t >= T_23_max;
+    if (at_end && !(std::fabs(Y::y.region3(d, t) - y) <= rounding_of<Y>(y))) {
+        return no_state;
+    }
     const double lowest = p_b23(t);
     const double p = on_end(region3::p(d, t), lowest, p_max);
     if (!(p >= lowest && p <= p_max)) return no_state;
@@ -96,12 +108,11 @@ template <class Y>
 // values of y at the boundary, the boundary answers for it; where they overlap, either region.
 template <class Y>
 [[nodiscard]] IsochoreState search_isochore(double v, double y) noexcept {
-    constexpr double beyond = 1e9;      // residual of a temperature at which v is out of range
-    constexpr double spacing = 4e-16;   // relative, of temperatures told apart
-    constexpr double rounding = 1e-13;  // of y, relative to its natural scale
-    constexpr double any_dense = 1;     // m3/kg: v out of range below it is too small, else large
+    constexpr double beyond = 1e9;     // residual of a temperature at which v is out of range
+    constexpr double spacing = 4e-16;  // relative, of temperatures told apart
+    constexpr double any_dense = 1;    // m3/kg: v out of range below it is too small, else large
     constexpr double region1_end = 1.3e-3;  // v1(100 MPa, 623.15 K) >= 0.0013
-    constexpr double region5_end = 9e-3;    // v5(50 MPa, 1073.15 K) >= 0.009
+    constexpr double region5_end = 9e-3;  // v5(50 MPa, 1073.15 K) >= 0.009, as v of region 3 is not
 
     const auto residual = [=](double t) noexcept {
         const int region = tv::region(t, v);
@@ -109,7 +120,7 @@ template <class Y>
         return along_isochore<Y>(region, t, v) - y;
     };
     const auto state_at = [=](double t) noexcept { return IsochoreState{tv::region(t, v), t}; };
-    const double allowed = rounding * (std::fabs(y) + Y::unit);
+    const double allowed = rounding_of<Y>(y);
 
     const double highest = v < region1_end ? T_13 : v < region5_end ? T_25 : T_max;
     const Residual low{T_min, residual(T_min)};
@@ -123,14 +134,13 @@ template <class Y>
     // A jump, or an end of the range beside a corner, where the equations of the two regions that
     // meet do not end at the same volume: the state may be on the other one's ground.
     const double t = root.x;
-    if (const auto state = solve_dense<Y>(v, y, t); state.region != pt::outside) return state;
-    const double p = std::clamp(tv::pressure_in(2, t, v), p_min, p_max);
-    if (const auto state = solve_gibbs<Y, 2>(v, y, {p, t}); state.region != pt::outside) {
-        return state;
+    const auto found = [](const IsochoreState& state) { return state.region != pt::outside; };
+    if (v < region5_end) {
+        if (const auto state = solve_dense<Y>(v, y, t); found(state)) return state;
+        if (const auto state = solve_gibbs<Y, 1>(v, y, {p_max, t}); found(state)) return state;
     }
-    if (const auto state = solve_gibbs<Y, 1>(v, y, {p_max, t}); state.region != pt::outside) {
-        return state;
-    }
+    const double p = std::clamp(R / 1000 * t / v, p_min, p_max);
+    if (const auto state = solve_gibbs<Y, 2>(v, y, {p, t}); found(state)) return state;
     constexpr double neighbour = 4 * spacing;
     const bool within = tv::region(t * (1 - neighbour), v) != pt::outside &&
                         tv::region(t * (1 + neighbour), v) != pt::outside;

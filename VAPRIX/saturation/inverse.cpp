@@ -128,9 +128,10 @@ double t_dense(double y) noexcept {
         bracketed_secant([=](double x) noexcept { return excess(t_of(x)); }, cold, hot, step).x);
 }
 
+constexpr double rounding = 2e-15;  // relative, of a limit
+
 // A value beyond the greatest one by no more than rounding is that one.
 double up_to_maximum(const SaturatedLimits& limits, double y) noexcept {
-    constexpr double rounding = 2e-15;  // relative
     return y > limits.y_max && y <= limits.y_max * (1 + rounding) ? limits.y_max : y;
 }
 
@@ -144,6 +145,7 @@ double t_warm(double y_given, double start) noexcept {
     }
     // between the two equations that meet at 623.15 K
     if (between(y, limits.y_13, limits.y_13_dense)) return T_13;
+    if (std::fabs(y - limits.y_crit) <= rounding * limits.y_crit) return T_crit;
     return between(y, limits.y_13_dense, limits.y_crit) ? t_dense<Property>(y) : failed;
 }
 

@@ -63,6 +63,7 @@ TEST(ArgumentMemory, OneArgument) {
     for (const double value : values()) {
         for (const auto& row : saturation_line) row.call(argument.hold(value));
         for (const auto& row : unchecked) row.call(argument.hold(value));
+        for (const auto& row : saturated_by) row.call(argument.hold(value));
     }
 }
 

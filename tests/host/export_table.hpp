@@ -381,12 +381,53 @@ inline constexpr SolvedRow solved[] = {
     PAIR(TBPVZ, p, v, failed, 0, Answers::second), PAIR(TOPVZ, p, v, failed, own_range, Answers::second),
     PAIR(TODP, d, p, failed, outside), PAIR(TODPZ, d, p, failed, own_range, Answers::second),
     ALL_TY(TH, h), ALL_TY(TS, s),
+    PAIR(PBTV, t, v, failed, 0), PAIR(POTV, t, v, failed, unusable_density),
+    PAIR(REGIONHV, h, v, 0.0, 0), PAIR(REGIONSV, s, v, 0.0, 0),
+    PAIR(PBVH, v, h, failed, 0), PAIR(POVH, v, h, failed, outside), PAIR(TBVH, v, h, failed, 0),
+    PAIR(PBVS, v, s, failed, 0), PAIR(POVS, v, s, failed, outside), PAIR(TBVS, v, s, failed, 0),
+    PAIR(TODH, d, h, failed, outside), PAIR(TODS, d, s, failed, outside),
 };
 // clang-format on
 #undef PAIR
 #undef WITH_Z
 #undef BOTH_PV
 #undef ALL_TY
+
+// Saturated states by another property, from `lowest` to `highest`, and the code of a value
+// outside.
+struct SaturatedByRow {
+    const char* name;
+    OfOne call;
+    double lowest, highest;
+    int (*code)(double);
+};
+template <int code>
+constexpr int always(double) {
+    return code;
+}
+constexpr int code_of_density(double d) { return d < 0 ? negative_density : unusable_density; }
+inline constexpr double h_low = -0.041587825987455494, h_crit = 2087.5468451171591,
+                        h_max = 2803.2852558905415, h_cold = 2500.8926178171614;
+inline constexpr double s_low = -0.00015454959194306374, s_crit = 4.412021482236347,
+                        s_max = 9.155759395224401;
+constexpr int code_of_cold_vapour(double h) { return h >= h_low ? -10035 : -10037; }
+// clang-format off
+inline constexpr SaturatedByRow saturated_by[] = {
+    {ROW(PSATOD), 0.0048510787632090394, 999.92567124347158, code_of_density},
+    {ROW(PSATODZ), 999.79306550632941, 999.92567124347158, code_of_density},
+    {ROW(TSATOD), 0.0048510787632090394, 999.92567124347158, always<0>},
+    {ROW(PSATOH), h_low, h_max, always<-10037>}, {ROW(TSATOH), h_low, h_max, always<0>},
+    {ROW(PSATOHZ), h_cold, h_max, code_of_cold_vapour},
+    {ROW(TSATOHZ), h_cold, h_max, code_of_cold_vapour},
+    {ROW(DVOHZ), h_cold, h_max, code_of_cold_vapour},
+    {ROW(V2OHZ), h_cold, h_max, code_of_cold_vapour},
+    {ROW(DLOH), h_low, h_crit, always<-10034>}, {ROW(V1OH), h_low, h_crit, always<-10034>},
+    {ROW(DVOH), h_crit, h_max, always<-10035>}, {ROW(V2OH), h_crit, h_max, always<-10035>},
+    {ROW(PSATOS), s_low, s_max, always<0>}, {ROW(TSATOS), s_low, s_max, always<-10038>},
+    {ROW(DLOS), s_low, s_crit, always<-10033>}, {ROW(V1OS), s_low, s_crit, always<-10033>},
+    {ROW(DVOS), s_crit, s_max, always<-10033>}, {ROW(V2OS), s_crit, s_max, always<0>},
+};
+// clang-format on
 
 #undef ROW
 

@@ -152,18 +152,21 @@ void each_line_export(const Visit& visit) {
             for (const double l : {0.0, 0.5}) visit(row.name, {t, l}, [&] { row.call(&t, &l); });
         }
     }
-    for (const auto& row : saturation_line) {
-        // vapour of no pressure at all has a volume beyond the range of doubles
-        const double low = row.lowest == above_zero ? 0.00061122 : row.lowest;
-        for (int i = 0; i <= 1000; ++i) {
-            const double x = low + (row.highest - low) * i / 1000.0;
-            visit(row.name, {x}, [&] { row.call(&x); });
+    const auto visit_range = [&](const auto& rows) {
+        for (const auto& row : rows) {
+            // vapour of no pressure at all has a volume beyond the range of doubles
+            const double low = row.lowest == above_zero ? 0.00061122 : row.lowest;
+            for (int i = 0; i <= 1000; ++i) {
+                const double x = low + (row.highest - low) * i / 1000.0;
+                visit(row.name, {x}, [&] { row.call(&x); });
+            }
+            for (const double x : bad_values) {
+                if (std::isnan(x) || x == above_zero) continue;
+                visit(row.name, {x}, [&] { row.call(&x); });
+            }
         }
-        for (const double x : bad_values) {
-            if (std::isnan(x) || x == above_zero) continue;
-            visit(row.name, {x}, [&] { row.call(&x); });
-        }
-    }
+    };
+    visit_range(saturation_line), visit_range(saturated_by);
 }
 
 constexpr auto expect_no_flag = [](const char* name, Arguments arguments, const auto& call) {
