@@ -141,7 +141,7 @@ template <class Y>
     }
     const double p = std::clamp(R / 1000 * t / v, p_min, p_max);
     if (const auto state = solve_gibbs<Y, 2>(v, y, {p, t}); found(state)) return state;
-    constexpr double neighbour = 4 * spacing;
+    constexpr double neighbour = 1e-9;  // relative, beyond what tv::region rounds to a limit
     const bool within = tv::region(t * (1 - neighbour), v) != pt::outside &&
                         tv::region(t * (1 + neighbour), v) != pt::outside;
     return within ? state_at(t) : no_state;

@@ -110,7 +110,7 @@ double t_dense(double y) noexcept {
     constexpr const SaturatedLimits& limits = Property::limits;
     const auto excess = [y](double t) noexcept { return Property::value({psat(t), t}) - y; };
     if (between(y, limits.y_13_dense, limits.y_solved)) {
-        constexpr double step = 1e-9;  // relative
+        constexpr double step = 1e-12;  // relative, as a root beside an end is approached slowly
         const auto t_of = [](double u) noexcept {
             return std::min(T_crit * (1 - u * u), tables::t_solved);
         };
@@ -143,6 +143,10 @@ double t_warm(double y_given, double start) noexcept {
     if (between(y, limits.y_max, limits.y_13)) {
         return newton_from<Property>(start, y, limits.t_max, T_13);
     }
+    // beside the first densities solved, as far as they are exact
+    constexpr double exactness = 5e-12;  // relative
+    constexpr double just_above_13 = T_13 + 1.2e-13;
+    if (std::fabs(y - limits.y_13_dense) <= exactness * limits.y_13_dense) return just_above_13;
     // between the two equations that meet at 623.15 K
     if (between(y, limits.y_13, limits.y_13_dense)) return T_13;
     if (std::fabs(y - limits.y_crit) <= rounding * limits.y_crit) return T_crit;
