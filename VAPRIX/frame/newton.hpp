@@ -90,12 +90,15 @@ struct Box {
 // Point at which a = a_given and b = b_given, by Newton's method in two variables.
 //
 // Given:    tangents  a and b with their slopes at (x, y);  at  start point;  tolerance  relative
-//           step of both variables that ends the iteration;  box  where no step may leave it.
+//           step of both variables that ends the iteration;  box  which no step leaves, after
+//           three that would have the search is given up.
 // Returned: the point, converged; the last one, not converged, after 20 rounds.
 template <class TangentsOf>
 NewtonPoint newton(TangentsOf tangents, double a_given, double b_given, Point at, double tolerance,
                    const Box* box = nullptr) noexcept {
     constexpr int rounds = 20;
+    constexpr int patience = 3;
+    int held_back = 0;
     for (int round = 0; round < rounds; ++round) {
         const TangentPair f = tangents(at.x, at.y);
         const Point step = newton_step(f, a_given - f.a, b_given - f.b);
@@ -105,8 +108,10 @@ NewtonPoint newton(TangentsOf tangents, double a_given, double b_given, Point at
             return {at, true};
         }
         if (box != nullptr) {
-            at.x = std::clamp(at.x, box->low.x, box->high.x);
-            at.y = std::clamp(at.y, box->low.y, box->high.y);
+            const Point held{std::clamp(at.x, box->low.x, box->high.x),
+                             std::clamp(at.y, box->low.y, box->high.y)};
+            if ((held.x != at.x || held.y != at.y) && ++held_back > patience) return {held, false};
+            at = held;
         }
     }
     return {at, false};

@@ -22,8 +22,22 @@ namespace vaprix::inverse {
 struct IsochoreState {
     int region;  // 1, 2, 3, 5, pt::saturation_line for wet steam, or pt::outside
     double t;    // K
+    double p;    // MPa
 };
-inline constexpr IsochoreState no_state{pt::outside, failed};
+inline constexpr IsochoreState no_state{pt::outside, failed, failed};
+
+[[nodiscard]] inline bool found(const IsochoreState& state) noexcept {
+    return state.region != pt::outside;
+}
+[[nodiscard]] inline IsochoreState state_at(int region, double t, double v) noexcept {
+    return region == pt::outside ? no_state
+                                 : IsochoreState{region, t, tv::pressure_in(region, t, v)};
+}
+
+// Volumes, m3/kg, that part the regions.
+inline constexpr double region1_end = 1.3e-3;       // v1(100 MPa, 623.15 K) >= 0.0013
+inline constexpr double hot_liquid_end = 1.741e-3;  // v1(ps, 623.15 K) <= 0.001741
+inline constexpr double region5_end = 9e-3;  // v5(50 MPa, 1073.15 K) >= 0.009, v of region 3 less
 
 // What rounding may make of y, worst at the dense end of region 3.
 template <class Y>
@@ -74,7 +88,7 @@ template <class Y, int region>
                             : region == 2 ? T_25
                                           : T_max);
     const double p = on_end(at.x, p_min, region == 5 ? p_max_5 : p_max);
-    return converged && pt::region_pt(p, t) == region ? IsochoreState{region, t} : no_state;
+    return converged && pt::region_pt(p, t) == region ? IsochoreState{region, t, p} : no_state;
 }
 
 // State in region 3 by Newton's method on T, held between its ends.
@@ -101,7 +115,7 @@ template <class Y>
         const SaturatedDensities saturated = dsat3(t, psat(t));
         if (d < saturated.liquid && d > saturated.vapour) return no_state;
     }
-    return {3, t};
+    return {3, t, p};
 }
 
 // The whole isochore searched for y. Where the equations of two regions leave a gap between their
@@ -111,46 +125,90 @@ template <class Y>
     constexpr double beyond = 1e9;     // residual of a temperature at which v is out of range
     constexpr double spacing = 4e-16;  // relative, of temperatures told apart
     constexpr double any_dense = 1;    // m3/kg: v out of range below it is too small, else large
-    constexpr double region1_end = 1.3e-3;  // v1(100 MPa, 623.15 K) >= 0.0013
-    constexpr double region5_end = 9e-3;  // v5(50 MPa, 1073.15 K) >= 0.009, as v of region 3 is not
 
     const auto residual = [=](double t) noexcept {
         const int region = tv::region(t, v);
         if (region == pt::outside) return v < any_dense ? beyond : -beyond;
         return along_isochore<Y>(region, t, v) - y;
     };
-    const auto state_at = [=](double t) noexcept { return IsochoreState{tv::region(t, v), t}; };
+    const auto state = [=](double t) noexcept { return state_at(tv::region(t, v), t, v); };
     const double allowed = rounding_of<Y>(y);
 
     const double highest = v < region1_end ? T_13 : v < region5_end ? T_25 : T_max;
     const Residual low{T_min, residual(T_min)};
-    if (low.f >= 0) return low.f <= allowed ? state_at(low.x) : no_state;
+    if (low.f >= 0) return low.f <= allowed ? state(low.x) : no_state;
     const Residual high{highest, residual(highest)};
-    if (high.f <= 0) return high.f >= -allowed ? state_at(high.x) : no_state;
+    if (high.f <= 0) return high.f >= -allowed ? state(high.x) : no_state;
 
     const Residual root = chandrupatla(residual, low, high, spacing);
-    if (std::fabs(root.f) <= allowed) return state_at(root.x);
+    if (std::fabs(root.f) <= allowed) return state(root.x);
 
     // A jump, or an end of the range beside a corner, where the equations of the two regions that
     // meet do not end at the same volume: the state may be on the other one's ground.
     const double t = root.x;
-    const auto found = [](const IsochoreState& state) { return state.region != pt::outside; };
     if (v < region5_end) {
-        if (const auto state = solve_dense<Y>(v, y, t); found(state)) return state;
-        if (const auto state = solve_gibbs<Y, 1>(v, y, {p_max, t}); found(state)) return state;
+        if (const auto dense = solve_dense<Y>(v, y, t); found(dense)) return dense;
+        if (const auto liquid = solve_gibbs<Y, 1>(v, y, {p_max, t}); found(liquid)) return liquid;
     }
     const double p = std::clamp(R / 1000 * t / v, p_min, p_max);
-    if (const auto state = solve_gibbs<Y, 2>(v, y, {p, t}); found(state)) return state;
+    if (const auto vapour = solve_gibbs<Y, 2>(v, y, {p, t}); found(vapour)) return vapour;
     constexpr double neighbour = 1e-9;  // relative, beyond what tv::region rounds to a limit
     const bool within = tv::region(t * (1 - neighbour), v) != pt::outside &&
                         tv::region(t * (1 + neighbour), v) != pt::outside;
-    return within ? state_at(t) : no_state;
+    return within ? state(t) : no_state;
+}
+
+// Wet steam up to 623.15 K; no_state where there is none.
+template <class Y>
+[[nodiscard]] IsochoreState solve_wet(double v, double y) noexcept {
+    constexpr double spacing = 4e-16;  // relative, of temperatures told apart
+    const auto residual = [=](double t) noexcept {
+        return along_isochore<Y>(pt::saturation_line, t, v) - y;
+    };
+    const Residual low{T_min, residual(T_min)};
+    const Residual high{T_13, residual(T_13)};
+    if (!(low.f < 0 && high.f > 0)) return no_state;
+    const double t = chandrupatla(residual, low, high, spacing).x;
+    return tv::region(t, v) == pt::saturation_line ? IsochoreState{pt::saturation_line, t, psat(t)}
+                                                   : no_state;
+}
+
+// The state by the region that it is likely in, without a search; no_state where the guess fails. As
+// the isochore has one state for y, a state that is found is the one.
+template <class Y>
+[[nodiscard]] IsochoreState guess_on_isochore(double v, double y) noexcept {
+    const auto ideal = [v](double t) noexcept { return Point{R / 1000 * t / v, t}; };
+    // the backward equation at the pressure of an ideal gas of middling temperature
+    const auto backward = [=](double t) noexcept {
+        const double p = std::clamp(ideal(t).x, p_min, p_max);
+        return ideal(std::clamp(Y::t2(p, y), T_min, T_25));
+    };
+    if (v >= region5_end) {
+        if (y >= Y::wet_below) {
+            const bool hot = Y::along_isobar(ideal(T_25).x, y) > Y::hot_above;
+            const auto vapour =
+                hot ? solve_gibbs<Y, 5>(v, y, ideal(1500)) : solve_gibbs<Y, 2>(v, y, backward(600));
+            if (found(vapour)) return vapour;
+        }
+        return solve_wet<Y>(v, y);
+    }
+    if (v > region1_end && y > Y::dense_above) {
+        if (const auto dense = solve_dense<Y>(v, y, 700); found(dense)) return dense;
+        if (const auto vapour = solve_gibbs<Y, 2>(v, y, ideal(900)); found(vapour)) return vapour;
+    }
+    if (v < hot_liquid_end) {
+        constexpr double p = 20;
+        const auto liquid = solve_gibbs<Y, 1>(v, y, {p, std::clamp(Y::t1(p, y), T_min, T_13)});
+        if (found(liquid)) return liquid;
+    }
+    return solve_wet<Y>(v, y);
 }
 
 template <class Y>
 [[nodiscard]] IsochoreState state_on_isochore(double v, double y) noexcept {
     if (!(v > 0 && std::fabs(y) < 2 * Y::highest)) return no_state;
-    return search_isochore<Y>(v, y);
+    const IsochoreState guessed = guess_on_isochore<Y>(v, y);
+    return found(guessed) ? guessed : search_isochore<Y>(v, y);
 }
 
 template <class Y>
@@ -161,8 +219,7 @@ template <class Y>
 
 template <class Y>
 [[nodiscard]] double p_on_isochore(double v, double y) noexcept {
-    const auto [region, t] = state_on_isochore<Y>(v, y);
-    return region == pt::outside ? failed : tv::pressure_in(region, t, v);
+    return state_on_isochore<Y>(v, y).p;
 }
 
 // Temperature, K, of (1/v, y). A density that has no volume in range is not inverted.

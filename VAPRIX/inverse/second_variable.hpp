@@ -69,6 +69,11 @@ struct Enthalpy {
         return saturated.liquid<pt::h>() < h && h < saturated.vapour<pt::h>();
     }
 
+    // Which region a search along an isochore tries first, at a volume where the other cannot be:
+    static constexpr double wet_below = 2500;    // of wet steam and vapour; h2(Ts) >= 2500.89
+    static constexpr double hot_above = 4160;    // of regions 2 and 5; h2(p, 1073.15 K) <= 4160.66
+    static constexpr double dense_above = 1553;  // of regions 1 and 3; h1(p, 623.15 K) >= 1553.9
+
     // (dh/dp)_T from the volume and its slope (dv/dT)_p, kJ/(kg MPa)
     static double slope_by_p(double t, double v, double v_t) noexcept {
         return 1000 * (v - t * v_t);
@@ -118,6 +123,10 @@ struct Entropy {
 
     // The O-family has no phase test of its own for (p, s).
     static bool is_wet_o(double p, double s) noexcept { return p < p3sat(s); }
+
+    static constexpr double wet_below = 5.2;     // s2(Ts) >= 5.21
+    static constexpr double hot_above = 8.5;     // s + R ln p; s2(p, 1073.15 K) + R ln p <= 8.506
+    static constexpr double dense_above = 3.39;  // s1(p, 623.15 K) >= 3.397
 
     // (ds/dp)_T, kJ/(kg K MPa)
     static double slope_by_p(double /* t */, double /* v */, double v_t) noexcept {
