@@ -34,7 +34,9 @@ inline constexpr IsochoreState no_state{pt::outside, failed, failed};
                                  : IsochoreState{region, t, tv::pressure_in(region, t, v)};
 }
 
-// Volumes, m3/kg, that part the regions.
+// Volumes, m3/kg: a little beyond those of all states, and such as part the regions.
+inline constexpr double smallest = 9e-4;            // v1(100 MPa, 273.15 K) >= 0.00095
+inline constexpr double largest = 1800;             // v5(p_min, 2273.15 K) <= 1717
 inline constexpr double region1_end = 1.3e-3;       // v1(100 MPa, 623.15 K) >= 0.0013
 inline constexpr double hot_liquid_end = 1.741e-3;  // v1(ps, 623.15 K) <= 0.001741
 inline constexpr double region5_end = 9e-3;  // v5(50 MPa, 1073.15 K) >= 0.009, v of region 3 less
@@ -204,9 +206,11 @@ template <class Y>
     return solve_wet<Y>(v, y);
 }
 
+// Given:    v  specific volume, m3/kg;  y  h, kJ/kg, or s, kJ/(kg K).
+// Returned: the state, or no_state outside the range and for a NaN.
 template <class Y>
 [[nodiscard]] IsochoreState state_on_isochore(double v, double y) noexcept {
-    if (!(v > 0 && std::fabs(y) < 2 * Y::highest)) return no_state;
+    if (!(v > smallest && v < largest && std::fabs(y) < 2 * Y::highest)) return no_state;
     const IsochoreState guessed = guess_on_isochore<Y>(v, y);
     return found(guessed) ? guessed : search_isochore<Y>(v, y);
 }
@@ -217,16 +221,10 @@ template <class Y>
     return region == pt::saturation_line ? 4.0 : region;
 }
 
-template <class Y>
-[[nodiscard]] double p_on_isochore(double v, double y) noexcept {
-    return state_on_isochore<Y>(v, y).p;
-}
-
-// Temperature, K, of (1/v, y). A density that has no volume in range is not inverted.
+// Temperature, K, of (1/v, y), with code -10055; a density below that of any state is not inverted.
 template <class Y>
 [[nodiscard]] double t_of_density(double d, double y) noexcept {
-    constexpr double lowest = 1e-4;  // kg/m3, below p_min at any temperature
-    return or_fail(d > lowest ? state_on_isochore<Y>(1 / d, y).t : failed,
+    return or_fail(d > 1 / largest ? state_on_isochore<Y>(1 / d, y).t : failed,
                    ErrorCode::outside_range);
 }
 
