@@ -61,7 +61,7 @@ void print_fit(const char* name, const char* branch, double from, double to, int
         const double t = from + (to - from) * 0.5 * (1 - std::cos(i * std::acos(-1.0) / samples));
         std::vector<Real> row;
         for (int k = 0; k <= degree; ++k) row.push_back(std::pow(x_of(t), k));
-        row.push_back(t);
+        row.push_back(Real(t));
         rows.push_back(row);
     }
     const auto [n, worst] = fit(rows);
@@ -85,9 +85,11 @@ void print(const Property& property, double edge) {
 
     if (!has_maximum) {
         const bool logarithmic = y_max < 1 && y_max > 0 && at(y, T_13) > 100;
-        print_fit(name, "", T_min, T_13, logarithmic ? 7 : 6, [&, &y = y](double t) -> Real {
-            return logarithmic ? std::log(Real(at(y, t))) : Real(at(y, t)) / Real(critical);
-        });
+        print_fit(name, "", T_min, T_13, logarithmic ? 7 : 6,
+                  [&, &y = y, critical = critical](double t) -> Real {
+                      return logarithmic ? std::log(Real(at(y, t)))
+                                         : Real(at(y, t)) / Real(critical);
+                  });
         return;
     }
     const auto root = [&, &y = y](double t) -> Real {
