@@ -195,7 +195,9 @@ template <class Y>
         return solve_wet<Y>(v, y);
     }
     if (v > region1_end && y > Y::dense_above) {
-        if (const auto dense = solve_dense<Y>(v, y, 700); found(dense)) return dense;
+        if (y < Y::thin_above) {
+            if (const auto dense = solve_dense<Y>(v, y, 700); found(dense)) return dense;
+        }
         if (const auto vapour = solve_gibbs<Y, 2>(v, y, ideal(900)); found(vapour)) return vapour;
     }
     if (v < hot_liquid_end) {

@@ -73,6 +73,7 @@ struct Enthalpy {
     static constexpr double wet_below = 2500;    // of wet steam and vapour; h2(Ts) >= 2500.89
     static constexpr double hot_above = 4160;    // of regions 2 and 5; h2(p, 1073.15 K) <= 4160.66
     static constexpr double dense_above = 1553;  // of regions 1 and 3; h1(p, 623.15 K) >= 1553.9
+    static constexpr double thin_above = 2813;   // of regions 2 and 3; h2(p, TB23) <= 2812.95
 
     // (dh/dp)_T from the volume and its slope (dv/dT)_p, kJ/(kg MPa)
     static double slope_by_p(double t, double v, double v_t) noexcept {
@@ -127,6 +128,7 @@ struct Entropy {
     static constexpr double wet_below = 5.2;     // s2(Ts) >= 5.21
     static constexpr double hot_above = 8.5;     // s + R ln p; s2(p, 1073.15 K) + R ln p <= 8.506
     static constexpr double dense_above = 3.39;  // s1(p, 623.15 K) >= 3.397
+    static constexpr double thin_above = 5.261;  // s2(p, TB23) <= 5.2606
 
     // (ds/dp)_T, kJ/(kg K MPa)
     static double slope_by_p(double /* t */, double /* v */, double v_t) noexcept {
