@@ -132,6 +132,30 @@ void add_pt(Rows& rows) {
                 });
 }
 
+// Transport and other physical properties, derived properties and pairs, which have no floor.
+template <class R>
+void add_further(Rows& rows) {
+    constexpr Set in = R::set;
+    rows.insert(rows.end(), {
+                                {"ETABPT", in, call<ETABPT, p, T>},
+                                {"TCOBPT", in, call<TCOBPT, p, T>},
+                                {"PRBPT", in, call<PRBPT, p, T>},
+                                {"EPSBPT", in, call<EPSBPT, p, T>},
+                                {"ETAOTD", in, call<ETAOTD, T, d>},
+                                {"ALVBPT", in, call<ALVBPT, p, T>},
+                                {"CAPBPT", in, call<CAPBPT, p, T>},
+                                {"FUGBPT", in, call<FUGBPT, p, T>},
+                                {"PBHS", in, call<PBHS, h, s>},
+                                {"TBHS", in, call<TBHS, h, s>},
+                                {"TOHS", in, call<TOHS, h, s>},
+                                {"TOPV", in, call<TOPV, p, &State::v>},
+                                {"POTH", in, call<POTH, T, h>},
+                                {"POTS", in, call<POTS, T, s>},
+                                {"TBVH", in, call<TBVH, &State::v, h>},
+                                {"TBVS", in, call<TBVS, &State::v, s>},
+                            });
+}
+
 // What needs a search: one evaluation of what is searched on.
 template <class R>
 void add_searched(Rows& rows) {
@@ -276,6 +300,9 @@ const std::vector<Row>& rows() {
         add_searched<Two>(all);
         add_searched<Three>(all);
         add_searched<Five>(all);
+        add_further<One>(all);
+        add_further<Two>(all);
+        add_further<Three>(all);
         add_saturation(all);
         add_mixed(all);
         return all;

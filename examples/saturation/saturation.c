@@ -90,8 +90,11 @@ int main(int argc, char* argv[]) {
     };
     const char* path = "libvaprix.so";
     char family = 'B';
-    Wishes wishes = {
-        .by = by_temperature, .pressure_unit = "bar", .from = NAN, .to = NAN, .step = NAN};
+    Wishes wishes = {.by = by_temperature,
+                     .pressure_unit = "bar",
+                     .from = (double)NAN,
+                     .to = (double)NAN,
+                     .step = (double)NAN};
     bool good = true;
     for (int option; (option = getopt_long(argc, argv, "", long_options, NULL)) != -1;) {
         double unit;

@@ -26,7 +26,7 @@ enum { property_count = sizeof properties / sizeof *properties };
 
 // K of degC, MPa of the pressure unit, and back.
 static double to_library(const Wishes* wishes, double shown) {
-    double p = NAN;
+    double p = (double)NAN;
     if (wishes->by == by_temperature) {
         return shown + zero_celsius;
     }
@@ -35,7 +35,7 @@ static double to_library(const Wishes* wishes, double shown) {
 }
 
 static double shown_pressure(const Wishes* wishes, double p) {
-    double unit = NAN;  // in MPa
+    double unit = (double)NAN;  // in MPa
     (void)pressure_of(1.0, wishes->pressure_unit, &unit);
     return p / unit;
 }
