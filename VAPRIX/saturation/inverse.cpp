@@ -135,13 +135,14 @@ double up_to_maximum(const SaturatedLimits& limits, double y) noexcept {
     return y > limits.y_max && y <= limits.y_max * (1 + rounding) ? limits.y_max : y;
 }
 
-// The branch that reaches the critical point, from the maximum or from 273.15 K.
-template <class Property>
-double t_warm(double y_given, double start) noexcept {
+// The branch that reaches the critical point, from the maximum or from 273.15 K; start(y) is where a
+// search up to 623.15 K starts, asked for only there.
+template <class Property, class Start>
+double t_warm(double y_given, Start start) noexcept {
     constexpr const SaturatedLimits& limits = Property::limits;
     const double y = up_to_maximum(limits, y_given);
     if (between(y, limits.y_max, limits.y_13)) {
-        return newton_from<Property>(start, y, limits.t_max, T_13);
+        return newton_from<Property>(start(y), y, limits.t_max, T_13);
     }
     // beside the first densities solved, as far as they are exact
     constexpr double exactness = 5e-12;  // relative
@@ -172,22 +173,24 @@ double monotonic_start(double y) noexcept {
 
 double t_d(double d) noexcept {
     if (d > d_crit) {
-        const double x = below_maximum(LiquidDensity::limits, d);
-        return t_warm<LiquidDensity>(d, start_at<LiquidDensity::start>(x));
+        return t_warm<LiquidDensity>(d, [](double y) noexcept {
+            return start_at<LiquidDensity::start>(below_maximum(LiquidDensity::limits, y));
+        });
     }
-    if (!(d >= VapourDensity::limits.y_min)) return failed;
-    return t_warm<VapourDensity>(d, start_at<VapourDensity::start>(std::log(d)));
+    return t_warm<VapourDensity>(
+        d, [](double y) noexcept { return start_at<VapourDensity::start>(std::log(y)); });
 }
 
 double t_d_cold(double d) noexcept { return t_cold<LiquidDensity>(d); }
 
 double t_h_liquid(double h) noexcept {
-    return t_warm<LiquidEnthalpy>(h, monotonic_start<LiquidEnthalpy>(h));
+    return t_warm<LiquidEnthalpy>(h, monotonic_start<LiquidEnthalpy>);
 }
 
 double t_h_vapour(double h) noexcept {
-    const double x = below_maximum(VapourEnthalpy::limits, h);
-    return t_warm<VapourEnthalpy>(h, start_at<VapourEnthalpy::start>(x));
+    return t_warm<VapourEnthalpy>(h, [](double y) noexcept {
+        return start_at<VapourEnthalpy::start>(below_maximum(VapourEnthalpy::limits, y));
+    });
 }
 
 double t_h_vapour_cold(double h) noexcept { return t_cold<VapourEnthalpy>(h); }
@@ -197,11 +200,11 @@ double t_h(double h) noexcept {
 }
 
 double t_s_liquid(double s) noexcept {
-    return t_warm<LiquidEntropy>(s, monotonic_start<LiquidEntropy>(s));
+    return t_warm<LiquidEntropy>(s, monotonic_start<LiquidEntropy>);
 }
 
 double t_s_vapour(double s) noexcept {
-    return t_warm<VapourEntropy>(s, monotonic_start<VapourEntropy>(s));
+    return t_warm<VapourEntropy>(s, monotonic_start<VapourEntropy>);
 }
 
 double t_s(double s) noexcept {
