@@ -115,6 +115,15 @@ constexpr Polynomial<N + M> operator+(const Polynomial<N>& a, const Polynomial<M
     return p;
 }
 
+// The same polynomial with its variables exchanged. Evaluated, the sums in the second variable do
+// not wait for the first: give it the variable that is known sooner.
+template <std::size_t N>
+constexpr Polynomial<N> transposed(const Polynomial<N>& a) {
+    Polynomial<N> p;
+    for (std::size_t k = 0; k < a.size; ++k) p.add(a.terms[k].J, a.terms[k].I, a.terms[k].n);
+    return p;
+}
+
 // A variable together with its reciprocal, which stands for the negative powers.
 template <class Real>
 struct WithReciprocal {
