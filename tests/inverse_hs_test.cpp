@@ -128,6 +128,7 @@ TEST(InverseHs, OFamilyReproducesHAndS) {
                 default: {
                     const pt::SaturatedState at(p, t);
                     const double x = at.quality<pt::h>(h);
+                    EXPECT_NEAR(x, std::clamp(x, 0.0, 1.0), 1e-11) << digits({h, s});
                     check(h, at.mixture<pt::s>(x));
                     EXPECT_NEAR(at.mixture<pt::v>(x) * d, 1, 1e-12) << digits({h, s});
                 }

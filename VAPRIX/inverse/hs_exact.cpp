@@ -16,7 +16,7 @@ namespace {
 // limit is put on it.
 constexpr double t_rounding = 1e-10;         // K
 constexpr double p_rounding = 1e-9;          // MPa, dense fluid
-constexpr double p_rounding_line = 1e-10;    // MPa, liquid beside the saturation line
+constexpr double p_rounding_line = 1e-12;    // MPa, liquid beside the saturation line
 constexpr double p_rounding_vapour = 1e-12;  // relative
 constexpr double x_rounding = 1e-12;
 
@@ -153,8 +153,11 @@ Attempt attempt_wet(double h, double s) noexcept {
         case Wet::none: return result(wet.t <= T_13 ? 1 : 3);
         case Wet::found: break;
     }
-    if (wet.quality < -x_rounding) return result(wet.t <= T_13 ? 1 : 3);
-    if (wet.quality > 1 + x_rounding) return result(wet.t <= T_13 ? 2 : 3);
+    constexpr double close = 0.01;  // to an end, which the last step may have carried it across
+    double x = wet.quality;
+    if (x < close || x > 1 - close) x = pt::SaturatedState(psat(wet.t), wet.t).quality<pt::s>(s);
+    if (x < -x_rounding) return result(wet.t <= T_13 ? 1 : 3);
+    if (x > 1 + x_rounding) return result(wet.t <= T_13 ? 2 : 3);
     return result(two_phase);
 }
 

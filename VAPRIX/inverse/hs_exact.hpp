@@ -23,7 +23,7 @@ enum class Wet { found, none, too_cold, near_critical };
 
 struct WetSolution {
     double t;        // K
-    double quality;  // kg of vapour per kg; outside 0 to 1 for a state that is not wet
+    double quality;  // kg of vapour per kg, before the last step of t; outside 0 to 1 if not wet
     Wet outcome;
 };
 
