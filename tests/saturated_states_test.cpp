@@ -200,6 +200,9 @@ TEST(SaturatedStates, CriticalPoint) {
         for (const double x : {0.3, -5.0, std::nan("")}) {  // any quality
             EXPECT_EQ((call<DOPX>(p, x)), dc) << digits({p, x});
             EXPECT_EQ((call<VOPX>(p, x)), 1 / dc) << digits({p, x});
+            if (p > pc) continue;
+            EXPECT_EQ((call<HOPX>(p, x)), call1<H1OP>(p)) << digits({p, x});
+            EXPECT_EQ((call<SOPX>(p, x)), call1<S1OP>(p)) << digits({p, x});
         }
     }
     EXPECT_EQ(call1<HVAPOT>(tc), 0);

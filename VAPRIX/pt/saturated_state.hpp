@@ -47,10 +47,11 @@ public:
         return dense ? d.vapour : 1 / region2::v(p_, t_);
     }
 
-    // Property of wet steam of quality x, kg of vapour per kg: the lever rule, at 1 the vapour to
-    // the last digit.
+    // Property of wet steam of quality x, kg of vapour per kg: the lever rule, at 0 and 1 the
+    // phases to the last digit.
     template <const auto& property>
     [[nodiscard]] double mixture(double x) const noexcept {
+        if (x == 0) return liquid<property>();
         const double of_vapour = vapour<property>();
         if (x == 1) return of_vapour;
         const double of_liquid = liquid<property>();

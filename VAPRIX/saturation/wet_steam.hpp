@@ -31,14 +31,15 @@ template <const auto& property>
 }
 
 // O-family of (p, x): at the temperature that reproduces p. The density is that of the mixed
-// volumes, within 1e-9 MPa of the critical pressure 322 kg/m3 at any x.
+// volumes, within 1e-9 MPa of the critical pressure 322 kg/m3 at any x, a NaN as well: both phases
+// are the same there.
 [[nodiscard]] double d_px_o(double p, double x) noexcept;
 [[nodiscard]] double v_px_o(double p, double x) noexcept;
 template <const auto& property>
 [[nodiscard]] double of_px_o(double p, double x) noexcept {
     if (!(d_px_o(p, x) > 0)) return failed;
     const double t = t_o(p);
-    return t > 0 ? state_o(p, t).mixture<property>(x) : failed;
+    return t > 0 ? state_o(p, t).mixture<property>(is_quality(x) ? x : 0) : failed;
 }
 
 // Saturation pressure, MPa, of a T and an x that are in range; otherwise the sentinel, with code.
