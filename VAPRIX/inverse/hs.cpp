@@ -63,8 +63,7 @@ double temperature_b(const State& state, double h) noexcept {
 }  // namespace
 
 double region_reported(double h, double s) noexcept {
-    const int region = resolve_b(h, s).region;
-    return region == two_phase ? 4.0 : region;
+    return pt::reported(resolve_b(h, s).region);
 }
 
 double p_b(double h, double s) noexcept {

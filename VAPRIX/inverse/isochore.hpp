@@ -219,8 +219,7 @@ template <class Y>
 
 template <class Y>
 [[nodiscard]] double region_reported_on_isochore(double v, double y) noexcept {
-    const int region = state_on_isochore<Y>(v, y).region;
-    return region == pt::saturation_line ? 4.0 : region;
+    return pt::reported(state_on_isochore<Y>(v, y).region);
 }
 
 // Temperature, K, of (1/v, y), with code -10055; a density below that of any state is not inverted.

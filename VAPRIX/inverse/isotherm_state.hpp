@@ -16,11 +16,10 @@ struct IsothermState {
     double x = 0;              // quality of wet steam
 };
 
-// Region as the exports report it: wet steam as 4.
+// Region as the exports report it.
 template <auto resolve>
 [[nodiscard]] double region_ty(double t, double y) noexcept {
-    const int settled = resolve(t, y).region;
-    return settled == pt::saturation_line ? 4.0 : settled;
+    return pt::reported(resolve(t, y).region);
 }
 
 // Pressure, MPa.

@@ -27,11 +27,10 @@ struct State {
 [[nodiscard]] State state(double p, double v) noexcept;
 [[nodiscard]] State cold_state(double p, double v) noexcept;
 
-// Region as the exports report it: wet steam as 4.
+// Region as the exports report it.
 template <auto resolve>
 [[nodiscard]] double region(double p, double v) noexcept {
-    const int settled = resolve(p, v).region;
-    return settled == pt::saturation_line ? 4.0 : settled;
+    return pt::reported(resolve(p, v).region);
 }
 
 // Temperature, K.

@@ -84,11 +84,10 @@ template <class Y>
     return region == 3 && p < p_crit && Y::is_wet_o(p, y) ? two_phase : region;
 }
 
-// Region as the exports report it: two-phase as 4.
+// Region as the exports report it.
 template <class Y>
 [[nodiscard]] double region_reported(double p, double y) noexcept {
-    const int region = region_b<Y>(p, y);
-    return region == two_phase ? 4.0 : region;
+    return pt::reported(region_b<Y>(p, y));
 }
 
 }  // namespace vaprix::inverse

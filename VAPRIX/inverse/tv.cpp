@@ -103,8 +103,7 @@ int region(double t, double v) noexcept {
 }
 
 double region_reported(double t, double v) noexcept {
-    const int settled = region(t, v);
-    return settled == pt::saturation_line ? 4.0 : settled;
+    return pt::reported(region(t, v));
 }
 
 double pressure_in(int region, double t, double v) noexcept {

@@ -13,7 +13,7 @@ namespace vaprix::tv {
 // counts as that one.
 [[nodiscard]] int region(double t, double v) noexcept;
 
-// The same as the exports report it: wet steam as 4.
+// The same as the exports report it.
 [[nodiscard]] double region_reported(double t, double v) noexcept;
 
 // Pressure, MPa, of a state in the region that has been settled, not outside: of wet steam the

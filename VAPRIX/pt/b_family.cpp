@@ -16,10 +16,7 @@ double zero_on_line(double p, double t) noexcept {
 
 }  // namespace
 
-double region_reported(double p, double t) noexcept {
-    const int region = region_pt(p, t);
-    return region == saturation_line ? 4.0 : region;
-}
+double region_reported(double p, double t) noexcept { return reported(region_pt(p, t)); }
 
 double v_b(double p, double t) noexcept {
     const int region = region_pt(p, t);

@@ -30,7 +30,7 @@ template <const auto& property, ErrorCode code>
     return is_single_phase(region) ? evaluate_in<property>(region, p, t) : fail(code);
 }
 
-// Region as the exports report it: the saturation line as 4, the number of its equation.
+// Region as the exports report it.
 [[nodiscard]] double region_reported(double p, double t) noexcept;
 
 [[nodiscard]] double v_b(double p, double t) noexcept;   // specific volume, m3/kg

@@ -19,6 +19,12 @@ inline constexpr int saturation_line = 9;  // within the tolerance of the satura
     return region != outside && region != saturation_line;
 }
 
+// Region as the exports report it: the saturation line and wet steam as 4, the number of the
+// equation.
+[[nodiscard]] constexpr double reported(int region) noexcept {
+    return region == saturation_line ? 4.0 : region;
+}
+
 // Half width of the saturation line and of the limits that are widened, taken as MPa and as K
 // alike.
 inline constexpr double tolerance = 1e-12;
