@@ -15,6 +15,7 @@
 #include "inverse/second_variable.hpp"
 #include "inverse/td.hpp"
 #include "inverse/tv.hpp"
+#include "inverse/volume_limits.hpp"
 #include "pt/region_pt.hpp"
 
 namespace vaprix::inverse {
@@ -34,9 +35,7 @@ inline constexpr IsochoreState no_state{pt::outside, failed, failed};
                                  : IsochoreState{region, t, tv::pressure_in(region, t, v)};
 }
 
-// Volumes, m3/kg: a little beyond those of all states, and such as part the regions.
-inline constexpr double smallest = 9e-4;            // v1(100 MPa, 273.15 K) >= 0.00095
-inline constexpr double largest = 1800;             // v5(p_min, 2273.15 K) <= 1717
+// Volumes, m3/kg, that part the regions.
 inline constexpr double region1_end = 1.3e-3;       // v1(100 MPa, 623.15 K) >= 0.0013
 inline constexpr double hot_liquid_end = 1.741e-3;  // v1(ps, 623.15 K) <= 0.001741
 inline constexpr double region5_end = 9e-3;  // v5(50 MPa, 1073.15 K) >= 0.009, v of region 3 less
@@ -222,10 +221,10 @@ template <class Y>
     return pt::reported(state_on_isochore<Y>(v, y).region);
 }
 
-// Temperature, K, of (1/v, y), with code -10055; a density below that of any state is not inverted.
+// Temperature, K, of (1/v, y), with code -10055.
 template <class Y>
 [[nodiscard]] double t_of_density(double d, double y) noexcept {
-    return or_fail(d > 1 / largest ? state_on_isochore<Y>(1 / d, y).t : failed,
+    return or_fail(is_density(d) ? state_on_isochore<Y>(1 / d, y).t : failed,
                    ErrorCode::outside_range);
 }
 

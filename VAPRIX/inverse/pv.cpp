@@ -113,8 +113,7 @@ State dense(double p, double v) noexcept {
 }  // namespace
 
 State state(double p, double v) noexcept {
-    constexpr double thinnest = 2000;  // m3/kg, beyond any state
-    if (!(p >= p_min && p <= p_max && v > 0 && v < thinnest)) return nowhere;
+    if (!(p >= p_min && p <= p_max && v > 0 && v < inverse::largest)) return nowhere;
     if (p <= psat_13) return below_psat13(p, v);
     const double v1 = region1::v(p, T_13);
     if (stays_below(v, v1)) return liquid(p, v, T_13, v1);

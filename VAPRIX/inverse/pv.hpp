@@ -13,6 +13,7 @@
 #pragma once
 
 #include "frame/error_code.hpp"
+#include "inverse/volume_limits.hpp"
 #include "pt/properties.hpp"
 #include "pt/region_pt.hpp"
 #include "pt/saturated_state.hpp"
@@ -40,12 +41,10 @@ template <auto resolve, ErrorCode code>
     return found.region == pt::outside ? fail<code>() : found.t;
 }
 
-// Of density and pressure. A density below that of any state is not divided by: the reciprocal of 0
-// would raise a flag.
+// Of density and pressure.
 template <auto resolve, ErrorCode code>
 [[nodiscard]] double t_dp(double d, double p) noexcept {
-    constexpr double thinnest = 1e-4;  // kg/m3
-    return d > thinnest ? t<resolve, code>(p, 1 / d) : fail<code>();
+    return inverse::is_density(d) ? t<resolve, code>(p, 1 / d) : fail<code>();
 }
 
 template <const pt::Property& property>

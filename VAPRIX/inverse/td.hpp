@@ -11,6 +11,7 @@
 
 #include "frame/error_code.hpp"
 #include "inverse/tv.hpp"
+#include "inverse/volume_limits.hpp"
 #include "pt/properties.hpp"
 #include "pt/region_pt.hpp"
 #include "pt/saturated_state.hpp"
@@ -18,11 +19,9 @@
 
 namespace vaprix::td {
 
-// Region of the state. A density below that of any state is not divided by: the reciprocal of 0
-// would raise a flag.
+// Region of the state.
 [[nodiscard]] inline int region_of(double t, double d) noexcept {
-    constexpr double thinnest = 1e-4;  // kg/m3
-    return d > thinnest ? tv::region(t, 1 / d) : pt::outside;
+    return inverse::is_density(d) ? tv::region(t, 1 / d) : pt::outside;
 }
 
 // Region of the state; pt::outside with the code stored.
