@@ -58,9 +58,13 @@ template <Phase phase, const auto& property>
 // saturated densities are the critical one: a limit that misses it by a rounding counts as it.
 inline constexpr double critical = 1e-9;
 
+[[nodiscard]] inline bool near_critical(double p) noexcept {
+    return std::fabs(p - p_crit) < critical;
+}
+
 // The state at the temperature t that reproduces p.
 [[nodiscard]] inline pt::SaturatedState state_o(double p, double t) noexcept {
-    if (std::fabs(p - p_crit) < critical) return {p, t, d_crit};
+    if (near_critical(p)) return {p, t, d_crit};
     return {p, t};
 }
 
@@ -99,7 +103,7 @@ template <Phase phase>
 // Density, kg/m3, by pressure, with code -10020.
 template <Phase phase>
 [[nodiscard]] double d_p(double p) noexcept {
-    if (std::fabs(p - p_crit) < critical) return d_crit;
+    if (near_critical(p)) return d_crit;
     const double t = t_o(p);
     return t > 0 ? density_of<phase>({p, t}) : failed;
 }

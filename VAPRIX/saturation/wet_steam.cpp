@@ -6,7 +6,7 @@
 namespace vaprix::saturation {
 
 double d_px_o(double p, double x) noexcept {
-    if (std::fabs(p - p_crit) < critical) return d_crit;
+    if (near_critical(p)) return d_crit;
     const double t = t_o(p);
     if (!(t > 0)) return failed;
     if (!is_quality(x)) return fail(ErrorCode::quality_range);

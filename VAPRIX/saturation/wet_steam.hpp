@@ -37,9 +37,10 @@ template <const auto& property>
 [[nodiscard]] double v_px_o(double p, double x) noexcept;
 template <const auto& property>
 [[nodiscard]] double of_px_o(double p, double x) noexcept {
-    if (!(d_px_o(p, x) > 0)) return failed;
     const double t = t_o(p);
-    return t > 0 ? state_o(p, t).mixture<property>(is_quality(x) ? x : 0) : failed;
+    if (!(t > 0)) return failed;
+    if (is_quality(x)) return state_o(p, t).mixture<property>(x);
+    return near_critical(p) ? state_o(p, t).liquid<property>() : fail(ErrorCode::quality_range);
 }
 
 // Saturation pressure, MPa, of a T and an x that are in range; otherwise the sentinel, with code.
