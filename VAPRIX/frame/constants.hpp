@@ -14,8 +14,9 @@ inline constexpr double d_crit = 322.0;          // kg/m3
 inline constexpr double T_triple = 273.16;       // K
 inline constexpr double p_triple = 0.000611657;  // MPa
 
-inline constexpr double T_min = 273.15;        // lower end, also of the saturation line, K
-inline constexpr double T_13 = 623.15;         // boundary of regions 1 and 3, K
+inline constexpr double T_min = 273.15;  // lower end, also of the saturation line, K
+inline constexpr double T_13 = 623.15;   // boundary of regions 1 and 3, K
+inline constexpr double T_13_dense = 623.1500000000001;  // the next number: first of region 3, K
 inline constexpr double T_23_max = 863.15;     // upper end of the boundary of regions 2 and 3, K
 inline constexpr double T_25 = 1073.15;        // boundary of regions 2 and 5, K
 inline constexpr double T_max = 2273.15;       // K

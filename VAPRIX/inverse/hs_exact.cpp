@@ -228,7 +228,6 @@ WetSolution solve_wet(double h, double s) noexcept {
     constexpr double secant_way = 1e-5;  // K, from here f itself gives the better slope
     constexpr double f_rounding = 1e-9;  // kJ/kg
     constexpr double s_t_mean = 0.01;    // kJ/(kg K2), where there is vapour enough not to matter
-    const double above_13 = std::nextafter(T_13, T_crit);
 
     const auto [start, s_t] = s >= boundaries_hs::s_vapour_13
                                   ? WetTemperature{tsat_hs(h, s), s_t_mean}
@@ -257,7 +256,7 @@ WetSolution solve_wet(double h, double s) noexcept {
         const double square = f_t * f_t - 2 * f * s_t;
         const double step = -(f_t + std::sqrt(std::max(square, 0.0))) / s_t;
 
-        const double low = dense ? above_13 : T_min;
+        const double low = dense ? T_13_dense : T_min;
         const double high = dense ? t_near_critical : T_13;
         const double next = std::clamp(t + step, low, high);
         if (next == t) {  // no farther on this side
@@ -268,7 +267,7 @@ WetSolution solve_wet(double h, double s) noexcept {
             if (both_sides) return {T_13, x, Wet::found};
             both_sides = true;
             dense = !dense;
-            t = t_before = dense ? above_13 : T_13;
+            t = t_before = dense ? T_13_dense : T_13;
             continue;
         }
         const bool at_limit = t + step != next;

@@ -95,17 +95,16 @@ template <class Y, int region>
 // State in region 3 by Newton's method on T, held between its ends.
 template <class Y>
 [[nodiscard]] IsochoreState solve_dense(double v, double y, double start) noexcept {
-    constexpr double step = 1e-8;                     // relative, as above
-    constexpr double just_above_13 = T_13 + 1.2e-13;  // the next number
+    constexpr double step = 1e-8;  // relative, as above
     const double d = 1 / v;
     const auto tangent = [=](double t) noexcept {
         const TangentPair at = Y::tangents3(d, t);
         return Tangent{at.b, at.b_y};
     };
-    const auto [t, converged] = bracketed_newton(tangent, y, just_above_13, T_23_max,
-                                                 std::clamp(start, just_above_13, T_23_max), step);
+    const auto [t, converged] = bracketed_newton(tangent, y, T_13_dense, T_23_max,
+                                                 std::clamp(start, T_13_dense, T_23_max), step);
     if (!converged) return no_state;
-    const bool at_end = t <= just_above_13 || t >= T_23_max;
+    const bool at_end = t <= T_13_dense || t >= T_23_max;
     if (at_end && !(std::fabs(Y::y.region3(d, t) - y) <= rounding_of<Y>(y))) {
         return no_state;
     }

@@ -146,8 +146,7 @@ double t_warm(double y_given, Start start) noexcept {
     }
     // beside the first densities solved, as far as they are exact
     constexpr double exactness = 5e-12;  // relative
-    constexpr double just_above_13 = T_13 + 1.2e-13;
-    if (std::fabs(y - limits.y_13_dense) <= exactness * limits.y_13_dense) return just_above_13;
+    if (std::fabs(y - limits.y_13_dense) <= exactness * limits.y_13_dense) return T_13_dense;
     // between the two equations that meet at 623.15 K
     if (between(y, limits.y_13, limits.y_13_dense)) return T_13;
     if (std::fabs(y - limits.y_crit) <= rounding * limits.y_crit) return T_crit;
