@@ -72,7 +72,7 @@ TEST(GibbsAccuracy, Region1) {
              {"region1::cp", lib::cp, &State::cp},
              {"region1::cv", lib::cv, &State::cv},
              {"region1::w", lib::w, &State::w},
-             {"region1::v_p", lib::v_p, &State::v_p},
+             {"region1::v_p", lib::derived<vaprix::formula::v_p>, &State::v_p},
              {"region1::v_t", lib::v_t, &State::v_t}});
 }
 
@@ -100,7 +100,7 @@ TEST(GibbsAccuracy, Region2) {
              {"region2::cp", lib::cp, &State::cp},
              {"region2::cv", lib::cv, &State::cv},
              {"region2::w", lib::w, &State::w},
-             {"region2::v_p", lib::v_p, &State::v_p},
+             {"region2::v_p", lib::derived<vaprix::formula::v_p>, &State::v_p},
              {"region2::v_t", lib::v_t, &State::v_t}});
 }
 
@@ -124,7 +124,7 @@ TEST(GibbsAccuracy, Region5) {
              {"region5::cp", lib::cp, &State::cp},
              {"region5::cv", lib::cv, &State::cv},
              {"region5::w", lib::w, &State::w},
-             {"region5::v_p", lib::v_p, &State::v_p},
+             {"region5::v_p", lib::derived<vaprix::formula::v_p>, &State::v_p},
              {"region5::v_t", lib::v_t, &State::v_t}});
 }
 

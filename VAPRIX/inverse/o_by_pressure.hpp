@@ -4,8 +4,6 @@
 // equations to rounding.
 #pragma once
 
-#include <cmath>
-
 #include "frame/error_code.hpp"
 #include "frame/newton.hpp"
 #include "frame/pegasus.hpp"

@@ -124,7 +124,6 @@ double w(double p, double t) noexcept {
     return std::fabs(pi) * signed_sqrt(1000 * R * t / (a * a / (r.tau * r.tau * tautau) - pipi));
 }
 
-double v_p(double p, double t) noexcept { return derivatives(p, t).v_p; }
 double v_t(double p, double t) noexcept { return derivatives(p, t).v_t; }
 
 Tangent h_tangent(double p, double t) noexcept {

@@ -31,7 +31,6 @@ double g(double p, double t) noexcept { return Properties::g(p, t); }
 double cp(double p, double t) noexcept { return Properties::cp(p, t); }
 double cv(double p, double t) noexcept { return Properties::cv(p, t); }
 double w(double p, double t) noexcept { return Properties::w(p, t); }
-double v_p(double p, double t) noexcept { return Properties::derivatives(p, t).v_p; }
 double v_t(double p, double t) noexcept { return Properties::derivatives(p, t).v_t; }
 Tangent h_tangent(double p, double t) noexcept { return Properties::h_tangent(p, t); }
 Tangent s_tangent(double p, double t) noexcept { return Properties::s_tangent(p, t); }

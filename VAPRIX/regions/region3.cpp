@@ -113,18 +113,8 @@ double w(double d, double t) noexcept {
     return signed_sqrt(1000 * R * t * (b + n1 - (a + n1) * (a + n1) / tt));
 }
 
-// (dp/dd)_T = R T (2 delta phi_delta + delta^2 phi_deltadelta)
-double p_d(double d, double t) noexcept {
-    constexpr auto factor = static_cast<double>(R_l / 1000);
-    return factor * t * (evaluate<stiffness>(d * d_crit_reciprocal, T_crit / t) + n1);
-}
-
-// (dp/dT)_d = R d (delta phi_delta - delta tau phi_deltatau)
-double p_t(double d, double t) noexcept {
-    constexpr auto factor = static_cast<double>(R_l / 1000);
-    return factor * d * (evaluate<thermal>(d * d_crit_reciprocal, T_crit / t) + n1);
-}
-
+// p_d = R T (2 delta phi_delta + delta^2 phi_deltadelta),
+// p_t = R d (delta phi_delta - delta tau phi_deltatau),
 // h_d = (1000/d) (p_d - (T/d) p_t), h_t = cv + 1000 p_t/d
 TangentPair ph_tangents(double d, double t) noexcept {
     const auto [i, a, b, tt, h_t] =

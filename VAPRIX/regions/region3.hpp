@@ -15,17 +15,15 @@
 
 namespace vaprix::region3 {
 
-[[nodiscard]] double p(double d, double t) noexcept;    // pressure, MPa
-[[nodiscard]] double h(double d, double t) noexcept;    // specific enthalpy, kJ/kg
-[[nodiscard]] double u(double d, double t) noexcept;    // specific internal energy, kJ/kg
-[[nodiscard]] double s(double d, double t) noexcept;    // specific entropy, kJ/(kg K)
-[[nodiscard]] double g(double d, double t) noexcept;    // specific Gibbs energy, kJ/kg
-[[nodiscard]] double f(double d, double t) noexcept;    // specific Helmholtz energy, kJ/kg
-[[nodiscard]] double cp(double d, double t) noexcept;   // isobaric heat capacity, kJ/(kg K)
-[[nodiscard]] double cv(double d, double t) noexcept;   // isochoric heat capacity, kJ/(kg K)
-[[nodiscard]] double w(double d, double t) noexcept;    // speed of sound, m/s
-[[nodiscard]] double p_d(double d, double t) noexcept;  // (dp/dd)_T, MPa m3/kg
-[[nodiscard]] double p_t(double d, double t) noexcept;  // (dp/dT)_d, MPa/K
+[[nodiscard]] double p(double d, double t) noexcept;   // pressure, MPa
+[[nodiscard]] double h(double d, double t) noexcept;   // specific enthalpy, kJ/kg
+[[nodiscard]] double u(double d, double t) noexcept;   // specific internal energy, kJ/kg
+[[nodiscard]] double s(double d, double t) noexcept;   // specific entropy, kJ/(kg K)
+[[nodiscard]] double g(double d, double t) noexcept;   // specific Gibbs energy, kJ/kg
+[[nodiscard]] double f(double d, double t) noexcept;   // specific Helmholtz energy, kJ/kg
+[[nodiscard]] double cp(double d, double t) noexcept;  // isobaric heat capacity, kJ/(kg K)
+[[nodiscard]] double cv(double d, double t) noexcept;  // isochoric heat capacity, kJ/(kg K)
+[[nodiscard]] double w(double d, double t) noexcept;   // speed of sound, m/s
 
 // A property by its formula on the derivatives and on the pressure p, MPa.
 template <Formula formula>

@@ -20,7 +20,6 @@ namespace vaprix::region5 {
 [[nodiscard]] double cp(double p, double t) noexcept;   // isobaric heat capacity, kJ/(kg K)
 [[nodiscard]] double cv(double p, double t) noexcept;   // isochoric heat capacity, kJ/(kg K)
 [[nodiscard]] double w(double p, double t) noexcept;    // speed of sound, m/s
-[[nodiscard]] double v_p(double p, double t) noexcept;  // (dv/dp)_T, m3/(kg MPa)
 [[nodiscard]] double v_t(double p, double t) noexcept;  // (dv/dT)_p, m3/(kg K)
 
 // s + R ln p, which spares an iteration along the isobar the logarithm.
