@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
-// What (p, h) and (p, s) differ in. Everything else about the two pairs is written once, over one
-// of these: y stands for the second variable, h in kJ/kg or s in kJ/(kg K).
+// What h and s differ in as a given variable. Everything else about (p, h) and (p, s), (v, h) and
+// (v, s), saturated states by h and by s is written once, over one of these: y stands for the given
+// variable, h in kJ/kg or s in kJ/(kg K).
 #pragma once
 
 #include <cmath>
