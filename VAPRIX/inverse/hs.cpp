@@ -62,9 +62,7 @@ double temperature_b(const State& state, double h) noexcept {
 
 }  // namespace
 
-double region_reported(double h, double s) noexcept {
-    return pt::reported(resolve_b(h, s).region);
-}
+double region_reported(double h, double s) noexcept { return pt::reported(resolve_b(h, s).region); }
 
 double p_b(double h, double s) noexcept {
     const State state = resolve_b(h, s);

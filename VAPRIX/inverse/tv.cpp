@@ -102,9 +102,7 @@ int region(double t, double v) noexcept {
     return inside ? 5 : pt::outside;
 }
 
-double region_reported(double t, double v) noexcept {
-    return pt::reported(region(t, v));
-}
+double region_reported(double t, double v) noexcept { return pt::reported(region(t, v)); }
 
 double pressure_in(int region, double t, double v) noexcept {
     switch (region) {
