@@ -18,7 +18,7 @@ struct BracketedRoot {
 };
 
 // Root of f between a and b, where f changes sign: regula falsi with extra points that pull the far
-// end of the bracket in. This is the iteration for the density of region 3.
+// end of the bracket in: made for the density of region 3.
 //
 // Given:    f  residual;  a, b  ends of the bracket;  tolerance  relative step that ends the
 //           iteration (absolute below 1e-8): the step from one round's secant point to the next, so

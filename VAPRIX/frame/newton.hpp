@@ -17,30 +17,13 @@ struct NewtonRoot {
     bool converged;
 };
 
-// Root of y(x) = y by Newton's method.
-//
-// Given:    tangent  y and its slope at x;  x  start value;  tolerance  relative step that ends the
-//           iteration: as it converges quadratically, choose the root of what is wanted.
-// Returned: the root, converged; not converged after 8 rounds, which a start value in the root's
-//           neighbourhood never needs, or for a NaN.
-template <class TangentOf>
-NewtonRoot newton(TangentOf tangent, double y, double x, double tolerance) noexcept {
-    constexpr int rounds = 8;
-    for (int round = 0; round < rounds; ++round) {
-        const Tangent at = tangent(x);
-        const double step = (y - at.y) / at.y_x;
-        x += step;
-        if (std::fabs(step) < tolerance * x) return {x, true};
-    }
-    return {x, false};
-}
-
 // Root of y(x) = y by Newton's method that asks for the slope once: later slopes follow from the
 // values, m1 = 2 (y1 - y0)/(x1 - x0) - m0, exact where y bends evenly.
 //
 // Given:    tangent  y and its slope at x;  value  y alone;  x  start value;  tolerance  relative
 //           step that ends the iteration: choose the root of what is wanted.
-// Returned: as newton() above.
+// Returned: the root, converged; not converged after 8 rounds, which a start value in the root's
+//           neighbourhood never needs, or for a NaN.
 template <class TangentOf, class ValueOf>
 NewtonRoot newton_secant(TangentOf tangent, ValueOf value, double y, double x,
                          double tolerance) noexcept {

@@ -41,10 +41,6 @@ bool settle(double& x, double low, double high, double rounding) noexcept {
     return true;
 }
 
-struct Box {
-    double x_low, x_high, t_low, t_high;
-};
-
 // Pressure or density after a step; by_ratio for a pressure on whose logarithm h and s depend: the
 // exponential of the relative step to third order.
 double by_step(double x, double step) noexcept { return x + step; }
@@ -61,7 +57,7 @@ bool newton_hs(TangentsOf tangents, double h, double s, const Box& box, double s
                double& t) noexcept {
     constexpr int rounds = 15;
     const auto in_box = [&]() noexcept {
-        return x > box.x_low && x < box.x_high && t > box.t_low && t < box.t_high;
+        return x > box.low.x && x < box.high.x && t > box.low.y && t < box.high.y;
     };
     for (int round = 0; round < rounds && in_box(); ++round) {
         const TangentPair f = tangents(x, t);
@@ -80,7 +76,7 @@ constexpr double settled_3 = 1e-6;
 constexpr double settled_5 = 1e-3;
 
 Attempt attempt1(double h, double s, double p, double t) noexcept {
-    constexpr Box box{-10, 200, 250, 700};
+    constexpr Box box{{-10, 250}, {200, 700}};
     if (!newton_hs(region1::hs_tangents, h, s, box, settled_12, p, t)) return no_solution;
     const auto result = [&](int region) noexcept { return Attempt{{1, p, t, 0}, region, true}; };
     if (t > T_13 + t_rounding) return result(3);
@@ -93,7 +89,7 @@ Attempt attempt1(double h, double s, double p, double t) noexcept {
 constexpr double p_near_max_5 = 1.01 * p_max_5;  // from here no state of region 5 is mistaken for 2
 
 Attempt attempt2(double h, double s, double p, double t) noexcept {
-    constexpr Box box{1e-5, 200, 250, 1400};
+    constexpr Box box{{1e-5, 250}, {200, 1400}};
     if (!newton_hs(region2::hs_tangents, h, s, box, settled_12, p, t)) return no_solution;
     const auto result = [&](int region) noexcept { return Attempt{{2, p, t, 0}, region, true}; };
     if (t > T_25 + t_rounding) return result(p < p_near_max_5 ? 5 : pt::outside);
@@ -120,7 +116,7 @@ bool in_dome(double d, double p, double t) noexcept {
 }
 
 Attempt attempt3(double h, double s, double d, double t) noexcept {
-    constexpr Box box{50, 800, 600, 900};
+    constexpr Box box{{50, 600}, {800, 900}};
     if (!newton_hs(region3::hs_tangents, h, s, box, settled_3, d, t)) return no_solution;
     double p = region3::p(d, t);
     const auto result = [&](int region) noexcept { return Attempt{{3, p, t, d}, region, true}; };
@@ -133,7 +129,7 @@ Attempt attempt3(double h, double s, double d, double t) noexcept {
 }
 
 Attempt attempt5(double h, double s, double p, double t) noexcept {
-    constexpr Box box{1e-5, 200, 900, 3000};
+    constexpr Box box{{1e-5, 900}, {200, 3000}};
     if (!newton_hs<by_ratio>(region5::hs_tangents, h, s, box, settled_5, p, t)) return no_solution;
     const auto result = [&](int region) noexcept { return Attempt{{5, p, t, 0}, region, true}; };
     if (t < T_25 - t_rounding) return result(2);

@@ -11,7 +11,7 @@
 
 namespace vaprix::inverse {
 
-inline constexpr int two_phase = pt::saturation_line;
+using pt::two_phase;
 
 // Region of (p, y) in a pressure within the range: 1, 2, 3, 5, two_phase or pt::outside, by the
 // equations at the limits of the regions.

@@ -14,7 +14,7 @@
 
 namespace vaprix::hs {
 
-inline constexpr int two_phase = pt::saturation_line;
+using pt::two_phase;
 
 // Limits that hold every state, a little outside the range of validity.
 inline constexpr double h_lowest = -0.05, h_highest = 7377;      // kJ/kg

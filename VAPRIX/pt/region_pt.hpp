@@ -14,6 +14,7 @@ namespace vaprix::pt {
 // number.
 inline constexpr int outside = 0;          // outside the range of validity, or not yet determined
 inline constexpr int saturation_line = 9;  // within the tolerance of the saturation line
+inline constexpr int two_phase = saturation_line;  // by other pairs than (p, T): wet steam
 
 [[nodiscard]] constexpr bool is_single_phase(int region) noexcept {
     return region != outside && region != saturation_line;

@@ -10,6 +10,7 @@
 #pragma once
 
 #include <cmath>
+#include <limits>
 
 #include "saturation/saturated.hpp"
 
@@ -18,10 +19,13 @@ namespace vaprix::saturation {
 [[nodiscard]] inline bool is_quality(double x) noexcept { return x >= 0 && x <= 1; }
 
 // B-family. The absolute pressure is tested and nothing from below, deliberately: an iteration may
-// pass through p <= 0.
+// pass through p <= 0. At p = 0 the volume of what holds vapour is infinite.
 template <const auto& property>
 [[nodiscard]] double of_px_b(double p, double x) noexcept {
     if (!(is_quality(x) && std::fabs(p) <= p_crit)) return failed;
+    if constexpr (&property == &pt::v) {
+        if (p == 0 && x > 0) return std::numeric_limits<double>::infinity();
+    }
     return pt::SaturatedState(p, tsat(p)).mixture<property>(x);
 }
 template <const auto& property>
