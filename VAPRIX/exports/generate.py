@@ -7,6 +7,7 @@ FACE is one of
   header         the public C header, from include/vaprix.h.in
   version-script the linker's list of exported symbols
   names          the exported names, one a line
+  signatures     the exported functions, one a line: name and arguments
   reference      a page per family, in Markdown, into the folder OUTPUT
 
 catalogue.csv has a row an export: its name, its arguments in order, the quantity and unit of its result, its
@@ -126,6 +127,10 @@ def names(entries, _families, _version):
     return "".join(f"{name}\n" for name in all_names(entries))
 
 
+def signatures(entries, _families, _version):
+    return "".join(" ".join([e["name"], *e["arguments"]]) + "\n" for e in entries)
+
+
 def all_names(entries):
     return sorted([e["name"] for e in entries] + DATA)
 
@@ -167,7 +172,8 @@ def reference(entries, families, _version):
     return pages
 
 
-FACES = {"reference": reference, "entry-points": entry_points, "header": header, "version-script": version_script, "names": names}
+FACES = {"reference": reference, "entry-points": entry_points, "header": header, "version-script": version_script,
+         "names": names, "signatures": signatures}
 
 
 def main():

@@ -26,7 +26,7 @@ template <auto const& Terms, auto const& thresholds>
 double estimate_sum(double base) noexcept {
     static_assert(std::size(Terms) == std::size(thresholds));
     const auto sum = [base]<std::size_t... k>(std::index_sequence<k...>) {
-        return ((base > thresholds[k] ? Terms[k].n * power<Terms[k].J>(base) : 0.0) + ...);
+        return ((base <= thresholds[k] ? 0.0 : Terms[k].n * power<Terms[k].J>(base)) + ...);
     };
     return sum(std::make_index_sequence<std::size(Terms)>{});
 }
