@@ -1,9 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "saturation/wet_steam.hpp"
 
+#include <limits>
+
 #include "pt/derived.hpp"
 
 namespace vaprix::saturation {
+
+double v_px_b(double p, double x) noexcept {
+    const bool infinite = p == 0 && x > 0 && x <= 1;
+    return infinite ? std::numeric_limits<double>::infinity() : of_px_b<pt::v>(p, x);
+}
 
 double d_px_o(double p, double x) noexcept {
     if (near_critical(p)) return d_crit;

@@ -10,7 +10,6 @@
 #pragma once
 
 #include <cmath>
-#include <limits>
 
 #include "saturation/saturated.hpp"
 
@@ -19,15 +18,13 @@ namespace vaprix::saturation {
 [[nodiscard]] inline bool is_quality(double x) noexcept { return x >= 0 && x <= 1; }
 
 // B-family. The absolute pressure is tested and nothing from below, deliberately: an iteration may
-// pass through p <= 0. At p = 0 the volume of what holds vapour is infinite.
+// pass through p <= 0.
 template <const auto& property>
 [[nodiscard]] double of_px_b(double p, double x) noexcept {
     if (!(is_quality(x) && std::fabs(p) <= p_crit)) return failed;
-    if constexpr (&property == &pt::v) {
-        if (p == 0 && x > 0) return std::numeric_limits<double>::infinity();
-    }
     return pt::SaturatedState(p, tsat(p)).mixture<property>(x);
 }
+[[nodiscard]] double v_px_b(double p, double x) noexcept;  // specific volume; infinite at p = 0
 template <const auto& property>
 [[nodiscard]] double of_tx_b(double t, double x) noexcept {
     const double p = p_b(t);
