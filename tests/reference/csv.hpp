@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The published tables under tests/data as they were printed: cells stay text until they are used.
+// The published tables under published as they were printed: cells stay text until they are used.
 #pragma once
 
 #include <string>
