@@ -160,7 +160,7 @@ Attempt attempt_wet(double h, double s) noexcept {
 // Start for region 5, where h hardly depends on p and s + R ln p neither.
 Point start5(double h, double s) noexcept {
     const auto p_of = [s](double p, double t) noexcept {
-        return std::exp((region5::s_tangent(p, t).y - s) / R);
+        return std::exp((region5::s_plus_r_ln_p_tangent_t(p, t).y - s) / R);
     };
     const double p = std::min(p_of(1, inverse::Enthalpy::t5_start(0, h)), p_max_5);
     const double t = inverse::Enthalpy::t5_start(p, h);

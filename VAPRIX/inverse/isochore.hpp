@@ -76,11 +76,11 @@ template <class Y, int region>
         };
         const auto shift = [p]() noexcept { return Y::along_isobar(p, 0); };
         if constexpr (region == 1) {
-            return pair(region1::v_tangent(p, t), region1::v_t(p, t), Y::tangent1(p, t), 0);
+            return pair(region1::v_tangent_p(p, t), region1::v_t(p, t), Y::tangent1(p, t), 0);
         } else if constexpr (region == 2) {
-            return pair(region2::v_tangent(p, t), region2::v_t(p, t), Y::tangent2(p, t), shift());
+            return pair(region2::v_tangent_p(p, t), region2::v_t(p, t), Y::tangent2(p, t), shift());
         } else {
-            return pair(region5::v_tangent(p, t), region5::v_t(p, t), Y::tangent5(p, t), shift());
+            return pair(region5::v_tangent_p(p, t), region5::v_t(p, t), Y::tangent5(p, t), shift());
         }
     };
     const auto [at, converged] = newton(tangents, v, y, start, step, &around);

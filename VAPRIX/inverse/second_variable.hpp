@@ -81,9 +81,9 @@ struct Enthalpy {
         return 1000 * (v - t * v_t);
     }
 
-    static constexpr auto tangent1 = region1::h_tangent;
-    static constexpr auto tangent2 = region2::h_tangent;
-    static constexpr auto tangent5 = region5::h_tangent;
+    static constexpr auto tangent1 = region1::h_tangent_t;
+    static constexpr auto tangent2 = region2::h_tangent_t;
+    static constexpr auto tangent5 = region5::h_tangent_t;
     static constexpr auto value2 = region2::h;
     static constexpr auto value5 = region5::h;
     static constexpr auto tangents3 = region3::ph_tangents;
@@ -136,11 +136,11 @@ struct Entropy {
         return -1000 * v_t;
     }
 
-    static constexpr auto tangent1 = region1::s_tangent;
-    static constexpr auto tangent2 = region2::s_tangent;
-    static constexpr auto tangent5 = region5::s_tangent;
-    static constexpr auto value2 = region2::s_along_isobar;
-    static constexpr auto value5 = region5::s_along_isobar;
+    static constexpr auto tangent1 = region1::s_tangent_t;
+    static constexpr auto tangent2 = region2::s_plus_r_ln_p_tangent_t;
+    static constexpr auto tangent5 = region5::s_plus_r_ln_p_tangent_t;
+    static constexpr auto value2 = region2::s_plus_r_ln_p;
+    static constexpr auto value5 = region5::s_plus_r_ln_p;
     static constexpr auto tangents3 = region3::ps_tangents;
 };
 

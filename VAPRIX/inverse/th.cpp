@@ -22,8 +22,8 @@ struct Enthalpy {
     static bool may_turn(double t) noexcept { return t > 520; }
     static double turning_pressure(double t, double ps) noexcept {
         const double start = 6.6 + 1.05 * (t - 523.15);  // the minima lie nearly on a line
-        return bracketed_newton([t](double p) noexcept { return region1::h_p_tangent(p, t); }, 0.0,
-                                ps, p_max, std::clamp(start, ps, p_max), inverse::step_p)
+        return bracketed_newton([t](double p) noexcept { return region1::h_p_tangent_p(p, t); },
+                                0.0, ps, p_max, std::clamp(start, ps, p_max), inverse::step_p)
             .x;
     }
 

@@ -11,9 +11,9 @@ struct Entropy {
     static constexpr double rounding = 1e-14;  // of s, kJ/(kg K)
 
     static constexpr auto tangent1 = region1::s_tangent_p;
-    static constexpr auto tangent2 = region2::s_tangent_p;  // of s + R ln p
+    static constexpr auto tangent2 = region2::s_plus_r_ln_p_tangent_p;  // of s + R ln p
     static constexpr auto tangent3 = region3::s_tangent_d;
-    static constexpr auto tangent5 = region5::s_tangent_p;
+    static constexpr auto tangent5 = region5::s_plus_r_ln_p_tangent_p;
 
     // The entropy of the liquid has a maximum where it is densest along the isobar: on the
     // saturation line at 277.133 K, at 19 MPa at 273.15 K. Warmer, s falls throughout.
@@ -22,8 +22,8 @@ struct Entropy {
     static bool may_turn(double t) noexcept { return t < t_turning; }
     static double turning_pressure(double t, double ps) noexcept {
         const double start = (277.1333942 - t) / 0.208;
-        return bracketed_newton([t](double p) noexcept { return region1::s_p_tangent(p, t); }, 0.0,
-                                ps, p_max, std::max(start, ps), inverse::step_p)
+        return bracketed_newton([t](double p) noexcept { return region1::s_p_tangent_p(p, t); },
+                                0.0, ps, p_max, std::max(start, ps), inverse::step_p)
             .x;
     }
 

@@ -60,7 +60,7 @@ constexpr double step = 1e-8;
 // root.
 double pressure1(double t, double v) noexcept {
     const double ps = psat(t);
-    return bracketed_newton([t](double p) noexcept { return region1::v_tangent(p, t); }, v, ps,
+    return bracketed_newton([t](double p) noexcept { return region1::v_tangent_p(p, t); }, v, ps,
                             p_max, ps, step)
         .x;
 }
@@ -68,9 +68,9 @@ double pressure1(double t, double v) noexcept {
 // p = (p v(p))/v: p v hardly depends on p, so that Newton's method is nearly exact from the ideal
 // gas.
 template <class TangentOf>
-double pressure_vapour(TangentOf v_tangent, double t, double v, double highest) noexcept {
+double pressure_vapour(TangentOf v_tangent_p, double t, double v, double highest) noexcept {
     const auto excess = [=](double p) noexcept -> Tangent {
-        const Tangent at = v_tangent(p, t);
+        const Tangent at = v_tangent_p(p, t);
         return {p - p * at.y / v, 1 - (at.y + p * at.y_x) / v};
     };
     const double ideal = R / 1000 * t / v;
@@ -84,7 +84,7 @@ double pressure2(double t, double v) noexcept {
     } else if (t <= T_23_max) {
         highest = p_b23(t);
     }
-    return pressure_vapour(region2::v_tangent, t, v, highest);
+    return pressure_vapour(region2::v_tangent_p, t, v, highest);
 }
 
 }  // namespace
@@ -109,7 +109,7 @@ double pressure_in(int region, double t, double v) noexcept {
         case 1: return pressure1(t, v);
         case 2: return pressure2(t, v);
         case 3: return region3::p(1 / v, t);
-        case 5: return pressure_vapour(region5::v_tangent, t, v, p_max_5);
+        case 5: return pressure_vapour(region5::v_tangent_p, t, v, p_max_5);
         default: return psat(t);
     }
 }

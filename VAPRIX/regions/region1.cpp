@@ -126,14 +126,14 @@ double w(double p, double t) noexcept {
 
 double v_t(double p, double t) noexcept { return derivatives(p, t).v_t; }
 
-Tangent h_tangent(double p, double t) noexcept {
+Tangent h_tangent_t(double p, double t) noexcept {
     const double tau = T_star / t;
     const auto [h, tautau] =
         evaluate<enthalpy, gamma_tautau>(x_0 - p * p_star_reciprocal_short, tau - y_0);
     return {h, -R * (tau * tau) * tautau};
 }
 
-Tangent v_tangent(double p, double t) noexcept {
+Tangent v_tangent_p(double p, double t) noexcept {
     constexpr auto factor = static_cast<double>(R_per_p_star / extended(p_star));
     const auto [v_over_t, pipi] =
         evaluate<volume_over_t, gamma_pipi>(x_0 - p * p_star_reciprocal_short, T_star / t - y_0);
@@ -159,19 +159,19 @@ Tangent s_tangent_p(double p, double t) noexcept {
     return {s, s_p};
 }
 
-Tangent h_p_tangent(double p, double t) noexcept {
+Tangent h_p_tangent_p(double p, double t) noexcept {
     const Reduced r(p, t);
     const auto [h_p, h_pp] = evaluate<enthalpy_p, enthalpy_pp>(r.x(), r.y());
     return {h_p, h_pp};
 }
 
-Tangent s_p_tangent(double p, double t) noexcept {
+Tangent s_p_tangent_p(double p, double t) noexcept {
     const Reduced r(p, t);
     const auto [s_p, s_pp] = evaluate<entropy_p, entropy_pp>(r.x(), r.y());
     return {s_p, s_pp};
 }
 
-Tangent s_tangent(double p, double t) noexcept {
+Tangent s_tangent_t(double p, double t) noexcept {
     const Reduced r(p, t);
     const auto [s, tautau] = evaluate<entropy, gamma_tautau>(r.x(), r.y());
     return {s, -R / T_star * (r.tau * r.tau * r.tau) * tautau};

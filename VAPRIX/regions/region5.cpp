@@ -24,19 +24,23 @@ double v(double p, double t) noexcept { return Properties::v(p, t); }
 double h(double p, double t) noexcept { return Properties::h(p, t); }
 double u(double p, double t) noexcept { return Properties::u(p, t); }
 double s(double p, double t) noexcept { return Properties::s(p, t); }
-double s_along_isobar(double p, double t) noexcept { return Properties::s_along_isobar(p, t); }
+double s_plus_r_ln_p(double p, double t) noexcept { return Properties::s_plus_r_ln_p(p, t); }
 double g(double p, double t) noexcept { return Properties::g(p, t); }
 double cp(double p, double t) noexcept { return Properties::cp(p, t); }
 double cv(double p, double t) noexcept { return Properties::cv(p, t); }
 double w(double p, double t) noexcept { return Properties::w(p, t); }
 double v_t(double p, double t) noexcept { return Properties::derivatives(p, t).v_t; }
-Tangent h_tangent(double p, double t) noexcept { return Properties::h_tangent(p, t); }
-Tangent s_tangent(double p, double t) noexcept { return Properties::s_tangent(p, t); }
+Tangent h_tangent_t(double p, double t) noexcept { return Properties::h_tangent_t(p, t); }
+Tangent s_plus_r_ln_p_tangent_t(double p, double t) noexcept {
+    return Properties::s_plus_r_ln_p_tangent_t(p, t);
+}
 TangentPair hs_tangents(double p, double t) noexcept { return Properties::hs_tangents(p, t); }
-Tangent v_tangent(double p, double t) noexcept { return Properties::v_tangent(p, t); }
+Tangent v_tangent_p(double p, double t) noexcept { return Properties::v_tangent_p(p, t); }
 Tangent v_tangent_t(double p, double t) noexcept { return Properties::v_tangent_t(p, t); }
 Tangent h_tangent_p(double p, double t) noexcept { return Properties::h_tangent_p(p, t); }
-Tangent s_tangent_p(double p, double t) noexcept { return Properties::s_tangent_p(p, t); }
+Tangent s_plus_r_ln_p_tangent_p(double p, double t) noexcept {
+    return Properties::s_plus_r_ln_p_tangent_p(p, t);
+}
 double ideal_part(double t) noexcept { return Properties::ideal_part(t); }
 double residual_part(double p, double t) noexcept { return Properties::residual_part(p, t); }
 

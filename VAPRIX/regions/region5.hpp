@@ -23,24 +23,24 @@ namespace vaprix::region5 {
 [[nodiscard]] double v_t(double p, double t) noexcept;  // (dv/dT)_p, m3/(kg K)
 
 // s + R ln p, which spares an iteration along the isobar the logarithm.
-[[nodiscard]] double s_along_isobar(double p, double t) noexcept;
+[[nodiscard]] double s_plus_r_ln_p(double p, double t) noexcept;
 
 // h and s + R ln p with their slopes in T along the isobar, cp and cp/T, from shared sums.
-[[nodiscard]] Tangent h_tangent(double p, double t) noexcept;
-[[nodiscard]] Tangent s_tangent(double p, double t) noexcept;
+[[nodiscard]] Tangent h_tangent_t(double p, double t) noexcept;
+[[nodiscard]] Tangent s_plus_r_ln_p_tangent_t(double p, double t) noexcept;
 
 // h and s with their slopes by pressure and by temperature, from shared sums.
 [[nodiscard]] TangentPair hs_tangents(double p, double t) noexcept;
 
 // v with its slope in p along the isotherm, from shared powers.
-[[nodiscard]] Tangent v_tangent(double p, double t) noexcept;
+[[nodiscard]] Tangent v_tangent_p(double p, double t) noexcept;
 
 // v with its slope in T along the isobar.
 [[nodiscard]] Tangent v_tangent_t(double p, double t) noexcept;
 
 // h and s + R ln p with their slopes in p along the isotherm.
 [[nodiscard]] Tangent h_tangent_p(double p, double t) noexcept;
-[[nodiscard]] Tangent s_tangent_p(double p, double t) noexcept;
+[[nodiscard]] Tangent s_plus_r_ln_p_tangent_p(double p, double t) noexcept;
 
 // A property by its formula on the derivatives.
 template <Formula formula>

@@ -100,11 +100,11 @@ public:
 
     // s = R (tau (gamma0_tau + gammar_tau) - (gamma0 + gammar))
     static double s(double p, double t) noexcept {
-        return s_along_isobar(p, t) - R * guarded_log(p);
+        return s_plus_r_ln_p(p, t) - R * guarded_log(p);
     }
 
     // s + R ln p
-    static double s_along_isobar(double p, double t) noexcept {
+    static double s_plus_r_ln_p(double p, double t) noexcept {
         const double tau = Equation::T_star / t;
         return ideal<entropy0>(tau, t) + evaluate<entropy>(p, tau - Equation::shift);
     }
@@ -123,7 +123,7 @@ public:
                      tau * tau * evaluate<gamma_tautau>(p, tau - Equation::shift));
     }
 
-    static Tangent h_tangent(double p, double t) noexcept {
+    static Tangent h_tangent_t(double p, double t) noexcept {
         const double tau = Equation::T_star / t;
         const auto [h, tt] = evaluate<enthalpy, gamma_tautau>(p, tau - Equation::shift);
         return {ideal<enthalpy0>(tau, t, Equation::T_star_reciprocal_h) + h,
@@ -131,14 +131,14 @@ public:
     }
 
     // of s + R ln p
-    static Tangent s_tangent(double p, double t) noexcept {
+    static Tangent s_plus_r_ln_p_tangent_t(double p, double t) noexcept {
         const double tau = Equation::T_star / t;
         const auto [s, tt] = evaluate<entropy, gamma_tautau>(p, tau - Equation::shift);
         return {ideal<entropy0>(tau, t) + s,
                 -R / Equation::T_star * tau * (ideal<tautau0>(tau, t) + tau * tau * tt)};
     }
 
-    static Tangent v_tangent(double p, double t) noexcept {
+    static Tangent v_tangent_p(double p, double t) noexcept {
         constexpr auto factor = static_cast<double>(R_l / 1000);
         const auto [pi, pipi] =
             evaluate<gamma_pi, gamma_pipi>(p, Equation::T_star / t - Equation::shift);
@@ -176,7 +176,7 @@ public:
     }
 
     // of s + R ln p
-    static Tangent s_tangent_p(double p, double t) noexcept {
+    static Tangent s_plus_r_ln_p_tangent_p(double p, double t) noexcept {
         const double tau = Equation::T_star / t;
         const auto [s, s_p] = evaluate<entropy, entropy_p>(p, tau - Equation::shift);
         return {ideal<entropy0>(tau, t) + s, s_p};

@@ -22,7 +22,8 @@ using tables::SaturatedLimits;
 template <Phase phase>
 Tangent density_tangent(double t) noexcept {
     const Tangent ps = psat_tangent(t);
-    const Tangent v = phase == liquid ? region1::v_tangent(ps.y, t) : region2::v_tangent(ps.y, t);
+    const Tangent v =
+        phase == liquid ? region1::v_tangent_p(ps.y, t) : region2::v_tangent_p(ps.y, t);
     const double v_t = phase == liquid ? region1::v_t(ps.y, t) : region2::v_t(ps.y, t);
     return {1 / v.y, -(v_t + v.y_x * ps.y_x) / (v.y * v.y)};
 }

@@ -29,7 +29,7 @@ std::size_t Table::column(const std::string& name) const {
 }
 
 Table read_table(const std::string& path) {
-    std::ifstream file(std::string(VAPRIX_TEST_DATA) + "/" + path);
+    std::ifstream file(std::string(VAPRIX_PUBLISHED) + "/" + path);
     Table table;
     for (std::string line; std::getline(file, line);) {
         if (line.empty() || line.front() == '#') continue;
