@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cmath>
+#include <limits>
 
 #include "frame/guarded_math.hpp"
 #include "regions/derivatives.hpp"
@@ -55,6 +56,14 @@ inline constexpr Reading z_of_d{
 inline constexpr Reading z_of_v{
     [](const State& at) noexcept { return 1000 * at.p * mixed<v>(at) / (R * at.t); },
     {.p = true, .single = true, .wet = true}};
+
+// Specific volume of wet steam, m3/kg: infinite at no pressure but for pure liquid, which is stored,
+// not divided for.
+inline constexpr Reading v_or_infinite{
+    [](const State& at) noexcept {
+        return at.p == 0 && at.x > 0 ? std::numeric_limits<double>::infinity() : mixed<v>(at);
+    },
+    v.asked};
 
 // Gibbs energy of the ideal gas at (p, T), kJ/kg: R T gamma0, of region 2 up to 1073.15 K and of
 // region 5 above, whatever the region of the state. Its zero is that of the real fluid.

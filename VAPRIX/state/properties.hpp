@@ -114,7 +114,12 @@ inline constexpr Reading d{
     {.density = true, .wet = true}};
 
 // Reciprocals that are the result of some exports, down to the rounding.
-inline constexpr Reading v_of_d{[](const State& at) noexcept { return 1 / d.of(at); }, d.asked};
+inline constexpr Reading v_of_d{
+    [](const State& at) noexcept {
+        const double density = d.of(at);
+        return density > 0 ? 1 / density : failed;
+    },
+    d.asked};
 inline constexpr Reading d_of_v{[](const State& at) noexcept { return 1 / mixed<v>(at); }, v.asked};
 inline constexpr Reading v_of_d_of_v{[](const State& at) noexcept { return 1 / d_of_v.of(at); },
                                      v.asked};

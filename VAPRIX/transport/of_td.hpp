@@ -10,7 +10,7 @@
 
 #include "frame/error_code.hpp"
 #include "inverse/td.hpp"
-#include "transport/limits.hpp"
+#include "transport/limits_old.hpp"
 #include "transport/properties.hpp"
 #include "transport/refractive_index.hpp"
 

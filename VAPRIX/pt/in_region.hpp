@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+//
+// States of one region's equation, unchecked: outside its region the equation is evaluated as it
+// stands.
+// Source: IAPWS R7-97(2012), Eqs. (7), (15), (28) and (32).
+#pragma once
+
+#include "regions/region3_density.hpp"
+#include "state/state.hpp"
+
+namespace vaprix {
+
+template <Asked>
+[[nodiscard]] inline State region1_of_pt(double p, double t) noexcept {
+    return gibbs_state(Region::one, p, t);
+}
+template <Asked>
+[[nodiscard]] inline State region2_of_pt(double p, double t) noexcept {
+    return gibbs_state(Region::two, p, t);
+}
+template <Asked>
+[[nodiscard]] inline State region5_of_pt(double p, double t) noexcept {
+    return gibbs_state(Region::five, p, t);
+}
+
+template <Asked>
+[[nodiscard]] inline State region3_of_vt(double v, double t) noexcept {
+    return {.region = Region::three, .t = t, .d = 1 / v, .v = v};
+}
+
+// At the iterated density; refused where the iteration does not converge.
+template <Asked>
+[[nodiscard]] inline State region3_of_pt(double p, double t) noexcept {
+    const region3::Density density = region3::density_pt(p, t);
+    return density.converged ? dense_state(p, t, density.d) : refused(no_code);
+}
+
+}  // namespace vaprix
