@@ -27,12 +27,14 @@ struct Refusal {
 };
 
 // A temperature, K, beyond which a correlation is refused.
+inline constexpr double unlimited = std::numeric_limits<double>::infinity();
 struct Limit {
-    double t = std::numeric_limits<double>::infinity();
+    double t = unlimited;
     Refusal refusal{};
 };
 
 struct Answers {
+    bool of_any = false;           // the property has a value for no state, too
     Refusal outside{};             // no state
     bool own_code = false;         // with the code of the resolver
     ErrorCode nan_code = no_code;  // of a temperature that is no number, if any
@@ -57,7 +59,7 @@ inline constexpr Asked asked = [] {
 }();
 
 template <const auto& property>
-[[nodiscard]] double refuse(const Refusal& refusal) noexcept {
+[[nodiscard]] VAPRIX_INLINE double refuse(const Refusal& refusal) noexcept {
     if (refusal.code != no_code) store(refusal.code);
     if constexpr (requires { property.factor; }) {
         if (refusal.scaled) return refusal.value * property.factor;
@@ -67,7 +69,8 @@ template <const auto& property>
 
 // The result of an export; `more` are the arguments that the property takes beside the state.
 template <const Answers& rule, const auto& property, class... More>
-[[nodiscard]] double answer(const State& state, More... more) noexcept {
+[[nodiscard]] VAPRIX_INLINE double answer(const State& state, More... more) noexcept {
+    if constexpr (rule.of_any) return property.of(state);
     if constexpr (rule.undefined_first) {
         if (!property.defined(state, more...)) return refuse<property>(rule.undefined);
     }
@@ -93,8 +96,12 @@ template <const Answers& rule, const auto& property, class... More>
         return refuse<property>(rule.wet);
     }
     if constexpr (rule.only_wet) return failed;
-    if (state.t > rule.above.t) return refuse<property>(rule.above.refusal);
-    if (state.t > rule.above_too.t) return refuse<property>(rule.above_too.refusal);
+    if constexpr (rule.above.t < unlimited) {
+        if (state.t > rule.above.t) return refuse<property>(rule.above.refusal);
+    }
+    if constexpr (rule.above_too.t < unlimited) {
+        if (state.t > rule.above_too.t) return refuse<property>(rule.above_too.refusal);
+    }
     if constexpr (rule.below.t > 0) {
         if (!(state.t >= rule.below.t)) return refuse<property>(rule.below.refusal);
     }

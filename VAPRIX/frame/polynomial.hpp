@@ -19,11 +19,7 @@
 #include <tuple>
 #include <utility>
 
-#if defined(__GNUC__)
-#define VAPRIX_INLINE inline __attribute__((always_inline))
-#else
-#define VAPRIX_INLINE inline
-#endif
+#include "frame/inline.hpp"
 
 namespace vaprix {
 

@@ -11,26 +11,26 @@
 namespace vaprix {
 
 template <Asked>
-[[nodiscard]] inline State region1_of_pt(double p, double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE State region1_of_pt(double p, double t) noexcept {
     return gibbs_state(Region::one, p, t);
 }
 template <Asked>
-[[nodiscard]] inline State region2_of_pt(double p, double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE State region2_of_pt(double p, double t) noexcept {
     return gibbs_state(Region::two, p, t);
 }
 template <Asked>
-[[nodiscard]] inline State region5_of_pt(double p, double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE State region5_of_pt(double p, double t) noexcept {
     return gibbs_state(Region::five, p, t);
 }
 
 template <Asked>
-[[nodiscard]] inline State region3_of_vt(double v, double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE State region3_of_vt(double v, double t) noexcept {
     return {.region = Region::three, .t = t, .d = 1 / v, .v = v};
 }
 
 // At the iterated density; refused where the iteration does not converge.
 template <Asked>
-[[nodiscard]] inline State region3_of_pt(double p, double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE State region3_of_pt(double p, double t) noexcept {
     const region3::Density density = region3::density_pt(p, t);
     return density.converged ? dense_state(p, t, density.d) : refused(no_code);
 }

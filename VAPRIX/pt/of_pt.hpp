@@ -18,13 +18,13 @@ namespace vaprix {
 
 // A state in a region that has been settled, region 3 at the volume of the backward equations.
 template <Asked asked>
-[[nodiscard]] inline State in_region_b(Region region, double p, double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE State in_region_b(Region region, double p, double t) noexcept {
     State state{.region = region, .p = p, .t = t};
     if constexpr (asked.single || asked.density) {
         if (region == Region::three) {
             state.v = region3::v_pt(p, t);
             state.d = 1 / state.v;
-        } else if (asked.density && region != Region::wet && region != Region::none) {
+        } else if (asked.density && region != Region::wet) {
             state.v = single<property::v>(state);
             state.d = 1 / state.v;
         }
@@ -33,7 +33,7 @@ template <Asked asked>
 }
 
 template <Asked asked>
-[[nodiscard]] inline State of_pt_b(double p, double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE State of_pt_b(double p, double t) noexcept {
     const Region region = region_pt(p, t);
     return region == Region::none ? refused(ErrorCode::outside_range)
                                   : in_region_b<asked>(region, p, t);
@@ -42,7 +42,7 @@ template <Asked asked>
 // The region is the number given, unchecked; 0 is determined and written back. Refused, without a
 // code: a number without a single-phase equation.
 template <Asked asked>
-[[nodiscard]] inline State of_pt_given(double p, double t, int& number) noexcept {
+[[nodiscard]] VAPRIX_INLINE State of_pt_given(double p, double t, int& number) noexcept {
     if (number == 0) number = static_cast<int>(region_pt(p, t));
     const bool has_equation = (number >= 1 && number <= 3) || number == 5;
     return has_equation ? in_region_b<asked>(static_cast<Region>(number), p, t) : refused(no_code);
@@ -56,25 +56,26 @@ template <Asked asked>
 // Region 3 at the density that reproduces p, exactly 322 kg/m3 at the critical point; which is of
 // region 3 where the coexisting phases are not asked for.
 template <Asked asked>
-[[nodiscard]] inline State of_pt_o(double p, double t) noexcept {
-    State state{.region = region_pt(p, t), .p = p, .t = t, .refusal = ErrorCode::outside_range};
-    const bool on_line = state.region == Region::wet;
-    if (state.region == Region::three || (on_line && !asked.wet && at_critical_point(p, t))) {
-        if constexpr (asked.single || asked.density) {
-            return dense_state(p, t, at_critical_point(p, t) ? d_crit : region3::density_pt(p, t).d);
-        }
-    } else if (on_line) {
-        if constexpr (asked.wet) state.ends = ends_at(p, t);
-    } else if (asked.density && state.region != Region::none) {
-        state.d = 1 / single<property::v>(state);
-        state.v = 1 / state.d;
+[[nodiscard]] VAPRIX_INLINE State of_pt_o(double p, double t) noexcept {
+    const Region region = region_pt(p, t);
+    if (region == Region::none) return refused(ErrorCode::outside_range);
+    if (region == Region::wet && (asked.wet || !at_critical_point(p, t))) {
+        return wet_state<asked>(p, t);
     }
-    return state;
+    if (region == Region::three || region == Region::wet) {
+        if constexpr (asked.single || asked.density) {
+            if (at_critical_point(p, t)) return dense_state(p, t, d_crit);
+            const region3::Density density = region3::density_pt(p, t);
+            return density.converged ? dense_state(p, t, density.d)
+                                     : refused(ErrorCode::property_range);
+        }
+    }
+    return with_density<asked>(gibbs_state(region, p, t));
 }
 
 // Fugacity has codes of its own outside.
 template <Asked asked>
-[[nodiscard]] inline State fugacity_of_pt(double p, double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE State fugacity_of_pt(double p, double t) noexcept {
     if (t < T_min - limit_tolerance) return refused(ErrorCode::fugacity_below_t_min);
     if (!(p > 0)) return refused(ErrorCode::fugacity_not_positive);
     return of_pt_o<asked>(p, t);

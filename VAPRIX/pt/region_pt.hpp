@@ -20,7 +20,7 @@ inline constexpr double limit_tolerance = 1e-12;
 // Returned: the region, wet on the saturation line. The limits themselves are inside; a NaN is
 //           outside.
 // Source:   IAPWS R7-97(2012), section 2; boundaries by Eqs. (5), (30) and (31).
-[[nodiscard]] inline Region region_pt(double p, double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE Region region_pt(double p, double t) noexcept {
     if (!(t >= T_min - limit_tolerance && t <= T_max && p <= p_max && p >= p_min))
         return Region::none;
     if (t <= T_13) {

@@ -20,16 +20,10 @@ namespace vaprix {
 enum class Phase { liquid, vapour };
 
 template <Phase phase, Asked asked>
-[[nodiscard]] inline State saturated_phase(const State& line) noexcept {
+[[nodiscard]] VAPRIX_INLINE State saturated_phase(const State& line) noexcept {
     if (line.region != Region::wet) return line;
-    State state = phase == Phase::liquid ? liquid_end(line) : vapour_end(line);
-    if constexpr (asked.density) {
-        if (state.region != Region::three) {
-            state.d = 1 / single<property::v>(state);
-            state.v = 1 / state.d;
-        }
-    }
-    return state;
+    const State state = phase == Phase::liquid ? liquid_end(line) : vapour_end(line);
+    return state.region == Region::three ? state : with_density<asked>(state);
 }
 
 // What the coexisting phases are asked for, given what one of them is.
@@ -40,7 +34,7 @@ template <Phase phase, Asked asked>
 // --- by temperature ---
 
 template <Asked asked>
-[[nodiscard]] inline State line_of_t(double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE State line_of_t(double t) noexcept {
     if (!(t >= T_min && t <= T_crit)) {
         return {.t = t, .refusal = ErrorCode::saturation_temperature_range};
     }
@@ -51,7 +45,7 @@ template <Asked asked>
 
 // B-family: from 0.0005 MPa, a little below the line on purpose (270.4175 K).
 template <Asked asked>
-[[nodiscard]] inline State line_of_p_b(double p) noexcept {
+[[nodiscard]] VAPRIX_INLINE State line_of_p_b(double p) noexcept {
     constexpr double lowest = 0.0005;
     if (!(p >= lowest && p <= p_crit)) return refused(ErrorCode::saturation_pressure_range);
     return wet_state<asked>(p, asked.t || asked.wet ? tsat(p) : 0);
@@ -68,7 +62,7 @@ inline constexpr double critical_tolerance = 1e-9;
 // O-family, at the temperature that reproduces p. Any p above 0 is accepted: below the line the
 // secant steps extrapolate, down to about 1e-8 MPa.
 template <Asked asked>
-[[nodiscard]] inline State line_of_p_o(double p) noexcept {
+[[nodiscard]] VAPRIX_INLINE State line_of_p_o(double p) noexcept {
     if (!(p > 0 && p <= p_crit)) return refused(ErrorCode::saturation_pressure_range);
     State state{.region = Region::wet, .p = p, .t = tsat_exact(p)};
     if constexpr (asked.wet)
@@ -80,7 +74,7 @@ template <Asked asked>
 // state as by pressure. In the last 1.2e-9 K Eq. (30) exceeds the critical pressure by a rounding,
 // which is no refusal.
 template <Asked asked>
-[[nodiscard]] inline State line_of_t_o(double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE State line_of_t_o(double t) noexcept {
     const State line = line_of_t<Asked{.p = true}>(t);
     return line.region == Region::none ? line : line_of_p_o<asked>(std::min(line.p, p_crit));
 }
@@ -88,65 +82,65 @@ template <Asked asked>
 // --- one phase ---
 
 template <Asked asked>
-[[nodiscard]] inline State liquid_of_t(double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE State liquid_of_t(double t) noexcept {
     return saturated_phase<Phase::liquid, asked>(line_of_t<phases(asked)>(t));
 }
 template <Asked asked>
-[[nodiscard]] inline State vapour_of_t(double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE State vapour_of_t(double t) noexcept {
     return saturated_phase<Phase::vapour, asked>(line_of_t<phases(asked)>(t));
 }
 template <Asked asked>
-[[nodiscard]] inline State liquid_of_t_o(double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE State liquid_of_t_o(double t) noexcept {
     return saturated_phase<Phase::liquid, asked>(line_of_t_o<phases(asked)>(t));
 }
 template <Asked asked>
-[[nodiscard]] inline State vapour_of_t_o(double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE State vapour_of_t_o(double t) noexcept {
     return saturated_phase<Phase::vapour, asked>(line_of_t_o<phases(asked)>(t));
 }
 template <Asked asked>
-[[nodiscard]] inline State liquid_of_p_b(double p) noexcept {
+[[nodiscard]] VAPRIX_INLINE State liquid_of_p_b(double p) noexcept {
     return saturated_phase<Phase::liquid, asked>(line_of_p_b<phases(asked)>(p));
 }
 template <Asked asked>
-[[nodiscard]] inline State vapour_of_p_b(double p) noexcept {
+[[nodiscard]] VAPRIX_INLINE State vapour_of_p_b(double p) noexcept {
     return saturated_phase<Phase::vapour, asked>(line_of_p_b<phases(asked)>(p));
 }
 template <Asked asked>
-[[nodiscard]] inline State liquid_of_p_o(double p) noexcept {
+[[nodiscard]] VAPRIX_INLINE State liquid_of_p_o(double p) noexcept {
     return saturated_phase<Phase::liquid, asked>(line_of_p_o<phases(asked)>(p));
 }
 template <Asked asked>
-[[nodiscard]] inline State vapour_of_p_o(double p) noexcept {
+[[nodiscard]] VAPRIX_INLINE State vapour_of_p_o(double p) noexcept {
     return saturated_phase<Phase::vapour, asked>(line_of_p_o<phases(asked)>(p));
 }
 
 // --- one phase, up to a rounding beyond the critical point: 322 kg/m3 there ---
 
 template <Phase phase, Asked asked>
-[[nodiscard]] inline State phase_of_t_widened(double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE State phase_of_t_widened(double t) noexcept {
     if (std::fabs(t - T_crit) < critical_tolerance) return dense_state(p_crit, t, d_crit);
     return saturated_phase<phase, asked>(line_of_t<phases(asked)>(t));
 }
 template <Asked asked>
-[[nodiscard]] inline State liquid_of_t_widened(double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE State liquid_of_t_widened(double t) noexcept {
     return phase_of_t_widened<Phase::liquid, asked>(t);
 }
 template <Asked asked>
-[[nodiscard]] inline State vapour_of_t_widened(double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE State vapour_of_t_widened(double t) noexcept {
     return phase_of_t_widened<Phase::vapour, asked>(t);
 }
 
 template <Phase phase, Asked asked>
-[[nodiscard]] inline State phase_of_p_widened(double p) noexcept {
+[[nodiscard]] VAPRIX_INLINE State phase_of_p_widened(double p) noexcept {
     if (near_critical(p)) return dense_state(p, T_crit, d_crit);
     return saturated_phase<phase, asked>(line_of_p_o<phases(asked)>(p));
 }
 template <Asked asked>
-[[nodiscard]] inline State liquid_of_p_widened(double p) noexcept {
+[[nodiscard]] VAPRIX_INLINE State liquid_of_p_widened(double p) noexcept {
     return phase_of_p_widened<Phase::liquid, asked>(p);
 }
 template <Asked asked>
-[[nodiscard]] inline State vapour_of_p_widened(double p) noexcept {
+[[nodiscard]] VAPRIX_INLINE State vapour_of_p_widened(double p) noexcept {
     return phase_of_p_widened<Phase::vapour, asked>(p);
 }
 
@@ -156,7 +150,7 @@ template <Asked asked>
 
 // The temperature is tested before the quality.
 template <Asked asked>
-[[nodiscard]] inline State wet_of_tx(double t, double x) noexcept {
+[[nodiscard]] VAPRIX_INLINE State wet_of_tx(double t, double x) noexcept {
     State state = line_of_t<asked>(t);
     if (state.region == Region::none) return state;
     if (!is_quality(x)) return refused(ErrorCode::quality_range);
@@ -166,7 +160,7 @@ template <Asked asked>
 
 // Both phases share their fugacity: that of the liquid.
 template <Asked asked>
-[[nodiscard]] inline State liquid_of_tx(double t, double x) noexcept {
+[[nodiscard]] VAPRIX_INLINE State liquid_of_tx(double t, double x) noexcept {
     const State state = liquid_of_t<asked>(t);
     if (state.region == Region::none || is_quality(x)) return state;
     return refused(ErrorCode::property_range);
@@ -175,7 +169,7 @@ template <Asked asked>
 // The absolute pressure is tested and nothing from below, deliberately: an iteration may pass
 // through p <= 0.
 template <Asked asked>
-[[nodiscard]] inline State wet_of_px_b(double p, double x) noexcept {
+[[nodiscard]] VAPRIX_INLINE State wet_of_px_b(double p, double x) noexcept {
     if (!(is_quality(x) && std::fabs(p) <= p_crit)) return refused(no_code);
     State state = wet_state<asked>(p, tsat(p));
     state.x = x;
@@ -185,7 +179,7 @@ template <Asked asked>
 // A quality out of range is refused before a pressure below it. Next to the critical point, where
 // both phases are the same, any quality is taken, a NaN as well.
 template <Asked asked>
-[[nodiscard]] inline State wet_of_px_o(double p, double x) noexcept {
+[[nodiscard]] VAPRIX_INLINE State wet_of_px_o(double p, double x) noexcept {
     const bool good = is_quality(x);
     if (!good && p <= p_crit && !near_critical(p)) return refused(ErrorCode::quality_range);
     State state = line_of_p_o<asked>(p);
@@ -193,7 +187,7 @@ template <Asked asked>
     return state;
 }
 template <Asked asked>
-[[nodiscard]] inline State wet_of_px_widened(double p, double x) noexcept {
+[[nodiscard]] VAPRIX_INLINE State wet_of_px_widened(double p, double x) noexcept {
     if (near_critical(p)) return dense_state(p, T_crit, d_crit);
     return wet_of_px_o<asked>(p, x);
 }

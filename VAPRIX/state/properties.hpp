@@ -32,7 +32,7 @@ struct Reading {
 
 // Of a single phase.
 template <const auto& property>
-[[nodiscard]] double single(const State& state) noexcept {
+[[nodiscard]] VAPRIX_INLINE double single(const State& state) noexcept {
     if constexpr (requires { property.of; }) {
         return property.of(state);
     } else {
@@ -49,7 +49,7 @@ template <const auto& property>
 // The same, and of wet steam by the lever rule: at the qualities 0 and 1 the phases to the last
 // digit.
 template <const auto& property>
-[[nodiscard]] double mixed(const State& state) noexcept {
+[[nodiscard]] VAPRIX_INLINE double mixed(const State& state) noexcept {
     if constexpr (requires { property.of; }) {
         return property.of(state);
     } else {
@@ -64,7 +64,7 @@ template <const auto& property>
 
 // Quality at which the mixture of the two phases has the given value of the property.
 template <const auto& property>
-[[nodiscard]] double quality(const State& wet, double value) noexcept {
+[[nodiscard]] VAPRIX_INLINE double quality(const State& wet, double value) noexcept {
     const double of_liquid = single<property>(liquid_end(wet));
     return (value - of_liquid) / (single<property>(vapour_end(wet)) - of_liquid);
 }
@@ -114,15 +114,25 @@ inline constexpr Reading d{
     {.density = true, .wet = true}};
 
 // Reciprocals that are the result of some exports, down to the rounding.
-inline constexpr Reading v_of_d{
-    [](const State& at) noexcept {
-        const double density = d.of(at);
-        return density > 0 ? 1 / density : failed;
-    },
-    d.asked};
+inline constexpr Reading v_of_d{[](const State& at) noexcept {
+                                    const double density = d.of(at);
+                                    return density > 0 ? 1 / density : failed;
+                                },
+                                d.asked};
 inline constexpr Reading d_of_v{[](const State& at) noexcept { return 1 / mixed<v>(at); }, v.asked};
 inline constexpr Reading v_of_d_of_v{[](const State& at) noexcept { return 1 / d_of_v.of(at); },
                                      v.asked};
 
 }  // namespace property
+
+// A state of region 1, 2 or 5 with its density, if that is asked for.
+template <Asked asked>
+[[nodiscard]] VAPRIX_INLINE State with_density(State state) noexcept {
+    if constexpr (asked.density) {
+        state.d = 1 / single<property::v>(state);
+        state.v = 1 / state.d;
+    }
+    return state;
+}
+
 }  // namespace vaprix

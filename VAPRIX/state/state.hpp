@@ -6,6 +6,7 @@
 
 #include "frame/constants.hpp"
 #include "frame/error_code.hpp"
+#include "frame/inline.hpp"
 
 namespace vaprix {
 
@@ -54,24 +55,27 @@ struct StateOf {
 using State = StateOf<double>;
 
 // No state, and the code that says why.
-[[nodiscard]] constexpr State refused(ErrorCode why) noexcept { return {.refusal = why}; }
+[[nodiscard]] VAPRIX_INLINE constexpr State refused(ErrorCode why) noexcept {
+    return {.refusal = why};
+}
 
 // A state of region 1, 2 or 5.
-[[nodiscard]] constexpr State gibbs_state(Region region, double p, double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE constexpr State gibbs_state(Region region, double p,
+                                                        double t) noexcept {
     return {.region = region, .p = p, .t = t};
 }
 
 // A state of region 3 at the density d.
-[[nodiscard]] constexpr State dense_state(double p, double t, double d) noexcept {
+[[nodiscard]] VAPRIX_INLINE constexpr State dense_state(double p, double t, double d) noexcept {
     return {.region = Region::three, .p = p, .t = t, .d = d, .v = 1 / d};
 }
 
 // The saturated phases of wet steam.
-[[nodiscard]] constexpr State liquid_end(const State& wet) noexcept {
+[[nodiscard]] VAPRIX_INLINE constexpr State liquid_end(const State& wet) noexcept {
     return wet.t > T_13 ? dense_state(wet.p, wet.t, wet.ends.liquid)
                         : gibbs_state(Region::one, wet.p, wet.t);
 }
-[[nodiscard]] constexpr State vapour_end(const State& wet) noexcept {
+[[nodiscard]] VAPRIX_INLINE constexpr State vapour_end(const State& wet) noexcept {
     return wet.t > T_13 ? dense_state(wet.p, wet.t, wet.ends.vapour)
                         : gibbs_state(Region::two, wet.p, wet.t);
 }

@@ -10,7 +10,7 @@ namespace vaprix {
 
 // The coexisting phases at (p, t) on the saturation line: above 623.15 K their densities are solved
 // for.
-[[nodiscard]] inline SaturatedEnds<double> ends_at(double p, double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE SaturatedEnds<double> ends_at(double p, double t) noexcept {
     if (t <= T_13) return {};
     const SaturatedDensities d = dsat3(t, p);
     return {d.vapour, d.liquid};
@@ -18,7 +18,7 @@ namespace vaprix {
 
 // Wet steam at (p, t) on the saturation line, of a quality that is still open.
 template <Asked asked>
-[[nodiscard]] inline State wet_state(double p, double t) noexcept {
+[[nodiscard]] VAPRIX_INLINE State wet_state(double p, double t) noexcept {
     State state{.region = Region::wet, .p = p, .t = t};
     if constexpr (asked.wet) state.ends = ends_at(p, t);
     return state;
@@ -26,7 +26,7 @@ template <Asked asked>
 
 // Wet steam of which a property has the given value.
 template <Asked asked, const auto& property>
-[[nodiscard]] inline State wet_state_by(double p, double t, double value) noexcept {
+[[nodiscard]] VAPRIX_INLINE State wet_state_by(double p, double t, double value) noexcept {
     State state = wet_state<asked>(p, t);
     if constexpr (asked.wet) state.x = quality<property>(state, value);
     return state;
