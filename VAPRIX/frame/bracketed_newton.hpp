@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 
 #include "frame/newton.hpp"
@@ -25,7 +26,7 @@ NewtonRoot bracketed_newton(TangentOf tangent, double y, double low, double high
         const Tangent at = tangent(x);
         const double step = (y - at.y) / at.y_x;
         if (std::fabs(step) < tolerance * std::fabs(x)) {
-            return {std::fmin(std::fmax(x + step, low), high), true};
+            return {std::clamp(x + step, low, high), true};
         }
         if (!(std::fabs(step) >= 0)) return {x, false};
         if (step > 0) {
