@@ -69,7 +69,7 @@ template <class Y>
     if (side * (t - tsat(p)) > close) return {d, t};
     const double nearest = tsat_exact(p) + side * apart;
     if (side * (t - nearest) >= 0) return {d, t};
-    return {region3::density_from(p, nearest, d, region3::density_tolerance).d, nearest};
+    return {region3_density::density_beside(p, nearest, d), nearest};
 }
 
 // Wet steam at the saturation temperature that reproduces p.

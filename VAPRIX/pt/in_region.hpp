@@ -31,8 +31,8 @@ template <Asked>
 // At the iterated density; refused where the iteration does not converge.
 template <Asked>
 [[nodiscard]] VAPRIX_INLINE State region3_of_pt(double p, double t) noexcept {
-    const region3::Density density = region3::density_pt(p, t);
-    return density.converged ? dense_state(p, t, density.d) : refused(no_code);
+    const double d = region3_density::density_pt(p, t);
+    return d > 0 ? dense_state(p, t, d) : refused(no_code);
 }
 
 }  // namespace vaprix

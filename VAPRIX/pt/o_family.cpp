@@ -8,9 +8,7 @@
 namespace vaprix::pt {
 
 double density3(double p, double t) noexcept {
-    if (at_critical_point(p, t)) return d_crit;
-    const region3::Density density = region3::density_pt(p, t);
-    return density.converged ? density.d : 0.0;
+    return at_critical_point(p, t) ? d_crit : region3_density::density_pt(p, t);
 }
 
 namespace {

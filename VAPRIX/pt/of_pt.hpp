@@ -65,9 +65,8 @@ template <Asked asked>
     if (region == Region::three || region == Region::wet) {
         if constexpr (asked.single || asked.density) {
             if (at_critical_point(p, t)) return dense_state(p, t, d_crit);
-            const region3::Density density = region3::density_pt(p, t);
-            return density.converged ? dense_state(p, t, density.d)
-                                     : refused(ErrorCode::property_range);
+            const double d = region3_density::density_pt(p, t);
+            return d > 0 ? dense_state(p, t, d) : refused(ErrorCode::property_range);
         }
     }
     return with_density<asked>(gibbs_state(region, p, t));

@@ -5,145 +5,95 @@
 #include <cmath>
 #include <limits>
 
+#include "frame/bracketed_newton.hpp"
 #include "frame/bracketed_secant.hpp"
 #include "frame/constants.hpp"
-#include "frame/polynomial.hpp"
 #include "regions/region3.hpp"
+#include "regions/region3_volume.hpp"
 #include "regions/saturation_line.hpp"
-#include "regions/tables/region3_start.hpp"
 
-namespace vaprix::region3 {
+namespace vaprix::region3_density {
 namespace {
 
-enum class Side { liquid, vapour };  // denser or less dense than the critical density
+constexpr double densest = 800;  // kg/m3, above every state of region 3, where the isotherm rises
 
-// One start-value fit, k = 1..7.
-template <auto const& Terms, std::size_t k>
-double fit(double p, double t) noexcept {
-    static constexpr auto volume = polynomial(Terms);
-    constexpr const auto& scale = tables::start_scale[k - 1];
-    return evaluate<volume>((p - scale.p0) * scale.p_factor, (t - scale.T0) * scale.T_factor);
+// Where on an isotherm a root is looked for. Below the critical temperature the isotherm falls
+// between the two phases; there the root lies towards the far end of the side, whatever the
+// pressure.
+struct Side {
+    double low;       // kg/m3
+    double high;      // kg/m3
+    double p_beyond;  // MPa, added to the pressure where the isotherm falls
+};
+constexpr double far = 1e9;
+constexpr Side whole{0, densest, 0};
+constexpr Side vapour{0, d_crit, far};
+constexpr Side liquid{d_crit, densest, -far};
+
+constexpr Side side_of(double d) noexcept { return d > d_crit ? liquid : vapour; }
+
+// Root of p(d) = p on a side, by Newton's method; 0.0 where there is none.
+double newton(const region3::Isotherm& isotherm, double p, Side side, double d_start) noexcept {
+    constexpr double step = 1e-8;       // relative, after which the error is one of rounding
+    constexpr double rounding = 1e-12;  // of the pressure, relative
+    constexpr double flat = 1e-30;      // MPa m3/kg, a slope that leads to the end of the bracket
+    // In single precision the start does not carry the last digit of the host's exponential, which
+    // subregion 3n passes through, into the result.
+    const auto start = static_cast<float>(std::clamp(d_start, side.low, side.high));
+    const NewtonRoot root = bracketed_newton(
+        [&](double d) noexcept {
+            const Tangent at{isotherm.p(d), isotherm.p_d(d)};
+            return at.y_x > 0 ? at : Tangent{at.y + side.p_beyond, flat};
+        },
+        p, side.low, side.high, start, step);
+    // an end of the side stands for a root beyond it, and next to the critical point the isotherm
+    // is so flat that rounding decides the steps
+    const bool solved = (root.converged && root.x > side.low && root.x < side.high) ||
+                        std::fabs(isotherm.p(root.x) - p) < rounding * p;
+    return solved ? root.x : 0.0;
 }
 
-// Root of p(d) = p by Newton's method from outside: from above on the liquid side, where the
-// isotherm is convex, from below on the vapour side, where it is concave. The steps run towards the
-// root without passing it, so that neither the wrong phase nor the flat isotherm next to the
-// critical point is met. A step that does pass it, beyond the inflection of a hotter isotherm or by
-// rounding, leaves a bracket for the iteration.
-Density newton_from_outside(const Isotherm& isotherm, double p, double d_start, double tolerance,
-                            Side side) noexcept {
-    constexpr double lowest = 50;    // kg/m3, below and
-    constexpr double highest = 800;  // above every state of region 3, where the isotherm rises
-    constexpr double step_out = 1.05;
-    constexpr double longest_step = 0.05;  // relative; also the step where the isotherm is flat
-    constexpr double newton_tolerance = 1e-10;
-    constexpr int rounds = 100;
-
-    const bool liquid = side == Side::liquid;
-    const auto residual = [&](double d) noexcept { return isotherm.p(d) - p; };
-    const auto passed = [liquid](double r) noexcept { return liquid ? r < 0 : r > 0; };
-
-    double d = liquid ? std::clamp(d_start, d_crit, highest) : std::clamp(d_start, lowest, d_crit);
-    d = liquid ? d * step_out : d / step_out;
-    double r = residual(d);
-    for (int round = 0; round < rounds && passed(r); ++round) {
-        d = liquid ? d * step_out : d / step_out;
-        r = residual(d);
-    }
-    if (passed(r)) return {d, false};
-    for (int round = 0; round < rounds; ++round) {
-        double step = -r / isotherm.p_d(d);
-        if (std::fabs(step) < newton_tolerance * d) return {d + step, true};
-        const double longest = liquid ? -longest_step * d : longest_step * d;
-        if (!(step / longest > 0 && step / longest < 1)) step = longest;
-        const double next = d + step;
-        const double r_next = residual(next);
-        if (passed(r_next)) {
-            const BracketedRoot root = bracketed_secant(residual, {d, r}, {next, r_next},
-                                                        std::min(tolerance, newton_tolerance));
-            return {root.x, root.converged};
-        }
-        d = next;
-        r = r_next;
-    }
-    return {d, false};
-}
-
-// The iteration from the bracket of 0.1 % around d_start, which does not cross the critical
-// density. Where the fit misses the root by more (next to the critical point), the root is
-// approached from outside.
-Density solve(const Isotherm& isotherm, double p, double d_start, double tolerance,
-              Side side) noexcept {
-    double low = 0.999 * d_start;
-    double high = 1.001 * d_start;
-    if (d_start <= d_crit) {
-        high = std::min(high, d_crit);
-    } else {
-        low = std::max(low, d_crit);
-    }
-    const auto residual = [&](double d) noexcept { return isotherm.p(d) - p; };
-    const double r_low = residual(low);
-    const double r_high = residual(high);
-    if (r_low <= 0 && r_high >= 0) {
-        const BracketedRoot root =
-            bracketed_secant(residual, {low, r_low}, {high, r_high}, tolerance);
-        return {root.x, root.converged};
-    }
-    return newton_from_outside(isotherm, p, d_start, tolerance, side);
-}
-
-// Above the critical temperature the isotherm rises throughout, and its pressure at the critical
-// density tells the side; below, the phase does.
-Side side_of(const Isotherm& isotherm, double p, double t, bool liquid) noexcept {
-    if (t > T_crit) liquid = p > isotherm.p(d_crit);
-    return liquid ? Side::liquid : Side::vapour;
+// Density, kg/m3, by the backward equations.
+double published(double p, double t) noexcept {
+    return 1 / region3::v_subregion(region3::subregion_pt(p, t), p, t);
 }
 
 }  // namespace
 
-int start_subregion(double p, double t) noexcept {
-    if (p > 40) return 7;
-    if (p <= p_crit) return tsat(p) > t ? 1 : 4;
-    const bool dense =
-        p > p_crit + (t - T_crit) / 3.727888;  // above a line through the critical point
-    if (p > 24) return dense ? 5 : 6;
-    if (t <= T_crit) return 1;
-    return dense ? 2 : 3;
+double density_pt(double p, double t, double d_start) noexcept {
+    const region3::Isotherm isotherm(t);
+    if (t > T_crit) return newton(isotherm, p, whole, d_start);
+    const bool is_liquid = p > p_crit || t < tsat(p);
+    const double own = newton(isotherm, p, is_liquid ? liquid : vapour, d_start);
+    return own > 0 ? own : newton(isotherm, p, is_liquid ? vapour : liquid, d_start);
 }
 
-double start_volume(double p, double t, int subregion) noexcept {
-    switch (subregion) {
-        case 1: return fit<tables::start_volume_1, 1>(p, t);
-        case 2: return fit<tables::start_volume_2, 2>(p, t);
-        case 3: return fit<tables::start_volume_3, 3>(p, t);
-        case 4: return fit<tables::start_volume_4, 4>(p, t);
-        case 5: return fit<tables::start_volume_5, 5>(p, t);
-        case 6: return fit<tables::start_volume_6, 6>(p, t);
-        default: return fit<tables::start_volume_7, 7>(p, t);
-    }
-}
+double density_pt(double p, double t) noexcept { return density_pt(p, t, published(p, t)); }
 
-Density density_pt(double p, double t) noexcept {
-    const int subregion = start_subregion(p, t);
-    const Isotherm isotherm(t);
-    return solve(isotherm, p, 1 / start_volume(p, t, subregion), density_tolerance,
-                 side_of(isotherm, p, t, subregion != 4));
-}
-
-Density density_from(double p, double t, double d_start, double tolerance) noexcept {
-    const Isotherm isotherm(t);
-    return solve(isotherm, p, d_start, tolerance,
-                 side_of(isotherm, p, t, p > p_crit || d_start > d_crit));
+double density_beside(double p, double t, double d_start) noexcept {
+    return newton(region3::Isotherm(t), p, side_of(d_start), d_start);
 }
 
 double d_iterated(double p, double t, double d_start, double tolerance) noexcept {
-    const Density density = density_from(p, t, d_start, tolerance);
-    return density.converged ? density.d : 0.0;
+    const Side side = side_of(d_start);
+    const region3::Isotherm isotherm(t);
+    const auto residual = [&](double d) noexcept { return Residual{d, isotherm.p(d) - p}; };
+    const Residual low = residual(std::max(0.999 * d_start, side.low));
+    const Residual high = residual(std::min(1.001 * d_start, side.high));
+    if (low.f <= 0 && high.f >= 0) {
+        const BracketedRoot root = bracketed_secant(
+            [&](double d) noexcept { return residual(d).f; }, low, high, tolerance);
+        return root.converged ? root.x : 0.0;
+    }
+    const double d = newton(isotherm, p, side, d_start);
+    return d > 0 || d_start != d_crit ? d : newton(isotherm, p, liquid, d_start);
 }
 
-double v_iterated(double p, double t) noexcept {
-    const Density density = density_pt(p, t);
-    return density.converged ? 1 / density.d : std::numeric_limits<double>::infinity();
+double v_iterated(double p, double t, double d_start) noexcept {
+    const double d = density_pt(p, t, d_start);
+    return d > 0 ? 1 / d : std::numeric_limits<double>::infinity();
 }
 
-}  // namespace vaprix::region3
+double v_iterated(double p, double t) noexcept { return v_iterated(p, t, published(p, t)); }
+
+}  // namespace vaprix::region3_density

@@ -1,37 +1,31 @@
 // SPDX-License-Identifier: MIT
 //
-// Density of region 3 from pressure and temperature, by iteration on the basic equation.
+// Density of region 3 from pressure and temperature: root of the basic equation's pressure along
+// the isotherm.
 // Given:    p  pressure, MPa;  t  temperature, K; nothing is checked.
-// Source:   the pressure relation of IAPWS R7-97(2012), Table 31, solved as
-//           frame/bracketed_secant.hpp says.
+// Returned: kg/m3;  0.0 where there is no such density or the iteration did not converge.
+// Source:   the pressure relation of IAPWS R7-97(2012), Table 31.
 #pragma once
 
-namespace vaprix::region3 {
+namespace vaprix::region3_density {
 
-struct Density {
-    double d;  // kg/m3
-    bool converged;
-};
+// Density of the phase that the saturation line gives (p, t), by Newton's method from the published
+// volume of (p, t), or from the start value d_start, kg/m3. Within 4e-5 K below the critical
+// temperature the saturation line and the basic equation disagree by more than metastable states
+// reach: where the equation does not have that phase, the density is that of the other.
+[[nodiscard]] double density_pt(double p, double t) noexcept;
+[[nodiscard]] double density_pt(double p, double t, double d_start) noexcept;
 
-// The relative step that ends the iteration everywhere but where a host gives its own.
-inline constexpr double density_tolerance = 1e-6;
+// Density on that side of the critical density on which d_start, kg/m3, lies, by Newton's method.
+[[nodiscard]] double density_beside(double p, double t, double d_start) noexcept;
 
-// Density from the start volume of (p, t).
-[[nodiscard]] Density density_pt(double p, double t) noexcept;
-
-// Density from the start value d_start, kg/m3; tolerance is the relative step that ends the
-// iteration.
-[[nodiscard]] Density density_from(double p, double t, double d_start, double tolerance) noexcept;
-
-// Density of density_from, kg/m3; 0.0 where the iteration did not converge.
+// The same by the iteration of frame/bracketed_secant.hpp around d_start, which ends at the
+// relative step tolerance; by Newton's method where d_start is off by more than 0.1 %.
 [[nodiscard]] double d_iterated(double p, double t, double d_start, double tolerance) noexcept;
 
-// Specific volume, m3/kg, at the iterated density; positive infinity where the iteration did not
-// converge.
+// Specific volume, m3/kg, at the density of (p, t), or at that from d_start; positive infinity
+// where there is none.
 [[nodiscard]] double v_iterated(double p, double t) noexcept;
+[[nodiscard]] double v_iterated(double p, double t, double d_start) noexcept;
 
-// Start subregion 1 to 7 of (p, t) and the start volume, m3/kg, that its fit gives.
-[[nodiscard]] int start_subregion(double p, double t) noexcept;
-[[nodiscard]] double start_volume(double p, double t, int subregion) noexcept;
-
-}  // namespace vaprix::region3
+}  // namespace vaprix::region3_density

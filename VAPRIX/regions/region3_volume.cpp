@@ -144,7 +144,8 @@ double v_subregion(Subregion subregion, double p, double t) noexcept {
 
 double v_pt(double p, double t) noexcept {
     const Subregion subregion = subregion_table2(p, t);
-    return subregion != Subregion::u ? v_subregion(subregion, p, t) : v_iterated(p, t);
+    if (subregion != Subregion::u) return v_subregion(subregion, p, t);
+    return region3_density::v_iterated(p, t, 1 / v_subregion(near_critical_subregion(p, t), p, t));
 }
 
 }  // namespace vaprix::region3
