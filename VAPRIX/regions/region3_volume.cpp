@@ -144,8 +144,9 @@ double v_subregion(Subregion subregion, double p, double t) noexcept {
 
 double v_pt(double p, double t) noexcept {
     const Subregion subregion = subregion_table2(p, t);
-    if (subregion != Subregion::u) return v_subregion(subregion, p, t);
-    return region3_density::v_iterated(p, t, 1 / v_subregion(near_critical_subregion(p, t), p, t));
+    const bool iterated = subregion == Subregion::u;
+    const double v = v_subregion(iterated ? near_critical_subregion(p, t) : subregion, p, t);
+    return iterated ? region3_density::v_iterated(p, t, 1 / v) : v;
 }
 
 }  // namespace vaprix::region3
