@@ -9,13 +9,9 @@
 
 // clang-format off
 #include "regions/region1.cpp"
-#include "regions/region1_backward.cpp"
 #include "regions/region2.cpp"
-#include "regions/region2_backward.cpp"
 #include "regions/region3.cpp"
-#include "regions/region3_backward.cpp"
 #include "regions/region3_density.cpp"
-#include "regions/region3_volume.cpp"
 #include "regions/region5.cpp"
 #include "regions/saturation_line.cpp"
 // clang-format on

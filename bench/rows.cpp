@@ -10,9 +10,9 @@
 namespace {
 
 namespace pt = vaprix::pt;
-namespace region1 = vaprix::region1;
-namespace region2 = vaprix::region2;
-namespace region3 = vaprix::region3;
+using vaprix::region1;
+using vaprix::region2;
+using vaprix::region3;
 using namespace equations;
 
 using Variable = double State::*;
@@ -226,7 +226,7 @@ void add_region5(Rows& rows) {
 void add_saturation(Rows& rows) {
     constexpr Set line = Set::line, dense = Set::dense, wet = Set::wet;
     constexpr auto ps = baseline::psat, ts = baseline::tsat;
-    constexpr auto psat = vaprix::psat, tsat = vaprix::tsat;
+    constexpr auto psat = vaprix::psat<double>, tsat = vaprix::tsat<double>;
     rows.insert(
         rows.end(),
         {
@@ -234,7 +234,7 @@ void add_saturation(Rows& rows) {
             {"TBP", line, call<TBP, p>, equation<ts, p>, equation<tsat, p>},
             {"TOP", line, call<TOP, p>, equation<ts, p>, equation<tsat, p>},
             {"DTBPDP", line, call<DTBPDP, p>, equation<baseline::tsat_p, p>,
-             equation<vaprix::tsat_p, p>},
+             equation<vaprix::tsat_p<double>, p>},
             {"H1BT", line, call<H1BT, T>, equation<of_t<One::h, ps>, T>,
              equation<of_t<region1::h, psat>, T>},
             {"H2BT", line, call<H2BT, T>, equation<of_t<Two::h, ps>, T>,

@@ -52,7 +52,7 @@ constexpr double t_low = 273.15, t_13 = 623.15, t_23 = 863.15, t_25 = 1073.15, t
 constexpr double p_low = 0.0006112127, p_high = 100, p_high_5 = 50;
 
 TEST(GibbsAccuracy, Region1) {
-    namespace lib = vaprix::region1;
+    using lib = vaprix::region1;
     const auto sample = [](Random& random) {
         const double t = random.uniform(t_low, t_13);
         return Point{pressure(random, std::max(p_low, static_cast<double>(psat(t))), p_high), t};
@@ -77,7 +77,7 @@ TEST(GibbsAccuracy, Region1) {
 }
 
 TEST(GibbsAccuracy, Region2) {
-    namespace lib = vaprix::region2;
+    using lib = vaprix::region2;
     const auto sample = [](Random& random) {
         const double t = random.uniform(t_low, t_25);
         const double top = t <= t_13   ? static_cast<double>(psat(t))
@@ -105,7 +105,7 @@ TEST(GibbsAccuracy, Region2) {
 }
 
 TEST(GibbsAccuracy, Region5) {
-    namespace lib = vaprix::region5;
+    using lib = vaprix::region5;
     const auto sample = [](Random& random) {
         return Point{pressure(random, p_low, p_high_5), random.uniform(t_25, t_high)};
     };

@@ -19,7 +19,7 @@
 namespace {
 
 using namespace reference;
-namespace lib = vaprix::region3;
+using lib = vaprix::region3;
 
 constexpr double t_low = 623.15, t_high = 863.15, p_high = 100;
 constexpr double u = 0x1p-53;  // one rounding

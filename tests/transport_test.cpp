@@ -178,7 +178,7 @@ TEST(TransportExports, SaturatedStates) {
                  t, l);
     EXPECT_EQ(call1<ETA1BT>(647.096), call1<ETA2BT>(647.096));
     EXPECT_EQ(call1<TCO1BT>(647.096), call1<TCO2BT>(647.096));
-    EXPECT_EQ(call1<VISLOT>(647.0960000005), lib::viscosity(647.0960000005, 322));
+    EXPECT_EQ(call1<VISLOT>(647.0960000005), lib::viscosity(647.0960000005, 322.0));
 }
 
 // Where the answers end and what is given beyond; code 0: none is stored.

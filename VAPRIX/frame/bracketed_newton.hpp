@@ -2,8 +2,8 @@
 #pragma once
 
 #include <algorithm>
-#include <cmath>
 
+#include "frame/elementary.hpp"
 #include "frame/newton.hpp"
 
 namespace vaprix {
@@ -16,19 +16,19 @@ namespace vaprix {
 //           the root of what is wanted.
 // Returned: the root, converged; an end, converged, where the root lies beyond it; not converged
 //           for a NaN, or after 60 rounds.
-template <class TangentOf>
-NewtonRoot bracketed_newton(TangentOf tangent, double y, double low, double high, double x,
-                            double tolerance) noexcept {
+template <class TangentOf, class Number>
+NewtonRoot<Number> bracketed_newton(TangentOf tangent, Number y, Number low, Number high, Number x,
+                                    double tolerance) noexcept {
     constexpr int rounds = 60;
     bool seen_low = false;
     bool seen_high = false;
     for (int round = 0; round < rounds; ++round) {
-        const Tangent at = tangent(x);
-        const double step = (y - at.y) / at.y_x;
-        if (std::fabs(step) < tolerance * std::fabs(x)) {
+        const Tangent<Number> at = tangent(x);
+        const Number step = (y - at.y) / at.y_x;
+        if (fabs(step) < tolerance * fabs(x)) {
             return {std::clamp(x + step, low, high), true};
         }
-        if (!(std::fabs(step) >= 0)) return {x, false};
+        if (!(fabs(step) >= 0)) return {x, false};
         if (step > 0) {
             if (x >= high) return {high, true};
             low = x;

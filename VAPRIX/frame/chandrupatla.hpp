@@ -2,9 +2,9 @@
 #pragma once
 
 #include <algorithm>
-#include <cmath>
 
 #include "frame/bracketed_secant.hpp"
+#include "frame/elementary.hpp"
 
 namespace vaprix {
 
@@ -15,29 +15,30 @@ namespace vaprix {
 // Given:    f  residual, finite;  a, b  ends of the bracket with the residuals there;  tolerance
 //           relative width of the bracket that ends the search.
 // Returned: the end of the last bracket with the smaller residual, and that residual.
-template <class Function>
-Residual chandrupatla(Function f, Residual a, Residual b, double tolerance) noexcept {
+template <class Function, class Number>
+Residual<Number> chandrupatla(Function f, Residual<Number> a, Residual<Number> b,
+                              double tolerance) noexcept {
     constexpr int rounds = 100;
-    Residual newest = a;
-    Residual other = b;
-    double t = 0.5;
+    Residual<Number> newest = a;
+    Residual<Number> other = b;
+    Number t = 0.5;
     for (int round = 0;; ++round) {
-        const auto& better = std::fabs(newest.f) < std::fabs(other.f) ? newest : other;
-        const double width = other.x - newest.x;
-        const double closest = tolerance * std::fabs(better.x) / std::fabs(width);
+        const auto& better = fabs(newest.f) < fabs(other.f) ? newest : other;
+        const Number width = other.x - newest.x;
+        const Number closest = tolerance * fabs(better.x) / fabs(width);
         if (better.f == 0 || !(closest < 0.5) || round == rounds) return better;
 
-        const double x = newest.x + std::clamp(t, closest, 1 - closest) * width;
-        const Residual at = {x, f(x)};
-        Residual third = newest;
+        const Number x = newest.x + std::clamp<Number>(t, closest, 1 - closest) * width;
+        const Residual<Number> at = {x, f(x)};
+        Residual<Number> third = newest;
         if ((at.f < 0) != (newest.f < 0)) {
             third = other;
             other = newest;
         }
         newest = at;
 
-        const double xi = (newest.x - other.x) / (third.x - other.x);
-        const double phi = (newest.f - other.f) / (third.f - other.f);
+        const Number xi = (newest.x - other.x) / (third.x - other.x);
+        const Number phi = (newest.f - other.f) / (third.f - other.f);
         t = 0.5;
         if (phi * phi < xi && (1 - phi) * (1 - phi) < 1 - xi) {
             t = newest.f / (other.f - newest.f) * (third.f / (other.f - third.f)) +

@@ -2,18 +2,24 @@
 #pragma once
 
 #include <algorithm>
-#include <cmath>
+#include <type_traits>
+
+#include "frame/elementary.hpp"
 
 namespace vaprix {
 
 // A value and its slope at one point.
+template <class Number>
 struct Tangent {
-    double y;
-    double y_x;
+    Number y;
+    Number y_x;
 };
+template <class Number>
+Tangent(Number, Number) -> Tangent<Number>;
 
+template <class Number>
 struct NewtonRoot {
-    double x;
+    Number x;
     bool converged;
 };
 
@@ -24,50 +30,59 @@ struct NewtonRoot {
 //           step that ends the iteration: choose the root of what is wanted.
 // Returned: the root, converged; not converged after 8 rounds, which a start value in the root's
 //           neighbourhood never needs, or for a NaN.
-template <class TangentOf, class ValueOf>
-NewtonRoot newton_secant(TangentOf tangent, ValueOf value, double y, double x,
-                         double tolerance) noexcept {
+template <class TangentOf, class ValueOf, class Number>
+NewtonRoot<Number> newton_secant(TangentOf tangent, ValueOf value, Number y, Number x,
+                                 double tolerance) noexcept {
     constexpr int rounds = 8;
-    Tangent at = tangent(x);
+    Tangent<Number> at = tangent(x);
     for (int round = 0; round < rounds; ++round) {
-        const double step = (y - at.y) / at.y_x;
+        const Number step = (y - at.y) / at.y_x;
         x += step;
-        if (std::fabs(step) < tolerance * x) return {x, true};
-        const double y_new = value(x);
+        if (fabs(step) < tolerance * x) return {x, true};
+        const Number y_new = value(x);
         at = {y_new, 2 * (y_new - at.y) / step - at.y_x};
     }
     return {x, false};
 }
 
 // Two values and their slopes at one point (x, y).
+template <class Number>
 struct TangentPair {
-    double a, a_x, a_y;
-    double b, b_x, b_y;
+    Number a, a_x, a_y;
+    Number b, b_x, b_y;
 };
+template <class Number>
+TangentPair(Number, Number, Number, Number, Number, Number) -> TangentPair<Number>;
 
+template <class Number>
 struct Point {
-    double x;
-    double y;
+    Number x;
+    Number y;
 };
+template <class Number>
+Point(Number, Number) -> Point<Number>;
 
+template <class Number>
 struct NewtonPoint {
-    Point at;
+    Point<Number> at;
     bool converged;
 };
 
 // Newton's step in two variables: where the tangent planes of a and b have risen by a_left and
 // b_left.
-[[nodiscard]] inline Point newton_step(const TangentPair& f, double a_left,
-                                       double b_left) noexcept {
-    const double determinant = f.a_x * f.b_y - f.a_y * f.b_x;
+template <class Number>
+[[nodiscard]] inline Point<Number> newton_step(const TangentPair<Number>& f, Number a_left,
+                                               Number b_left) noexcept {
+    const Number determinant = f.a_x * f.b_y - f.a_y * f.b_x;
     return {(a_left * f.b_y - f.a_y * b_left) / determinant,
             (f.a_x * b_left - f.b_x * a_left) / determinant};
 }
 
 // Corners between which a Newton iteration is held.
+template <class Number>
 struct Box {
-    Point low;
-    Point high;
+    Point<Number> low;
+    Point<Number> high;
 };
 
 // Point at which a = a_given and b = b_given, by Newton's method in two variables.
@@ -76,23 +91,24 @@ struct Box {
 //           step of both variables that ends the iteration;  box  which no step leaves, after
 //           three that would have the search is given up.
 // Returned: the point, converged; the last one, not converged, after 20 rounds.
-template <class TangentsOf>
-NewtonPoint newton(TangentsOf tangents, double a_given, double b_given, Point at, double tolerance,
-                   const Box* box = nullptr) noexcept {
+template <class TangentsOf, class Number>
+NewtonPoint<Number> newton(TangentsOf tangents, Number a_given, Number b_given,
+                           std::type_identity_t<Point<Number>> at, double tolerance,
+                           const std::type_identity_t<Box<Number>>* box = nullptr) noexcept {
     constexpr int rounds = 20;
     constexpr int patience = 3;
     int held_back = 0;
     for (int round = 0; round < rounds; ++round) {
-        const TangentPair f = tangents(at.x, at.y);
-        const Point step = newton_step(f, a_given - f.a, b_given - f.b);
+        const TangentPair<Number> f = tangents(at.x, at.y);
+        const Point<Number> step = newton_step(f, a_given - f.a, b_given - f.b);
         at.x += step.x;
         at.y += step.y;
-        if (std::fabs(step.x) < tolerance * at.x && std::fabs(step.y) < tolerance * at.y) {
+        if (fabs(step.x) < tolerance * at.x && fabs(step.y) < tolerance * at.y) {
             return {at, true};
         }
         if (box != nullptr) {
-            const Point held{std::clamp(at.x, box->low.x, box->high.x),
-                             std::clamp(at.y, box->low.y, box->high.y)};
+            const Point<Number> held{std::clamp(at.x, box->low.x, box->high.x),
+                                     std::clamp(at.y, box->low.y, box->high.y)};
             if ((held.x != at.x || held.y != at.y) && ++held_back > patience) return {held, false};
             at = held;
         }

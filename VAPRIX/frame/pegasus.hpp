@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cmath>
+#include "frame/elementary.hpp"
 
 namespace vaprix {
 
@@ -13,27 +13,27 @@ namespace vaprix {
 //           ends the search.
 // Returned: the root; 0.0 when 80 rounds do not settle, deliberately a value and not a failure.
 // Notes:    all comparisons are strict; a NaN leaves at the latest with the last round.
-template <class Residual>
-double pegasus(Residual f, double a, double b, double width) noexcept {
+template <class Function, class Number>
+Number pegasus(Function f, Number a, Number b, double width) noexcept {
     constexpr double flat = 1e-15;        // least |fb - fa| a secant is drawn through
     constexpr double root = 1e-15;        // |f| of a new point that counts as zero
     constexpr double start_root = 1e-16;  // |f| of a start point that counts as zero
     constexpr double settled = 1e-5;      // |f| beyond which a narrow bracket is not trusted
     constexpr int rounds = 80;
 
-    double fa = f(a);
-    double fb = f(b);
-    const auto better = [&] { return std::fabs(fa) > std::fabs(fb) ? b : a; };
-    const auto narrow = [&] { return std::fabs((b - a) / b) < width; };
+    Number fa = f(a);
+    Number fb = f(b);
+    const auto better = [&] { return fabs(fa) > fabs(fb) ? b : a; };
+    const auto narrow = [&] { return fabs((b - a) / b) < width; };
 
     if (narrow()) return better();
-    if (std::fabs(fa) < start_root) return a;
-    if (std::fabs(fb) < start_root) return b;
+    if (fabs(fa) < start_root) return a;
+    if (fabs(fb) < start_root) return b;
     for (int round = 0; round < rounds; ++round) {
-        if (std::fabs(fb - fa) < flat) return better();
-        const double c = b - fb / ((fb - fa) / (b - a));
-        const double fc = f(c);
-        if (std::fabs(fc) < root) return c;
+        if (fabs(fb - fa) < flat) return better();
+        const Number c = b - fb / ((fb - fa) / (b - a));
+        const Number fc = f(c);
+        if (fabs(fc) < root) return c;
         if (fb * fc < 0) {
             a = b;
             fa = fb;
@@ -44,9 +44,9 @@ double pegasus(Residual f, double a, double b, double width) noexcept {
             b = c;
             fb = fc;
         }
-        if (narrow() && (std::fabs(fa) < settled || std::fabs(fb) < settled)) return better();
+        if (narrow() && (fabs(fa) < settled || fabs(fb) < settled)) return better();
     }
-    return 0.0;
+    return Number(0);
 }
 
 }  // namespace vaprix

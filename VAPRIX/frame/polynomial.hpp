@@ -456,6 +456,13 @@ VAPRIX_INLINE constexpr auto evaluate(Real x, Real y) noexcept {
                           WithReciprocal<Real>{y, y_negative ? Real(1) / y : Real(0)});
 }
 
+// Value of the polynomial of a printed table at (x, y).
+template <auto const& Terms, class Real>
+VAPRIX_INLINE Real evaluate_table(Real x, Real y) noexcept {
+    static constexpr auto terms = polynomial(Terms);
+    return evaluate<terms>(x, y);
+}
+
 // Coefficients c of P as a polynomial in x alone, sum c[I] x^I, at a given y: what an iteration on
 // x at constant y needs only once. No exponent may be negative; absent powers of x have the
 // coefficient 0.

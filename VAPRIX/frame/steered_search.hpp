@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cmath>
+#include "frame/elementary.hpp"
 
 namespace vaprix {
 
@@ -13,28 +13,28 @@ namespace vaprix {
 //           search (absolute below 1e-8).
 // Returned: the root; the last point after more than 40 rounds or when the two residuals become
 //           equal; 0.0 when they are so from the start.
-template <class Residual>
-double steered_search(Residual f, double a, double b, double tolerance) noexcept {
+template <class Function, class Number>
+Number steered_search(Function f, Number a, Number b, double tolerance) noexcept {
     constexpr double tiny = 1e-8;  // below it the step is measured absolutely
     constexpr int rounds = 40;
 
-    double fa = f(a);
-    double fb = f(b);
-    if (fa == fb) return 0.0;
+    Number fa = f(a);
+    Number fb = f(b);
+    if (fa == fb) return Number(0);
     for (int round = 1;; ++round) {
-        double c = a + fa * (b - a) / (fa - fb);
+        Number c = a + fa * (b - a) / (fa - fb);
         if (c < 0) c = (a + b) / 2;
-        const double step = std::fabs(c) < tiny ? std::fabs(c - a) : std::fabs((c - a) / c);
+        const Number step = fabs(c) < tiny ? fabs(c - a) : fabs((c - a) / c);
         if (step < tolerance) return c;
 
-        const double fc = f(c);
-        double with_a = fa * fc;
-        double with_b = fb * fc;
+        const Number fc = f(c);
+        Number with_a = fa * fc;
+        Number with_b = fb * fc;
         if (with_a < 0 && with_b < 0) {
             with_a = -with_a;
             with_b = -with_b;
         }
-        const double middle = (a + b) / 2;
+        const Number middle = (a + b) / 2;
         if (with_b >= with_a) {
             b = a;
             fb = fa;
@@ -43,9 +43,9 @@ double steered_search(Residual f, double a, double b, double tolerance) noexcept
         fa = fc;
 
         if ((middle - a) * (middle - b) < 0) {  // the bracket has not been halved
-            const double ratio = std::fabs(fa / fb);
-            double e = (a + b) / 2;
-            double fe = 0;
+            const Number ratio = fabs(fa / fb);
+            Number e = (a + b) / 2;
+            Number fe = 0;
             if (ratio <= 0.3) {
                 e = a + 1.5 * ratio * (b - a);
                 fe = f(e);

@@ -53,8 +53,8 @@ double by_ratio(double x, double step) noexcept {
 // the equation has no meaning. The residuals of the point before, kJ/kg, tell when the error, of
 // second order in them, is one of rounding.
 template <auto advance = by_step, class TangentsOf>
-bool newton_hs(TangentsOf tangents, double h, double s, const Box& box, double settled, double& x,
-               double& t) noexcept {
+bool newton_hs(TangentsOf tangents, double h, double s, const Box<double>& box, double settled,
+               double& x, double& t) noexcept {
     constexpr int rounds = 15;
     const auto in_box = [&]() noexcept {
         return x > box.low.x && x < box.high.x && t > box.low.y && t < box.high.y;
@@ -76,7 +76,7 @@ constexpr double settled_3 = 1e-6;
 constexpr double settled_5 = 1e-3;
 
 Attempt attempt1(double h, double s, double p, double t) noexcept {
-    constexpr Box box{{-10, 250}, {200, 700}};
+    constexpr Box<double> box{{-10, 250}, {200, 700}};
     if (!newton_hs(region1::hs_tangents, h, s, box, settled_12, p, t)) return no_solution;
     const auto result = [&](int region) noexcept { return Attempt{{1, p, t, 0}, region, true}; };
     if (t > T_13 + t_rounding) return result(3);
@@ -89,7 +89,7 @@ Attempt attempt1(double h, double s, double p, double t) noexcept {
 constexpr double p_near_max_5 = 1.01 * p_max_5;  // from here no state of region 5 is mistaken for 2
 
 Attempt attempt2(double h, double s, double p, double t) noexcept {
-    constexpr Box box{{1e-5, 250}, {200, 1400}};
+    constexpr Box<double> box{{1e-5, 250}, {200, 1400}};
     if (!newton_hs(region2::hs_tangents, h, s, box, settled_12, p, t)) return no_solution;
     const auto result = [&](int region) noexcept { return Attempt{{2, p, t, 0}, region, true}; };
     if (t > T_25 + t_rounding) return result(p < p_near_max_5 ? 5 : pt::outside);
@@ -116,7 +116,7 @@ bool in_dome(double d, double p, double t) noexcept {
 }
 
 Attempt attempt3(double h, double s, double d, double t) noexcept {
-    constexpr Box box{{50, 600}, {800, 900}};
+    constexpr Box<double> box{{50, 600}, {800, 900}};
     if (!newton_hs(region3::hs_tangents, h, s, box, settled_3, d, t)) return no_solution;
     double p = region3::p(d, t);
     const auto result = [&](int region) noexcept { return Attempt{{3, p, t, d}, region, true}; };
@@ -129,7 +129,7 @@ Attempt attempt3(double h, double s, double d, double t) noexcept {
 }
 
 Attempt attempt5(double h, double s, double p, double t) noexcept {
-    constexpr Box box{{1e-5, 900}, {200, 3000}};
+    constexpr Box<double> box{{1e-5, 900}, {200, 3000}};
     if (!newton_hs<by_ratio>(region5::hs_tangents, h, s, box, settled_5, p, t)) return no_solution;
     const auto result = [&](int region) noexcept { return Attempt{{5, p, t, 0}, region, true}; };
     if (t < T_25 - t_rounding) return result(2);
@@ -158,7 +158,7 @@ Attempt attempt_wet(double h, double s) noexcept {
 }
 
 // Start for region 5, where h hardly depends on p and s + R ln p neither.
-Point start5(double h, double s) noexcept {
+Point<double> start5(double h, double s) noexcept {
     const auto p_of = [s](double p, double t) noexcept {
         return std::exp((region5::s_plus_r_ln_p_tangent_t(p, t).y - s) / R);
     };
@@ -226,7 +226,7 @@ WetSolution solve_wet(double h, double s) noexcept {
     constexpr double s_t_mean = 0.01;    // kJ/(kg K2), where there is vapour enough not to matter
 
     const auto [start, s_t] = s >= boundaries_hs::s_vapour_13
-                                  ? WetTemperature{tsat_hs(h, s), s_t_mean}
+                                  ? WetTemperature<double>{tsat_hs(h, s), s_t_mean}
                                   : wet_temperature_estimate(h, s);
     double t = std::clamp(start, T_min, t_near_critical);
     bool dense = t > T_13;

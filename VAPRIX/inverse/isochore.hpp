@@ -65,11 +65,12 @@ template <class Y>
 // State in region 1, 2 or 5 by Newton's method on (p, T); no_state where it does not converge to a
 // state of the region.
 template <class Y, int region>
-[[nodiscard]] IsochoreState solve_gibbs(double v, double y, Point start) noexcept {
+[[nodiscard]] IsochoreState solve_gibbs(double v, double y, Point<double> start) noexcept {
     constexpr double step = 1e-8;  // relative, after which the error is one of rounding
-    static constexpr Box around{{1e-4, 250}, {2 * p_max, region == 1 ? 640 : 1.1 * T_max}};
-    const auto tangents = [](double p, double t) noexcept -> TangentPair {
-        const auto pair = [=](Tangent volume, double v_t, Tangent isobar, double shift) noexcept {
+    static constexpr Box<double> around{{1e-4, 250}, {2 * p_max, region == 1 ? 640 : 1.1 * T_max}};
+    const auto tangents = [](double p, double t) noexcept -> TangentPair<double> {
+        const auto pair = [=](Tangent<double> volume, double v_t, Tangent<double> isobar,
+                              double shift) noexcept {
             return TangentPair{
                 volume.y,  volume.y_x, v_t, isobar.y - shift, Y::slope_by_p(t, volume.y, v_t),
                 isobar.y_x};

@@ -69,7 +69,7 @@ double pressure1(double t, double v) noexcept {
 // gas.
 template <class TangentOf>
 double pressure_vapour(TangentOf v_tangent_p, double t, double v, double highest) noexcept {
-    const auto excess = [=](double p) noexcept -> Tangent {
+    const auto excess = [=](double p) noexcept -> Tangent<double> {
         const Tangent at = v_tangent_p(p, t);
         return {p - p * at.y / v, 1 - (at.y + p * at.y_x) / v};
     };

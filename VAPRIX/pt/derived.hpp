@@ -29,7 +29,7 @@ struct DerivedProperty {
     }
 };
 
-template <Formula formula>
+template <Formula<double> formula>
 inline constexpr DerivedProperty derived{region1::derived<formula>, region2::derived<formula>,
                                          region5::derived<formula>, region3::derived<formula>};
 

@@ -14,7 +14,7 @@ namespace vaprix::pt {
 class SaturatedState {
     double p_, t_;
     bool dense;  // above 623.15 K
-    SaturatedDensities d{};
+    SaturatedDensities<double> d{};
 
 public:
     // (p, t) is on the saturation line; nothing is checked.

@@ -10,14 +10,16 @@
 namespace vaprix {
 
 // Pressure of the boundary, MPa, at any temperature t, K: Eq. (5), pi = n1 + n2 theta + n3 theta^2.
-[[nodiscard]] inline double p_b23(double t) noexcept {
+template <class Number>
+[[nodiscard]] inline Number p_b23(Number t) noexcept {
     constexpr const auto& n = tables::b23;
     return (n[2] * t + n[1]) * t + n[0];
 }
 
 // Temperature of the boundary, K, at any pressure p, MPa: Eq. (6), theta = n4 + ((pi -
 // n5)/n3)^(1/2).
-[[nodiscard]] inline double t_b23(double p) noexcept {
+template <class Number>
+[[nodiscard]] inline Number t_b23(Number p) noexcept {
     constexpr const auto& n = tables::b23;
     // 1/n3 to 14 digits: regions of (p, h) and (p, s) have always been decided with this rounding.
     constexpr double n3_reciprocal = 981.06832075625;

@@ -7,81 +7,120 @@
 namespace vaprix {
 
 // What a region's equation gives for the derived properties of a single-phase state.
+template <class Number>
 struct Derivatives {
-    double v;    // specific volume, m3/kg
-    double v_p;  // (dv/dp)_T, m3/(kg MPa)
-    double v_t;  // (dv/dT)_p, m3/(kg K)
-    double h_p;  // (dh/dp)_T, kJ/(kg MPa): v - T v_t without the cancellation
-    double cp;   // (dh/dT)_p, isobaric heat capacity, kJ/(kg K)
-    double cv;   // isochoric heat capacity, kJ/(kg K)
+    Number v;    // specific volume, m3/kg
+    Number v_p;  // (dv/dp)_T, m3/(kg MPa)
+    Number v_t;  // (dv/dT)_p, m3/(kg K)
+    Number h_p;  // (dh/dp)_T, kJ/(kg MPa): v - T v_t without the cancellation
+    Number cp;   // (dh/dT)_p, isobaric heat capacity, kJ/(kg K)
+    Number cv;   // isochoric heat capacity, kJ/(kg K)
 };
 
 // A property that follows from the derivatives and the pressure. Each region offers
 // derived<formula> at a state, compiled beside its equation, so that only those sums are evaluated
 // that the formula reads.
-using Formula = double (*)(const Derivatives& x, double p) noexcept;
+template <class Number>
+using Formula = Number (*)(const Derivatives<Number>& x, Number p) noexcept;
 
 namespace formula {
 
 // Isobaric cubic expansion coefficient (1/v)(dv/dT)_p, 1/K.
-inline double alpha_v(const Derivatives& x, double /* p */) noexcept { return x.v_t / x.v; }
+template <class Number>
+inline Number alpha_v(const Derivatives<Number>& x, Number /* p */) noexcept {
+    return x.v_t / x.v;
+}
 
 // Relative pressure coefficient (1/p)(dp/dT)_v, 1/K.
-inline double alpha_p(const Derivatives& x, double p) noexcept { return -x.v_t / (x.v_p * p); }
+template <class Number>
+inline Number alpha_p(const Derivatives<Number>& x, Number p) noexcept {
+    return -x.v_t / (x.v_p * p);
+}
 
 // Isothermal stress coefficient -(1/p)(dp/dv)_T, kg/m3.
-inline double beta_p(const Derivatives& x, double p) noexcept { return -1 / (x.v_p * p); }
+template <class Number>
+inline Number beta_p(const Derivatives<Number>& x, Number p) noexcept {
+    return -1 / (x.v_p * p);
+}
 
 // Isothermal compressibility -(1/v)(dv/dp)_T, 1/MPa.
-inline double kappa_t(const Derivatives& x, double /* p */) noexcept { return -x.v_p / x.v; }
+template <class Number>
+inline Number kappa_t(const Derivatives<Number>& x, Number /* p */) noexcept {
+    return -x.v_p / x.v;
+}
 
 // Isentropic exponent -(v/p)(dp/dv)_s, which is w^2/(p v).
-inline double kappa(const Derivatives& x, double p) noexcept {
+template <class Number>
+inline Number kappa(const Derivatives<Number>& x, Number p) noexcept {
     return -x.v * x.cp / (x.v_p * p * x.cv);
 }
 
 // Ratio of the heat capacities cp/cv.
-inline double cp_per_cv(const Derivatives& x, double /* p */) noexcept { return x.cp / x.cv; }
+template <class Number>
+inline Number cp_per_cv(const Derivatives<Number>& x, Number /* p */) noexcept {
+    return x.cp / x.cv;
+}
 
 // Joule-Thomson coefficient (dT/dp)_h, K/MPa.
-inline double mu(const Derivatives& x, double /* p */) noexcept { return -x.h_p / x.cp; }
+template <class Number>
+inline Number mu(const Derivatives<Number>& x, Number /* p */) noexcept {
+    return -x.h_p / x.cp;
+}
 
 // (dd/dp)_T, kg/(m3 MPa).
-inline double d_p(const Derivatives& x, double /* p */) noexcept { return -x.v_p / (x.v * x.v); }
+template <class Number>
+inline Number d_p(const Derivatives<Number>& x, Number /* p */) noexcept {
+    return -x.v_p / (x.v * x.v);
+}
 
 // Isothermal throttling coefficient (dh/dp)_T, kJ/(kg MPa).
-inline double h_p(const Derivatives& x, double /* p */) noexcept { return x.h_p; }
+template <class Number>
+inline Number h_p(const Derivatives<Number>& x, Number /* p */) noexcept {
+    return x.h_p;
+}
 
 // (dv/dh)_p, m3/kJ.
-inline double v_h(const Derivatives& x, double /* p */) noexcept { return x.v_t / x.cp; }
+template <class Number>
+inline Number v_h(const Derivatives<Number>& x, Number /* p */) noexcept {
+    return x.v_t / x.cp;
+}
 
 // (dd/dh)_p, kg2/(m3 kJ).
-inline double d_h(const Derivatives& x, double /* p */) noexcept {
+template <class Number>
+inline Number d_h(const Derivatives<Number>& x, Number /* p */) noexcept {
     return -x.v_t / (x.v * x.v * x.cp);
 }
 
 // (dv/dT)_p, m3/(kg K).
-inline double v_t(const Derivatives& x, double /* p */) noexcept { return x.v_t; }
+template <class Number>
+inline Number v_t(const Derivatives<Number>& x, Number /* p */) noexcept {
+    return x.v_t;
+}
 
 // (dv/dp)_T, m3/(kg MPa).
-inline double v_p(const Derivatives& x, double /* p */) noexcept { return x.v_p; }
+template <class Number>
+inline Number v_p(const Derivatives<Number>& x, Number /* p */) noexcept {
+    return x.v_p;
+}
 
 }  // namespace formula
 
-// Instantiates a region's derived<formula> of these arguments for every formula.
-#define VAPRIX_INSTANTIATE_DERIVED(...)                                \
-    template double derived<formula::alpha_v>(__VA_ARGS__) noexcept;   \
-    template double derived<formula::alpha_p>(__VA_ARGS__) noexcept;   \
-    template double derived<formula::beta_p>(__VA_ARGS__) noexcept;    \
-    template double derived<formula::kappa_t>(__VA_ARGS__) noexcept;   \
-    template double derived<formula::kappa>(__VA_ARGS__) noexcept;     \
-    template double derived<formula::cp_per_cv>(__VA_ARGS__) noexcept; \
-    template double derived<formula::mu>(__VA_ARGS__) noexcept;        \
-    template double derived<formula::d_p>(__VA_ARGS__) noexcept;       \
-    template double derived<formula::h_p>(__VA_ARGS__) noexcept;       \
-    template double derived<formula::v_h>(__VA_ARGS__) noexcept;       \
-    template double derived<formula::d_h>(__VA_ARGS__) noexcept;       \
-    template double derived<formula::v_t>(__VA_ARGS__) noexcept;       \
-    template double derived<formula::v_p>(__VA_ARGS__) noexcept
+// A region's derived<formula> for double, for every formula: with `extern template` where they are
+// declared, with `template` where they are compiled. The region comes last, after the arguments in
+// parentheses.
+#define VAPRIX_DERIVED(template_, arguments, ...)                                 \
+    template_ double __VA_ARGS__::derived<formula::alpha_v> arguments noexcept;   \
+    template_ double __VA_ARGS__::derived<formula::alpha_p> arguments noexcept;   \
+    template_ double __VA_ARGS__::derived<formula::beta_p> arguments noexcept;    \
+    template_ double __VA_ARGS__::derived<formula::kappa_t> arguments noexcept;   \
+    template_ double __VA_ARGS__::derived<formula::kappa> arguments noexcept;     \
+    template_ double __VA_ARGS__::derived<formula::cp_per_cv> arguments noexcept; \
+    template_ double __VA_ARGS__::derived<formula::mu> arguments noexcept;        \
+    template_ double __VA_ARGS__::derived<formula::d_p> arguments noexcept;       \
+    template_ double __VA_ARGS__::derived<formula::h_p> arguments noexcept;       \
+    template_ double __VA_ARGS__::derived<formula::v_h> arguments noexcept;       \
+    template_ double __VA_ARGS__::derived<formula::d_h> arguments noexcept;       \
+    template_ double __VA_ARGS__::derived<formula::v_t> arguments noexcept;       \
+    template_ double __VA_ARGS__::derived<formula::v_p> arguments noexcept
 
 }  // namespace vaprix

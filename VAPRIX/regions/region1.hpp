@@ -8,42 +8,265 @@
 // Source:   IAPWS R7-97(2012), Eq. (7) with Tables 2 to 4.
 #pragma once
 
+#include "frame/constants.hpp"
+#include "frame/guarded_math.hpp"
 #include "frame/newton.hpp"
+#include "frame/polynomial.hpp"
 #include "regions/derivatives.hpp"
+#include "regions/tables/region1.hpp"
 
-namespace vaprix::region1 {
+namespace vaprix {
 
-[[nodiscard]] double v(double p, double t) noexcept;    // specific volume, m3/kg
-[[nodiscard]] double h(double p, double t) noexcept;    // specific enthalpy, kJ/kg
-[[nodiscard]] double u(double p, double t) noexcept;    // specific internal energy, kJ/kg
-[[nodiscard]] double s(double p, double t) noexcept;    // specific entropy, kJ/(kg K)
-[[nodiscard]] double g(double p, double t) noexcept;    // specific Gibbs energy, kJ/kg
-[[nodiscard]] double cp(double p, double t) noexcept;   // isobaric heat capacity, kJ/(kg K)
-[[nodiscard]] double cv(double p, double t) noexcept;   // isochoric heat capacity, kJ/(kg K)
-[[nodiscard]] double w(double p, double t) noexcept;    // speed of sound, m/s
-[[nodiscard]] double v_t(double p, double t) noexcept;  // (dv/dT)_p, m3/(kg K)
+template <class Number>
+struct Region1 {
+    [[nodiscard]] static Number v(Number p, Number t) noexcept;  // specific volume, m3/kg
+    [[nodiscard]] static Number h(Number p, Number t) noexcept;  // specific enthalpy, kJ/kg
+    [[nodiscard]] static Number u(Number p, Number t) noexcept;  // specific internal energy, kJ/kg
+    [[nodiscard]] static Number s(Number p, Number t) noexcept;  // specific entropy, kJ/(kg K)
+    [[nodiscard]] static Number g(Number p, Number t) noexcept;  // specific Gibbs energy, kJ/kg
+    [[nodiscard]] static Number w(Number p, Number t) noexcept;  // speed of sound, m/s
 
-// h and s with their slopes in T along the isobar, cp and cp/T, from shared sums.
-[[nodiscard]] Tangent h_tangent_t(double p, double t) noexcept;
-[[nodiscard]] Tangent s_tangent_t(double p, double t) noexcept;
+    // Heat capacities, isobaric and isochoric, kJ/(kg K); (dv/dT)_p, m3/(kg K).
+    [[nodiscard]] static Number cp(Number p, Number t) noexcept;
+    [[nodiscard]] static Number cv(Number p, Number t) noexcept;
+    [[nodiscard]] static Number v_t(Number p, Number t) noexcept;
 
-// h and s with their slopes by pressure and by temperature, from shared sums.
-[[nodiscard]] TangentPair hs_tangents(double p, double t) noexcept;
+    // h and s with their slopes in T along the isobar, cp and cp/T, from shared sums.
+    [[nodiscard]] static Tangent<Number> h_tangent_t(Number p, Number t) noexcept;
+    [[nodiscard]] static Tangent<Number> s_tangent_t(Number p, Number t) noexcept;
 
-// v with its slope in p along the isotherm, from shared powers.
-[[nodiscard]] Tangent v_tangent_p(double p, double t) noexcept;
+    // h and s with their slopes by pressure and by temperature, from shared sums.
+    [[nodiscard]] static TangentPair<Number> hs_tangents(Number p, Number t) noexcept;
 
-// v with its slope in T along the isobar.
-[[nodiscard]] Tangent v_tangent_t(double p, double t) noexcept;
+    // v with its slope in p along the isotherm, from shared powers.
+    [[nodiscard]] static Tangent<Number> v_tangent_p(Number p, Number t) noexcept;
 
-// h and s with their slopes in p along the isotherm, v - T v_t and -v_t; those slopes with theirs.
-[[nodiscard]] Tangent h_tangent_p(double p, double t) noexcept;
-[[nodiscard]] Tangent s_tangent_p(double p, double t) noexcept;
-[[nodiscard]] Tangent h_p_tangent_p(double p, double t) noexcept;
-[[nodiscard]] Tangent s_p_tangent_p(double p, double t) noexcept;
+    // v with its slope in T along the isobar.
+    [[nodiscard]] static Tangent<Number> v_tangent_t(Number p, Number t) noexcept;
 
-// A property by its formula on the derivatives.
-template <Formula formula>
-[[nodiscard]] double derived(double p, double t) noexcept;
+    // h and s with their slopes in p along the isotherm, v - T v_t and -v_t; those slopes with
+    // theirs.
+    [[nodiscard]] static Tangent<Number> h_tangent_p(Number p, Number t) noexcept;
+    [[nodiscard]] static Tangent<Number> s_tangent_p(Number p, Number t) noexcept;
+    [[nodiscard]] static Tangent<Number> h_p_tangent_p(Number p, Number t) noexcept;
+    [[nodiscard]] static Tangent<Number> s_p_tangent_p(Number p, Number t) noexcept;
 
-}  // namespace vaprix::region1
+    // A property by its formula on the derivatives.
+    template <Formula<Number> formula>
+    [[nodiscard]] static Number derived(Number p, Number t) noexcept;
+
+    // Backward equations: regions/region1_backward.hpp.
+    [[nodiscard]] static Number t_ph(Number p, Number h) noexcept;  // temperature, K
+    [[nodiscard]] static Number t_ps(Number p, Number s) noexcept;  // temperature, K
+    [[nodiscard]] static Number p_hs(Number h, Number s) noexcept;  // pressure, MPa
+
+private:
+    // gamma = sum n x^I y^J with x = 7.1 - pi, y = tau - 1.222, pi = p/p*, tau = T*/T
+    static constexpr double p_star = 16.53;  // MPa
+    static constexpr double T_star = 1386;   // K
+    static constexpr double x_0 = 7.1;
+    static constexpr double y_0 = 1.222;
+
+    // 1/p*, in the two roundings that v and h, and the other properties, have always been published
+    // with. They differ by a few units in the last place and must stay apart, or digits of hosts
+    // change.
+    static constexpr double p_star_reciprocal_short = 0.060496067755596;
+    static constexpr double p_star_reciprocal = 0.060496067755595885;
+
+    static constexpr long double R_T_star = extended(R) * extended(T_star);
+    static constexpr long double R_per_p_star = extended(R) / (1000 * extended(p_star));
+
+    static constexpr auto v_factor = static_cast<Number>(R_per_p_star);
+    static constexpr auto v_p_factor = static_cast<Number>(R_per_p_star / extended(p_star));
+    static constexpr auto h_p_factor = static_cast<Number>(R_T_star / extended(p_star));
+
+    static constexpr auto gamma = polynomial(tables::region1);
+    static constexpr auto gamma_pi = -1 * d_x(gamma);
+    static constexpr auto gamma_pipi = d_x(d_x(gamma));
+    static constexpr auto gamma_tau = d_y(gamma);
+    static constexpr auto gamma_tautau = d_y(gamma_tau);
+    static constexpr auto gamma_pitau = d_y(gamma_pi);
+
+    static constexpr auto volume_over_t = R_per_p_star * gamma_pi;
+    static constexpr auto volume_pitau = R_per_p_star * gamma_pitau;
+    static constexpr auto enthalpy = R_T_star * gamma_tau;
+    // tau gamma_tau - gamma with tau = y + y_0: one polynomial, all of whose folded terms keep
+    // their sign
+    static constexpr auto entropy =
+        extended(R) *
+        (weighted(gamma, [](int, int J) { return J - 1; }) + extended(y_0) * gamma_tau);
+    static constexpr auto gibbs_over_t = extended(R) * gamma;
+
+    // slopes in p
+    static constexpr auto enthalpy_p = (-1 / extended(p_star)) * d_x(enthalpy);
+    static constexpr auto enthalpy_pp = (-1 / extended(p_star)) * d_x(enthalpy_p);
+    static constexpr auto entropy_p = (-1 / extended(p_star)) * d_x(entropy);
+    static constexpr auto entropy_pp = (-1 / extended(p_star)) * d_x(entropy_p);
+
+    // Reduced variables; the shifts are applied where the polynomial is evaluated.
+    struct Reduced {
+        Number pi, tau;
+        Reduced(Number p, Number t) noexcept : pi(p * p_star_reciprocal), tau(T_star / t) {}
+        [[nodiscard]] Number x() const noexcept { return x_0 - pi; }
+        [[nodiscard]] Number y() const noexcept { return tau - y_0; }
+    };
+
+    // v = R T pi gamma_pi / p, (dv/dp)_T = R T gamma_pipi / p*^2,
+    // (dv/dT)_p = R (gamma_pi - tau gamma_pitau) / p*, (dh/dp)_T = R T tau gamma_pitau / p*,
+    // cp = -R tau^2 gamma_tautau, cv = cp + R (gamma_pi - tau gamma_pitau)^2 / gamma_pipi
+    VAPRIX_INLINE static Derivatives<Number> derivatives(Number p, Number t) noexcept {
+        const Reduced r(p, t);
+        const auto [tautau, pi, pitau, pipi] =
+            evaluate<gamma_tautau, gamma_pi, gamma_pitau, gamma_pipi>(r.x(), r.y());
+        const Number a = pi - r.tau * pitau;
+        const Number c = r.tau * r.tau * tautau;
+        return {.v = v_factor * t * pi,
+                .v_p = v_p_factor * t * pipi,
+                .v_t = v_factor * a,
+                .h_p = h_p_factor * pitau,
+                .cp = -R * c,
+                .cv = R * (a * a / pipi - c)};
+    }
+};
+
+using region1 = Region1<double>;
+extern template struct Region1<double>;
+VAPRIX_DERIVED(extern template, (double, double), Region1<double>);
+
+// v = R T pi gamma_pi / p
+template <class Number>
+Number Region1<Number>::v(Number p, Number t) noexcept {
+    return t * evaluate<volume_over_t>(x_0 - p * p_star_reciprocal_short, T_star / t - y_0);
+}
+
+// h = R T tau gamma_tau
+template <class Number>
+Number Region1<Number>::h(Number p, Number t) noexcept {
+    return evaluate<enthalpy>(x_0 - p * p_star_reciprocal_short, T_star / t - y_0);
+}
+
+// u = R T (tau gamma_tau - pi gamma_pi)
+template <class Number>
+Number Region1<Number>::u(Number p, Number t) noexcept {
+    const Reduced r(p, t);
+    const auto [from_tau, from_pi] = evaluate<enthalpy, gamma_pi>(r.x(), r.y());
+    return from_tau - R * t * r.pi * from_pi;
+}
+
+// s = R (tau gamma_tau - gamma)
+template <class Number>
+Number Region1<Number>::s(Number p, Number t) noexcept {
+    const Reduced r(p, t);
+    return evaluate<entropy>(r.x(), r.y());
+}
+
+// g = R T gamma
+template <class Number>
+Number Region1<Number>::g(Number p, Number t) noexcept {
+    const Reduced r(p, t);
+    return t * evaluate<gibbs_over_t>(r.x(), r.y());
+}
+
+// cp = -R tau^2 gamma_tautau
+template <class Number>
+Number Region1<Number>::cp(Number p, Number t) noexcept {
+    const Reduced r(p, t);
+    return -R * (r.tau * r.tau) * evaluate<gamma_tautau>(r.x(), r.y());
+}
+
+template <class Number>
+Number Region1<Number>::cv(Number p, Number t) noexcept {
+    return derivatives(p, t).cv;
+}
+
+// w^2 = R T gamma_pi^2 / ((gamma_pi - tau gamma_pitau)^2 / (tau^2 gamma_tautau) - gamma_pipi)
+template <class Number>
+Number Region1<Number>::w(Number p, Number t) noexcept {
+    const Reduced r(p, t);
+    const auto [tautau, pi, pitau, pipi] =
+        evaluate<gamma_tautau, gamma_pi, gamma_pitau, gamma_pipi>(r.x(), r.y());
+    const Number a = pi - r.tau * pitau;
+    return fabs(pi) * signed_sqrt(1000 * R * t / (a * a / (r.tau * r.tau * tautau) - pipi));
+}
+
+template <class Number>
+Number Region1<Number>::v_t(Number p, Number t) noexcept {
+    return derivatives(p, t).v_t;
+}
+
+template <class Number>
+Tangent<Number> Region1<Number>::h_tangent_t(Number p, Number t) noexcept {
+    const Number tau = T_star / t;
+    const auto [h, tautau] =
+        evaluate<enthalpy, gamma_tautau>(x_0 - p * p_star_reciprocal_short, tau - y_0);
+    return {h, -R * (tau * tau) * tautau};
+}
+
+template <class Number>
+Tangent<Number> Region1<Number>::v_tangent_p(Number p, Number t) noexcept {
+    const auto [v_over_t, pipi] =
+        evaluate<volume_over_t, gamma_pipi>(x_0 - p * p_star_reciprocal_short, T_star / t - y_0);
+    return {t * v_over_t, v_p_factor * t * pipi};
+}
+
+template <class Number>
+Tangent<Number> Region1<Number>::v_tangent_t(Number p, Number t) noexcept {
+    const Number tau = T_star / t;
+    const auto [v_over_t, pitau] =
+        evaluate<volume_over_t, volume_pitau>(x_0 - p * p_star_reciprocal_short, tau - y_0);
+    return {t * v_over_t, v_over_t - tau * pitau};
+}
+
+template <class Number>
+Tangent<Number> Region1<Number>::h_tangent_p(Number p, Number t) noexcept {
+    const auto [h, h_p] =
+        evaluate<enthalpy, enthalpy_p>(x_0 - p * p_star_reciprocal_short, T_star / t - y_0);
+    return {h, h_p};
+}
+
+template <class Number>
+Tangent<Number> Region1<Number>::s_tangent_p(Number p, Number t) noexcept {
+    const Reduced r(p, t);
+    const auto [s, s_p] = evaluate<entropy, entropy_p>(r.x(), r.y());
+    return {s, s_p};
+}
+
+template <class Number>
+Tangent<Number> Region1<Number>::h_p_tangent_p(Number p, Number t) noexcept {
+    const Reduced r(p, t);
+    const auto [h_p, h_pp] = evaluate<enthalpy_p, enthalpy_pp>(r.x(), r.y());
+    return {h_p, h_pp};
+}
+
+template <class Number>
+Tangent<Number> Region1<Number>::s_p_tangent_p(Number p, Number t) noexcept {
+    const Reduced r(p, t);
+    const auto [s_p, s_pp] = evaluate<entropy_p, entropy_pp>(r.x(), r.y());
+    return {s_p, s_pp};
+}
+
+template <class Number>
+Tangent<Number> Region1<Number>::s_tangent_t(Number p, Number t) noexcept {
+    const Reduced r(p, t);
+    const auto [s, tautau] = evaluate<entropy, gamma_tautau>(r.x(), r.y());
+    return {s, -R / T_star * (r.tau * r.tau * r.tau) * tautau};
+}
+
+// h_p = R T* gamma_pitau / p*, s_p = -R (gamma_pi - tau gamma_pitau) / p*
+template <class Number>
+TangentPair<Number> Region1<Number>::hs_tangents(Number p, Number t) noexcept {
+    constexpr auto factor = static_cast<Number>(1000 * R_per_p_star);
+    const Reduced r(p, t);
+    const auto [h, s, tautau, pi, pitau] =
+        evaluate<enthalpy, entropy, gamma_tautau, gamma_pi, gamma_pitau>(r.x(), r.y());
+    const Number cp = -R * (r.tau * r.tau) * tautau;
+    return {h, factor * T_star * pitau, cp, s, -factor * (pi - r.tau * pitau), cp / t};
+}
+
+template <class Number>
+template <Formula<Number> formula>
+Number Region1<Number>::derived(Number p, Number t) noexcept {
+    return formula(derivatives(p, t), p);
+}
+
+}  // namespace vaprix

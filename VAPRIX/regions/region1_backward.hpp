@@ -8,10 +8,29 @@
 //           Table 2.
 #pragma once
 
-namespace vaprix::region1 {
+#include "frame/polynomial.hpp"
+#include "regions/region1.hpp"
+#include "regions/tables/region1_backward.hpp"
 
-[[nodiscard]] double t_ph(double p, double h) noexcept;  // temperature, K
-[[nodiscard]] double t_ps(double p, double s) noexcept;  // temperature, K
-[[nodiscard]] double p_hs(double h, double s) noexcept;  // pressure, MPa
+namespace vaprix {
 
-}  // namespace vaprix::region1
+// Eq. (11): theta = sum n pi^I (eta + 1)^J, eta = h / 2500 kJ/kg
+template <class Number>
+Number Region1<Number>::t_ph(Number p, Number h) noexcept {
+    return evaluate_table<tables::t1_ph>(p, h / 2500 + 1);
+}
+
+// Eq. (13): theta = sum n pi^I (sigma + 2)^J
+template <class Number>
+Number Region1<Number>::t_ps(Number p, Number s) noexcept {
+    return evaluate_table<tables::t1_ps>(p, s + 2);
+}
+
+// Eq. (1): p = 100 MPa sum n (h / 3400 + 0.05)^I (s / 7.6 + 0.05)^J
+template <class Number>
+Number Region1<Number>::p_hs(Number h, Number s) noexcept {
+    static constexpr auto pressure = 100 * polynomial(tables::p1_hs);
+    return evaluate<pressure>(h / 3400 + 0.05, s / 7.6 + 0.05);
+}
+
+}  // namespace vaprix

@@ -9,48 +9,47 @@
 //           metastable vapour.
 #pragma once
 
-#include "frame/newton.hpp"
-#include "regions/derivatives.hpp"
+#include "regions/tables/region2.hpp"
+#include "regions/vapour.hpp"
 
-namespace vaprix::region2 {
+namespace vaprix {
 
-[[nodiscard]] double v(double p, double t) noexcept;    // specific volume, m3/kg
-[[nodiscard]] double h(double p, double t) noexcept;    // specific enthalpy, kJ/kg
-[[nodiscard]] double u(double p, double t) noexcept;    // specific internal energy, kJ/kg
-[[nodiscard]] double s(double p, double t) noexcept;    // specific entropy, kJ/(kg K)
-[[nodiscard]] double g(double p, double t) noexcept;    // specific Gibbs energy, kJ/kg
-[[nodiscard]] double cp(double p, double t) noexcept;   // isobaric heat capacity, kJ/(kg K)
-[[nodiscard]] double cv(double p, double t) noexcept;   // isochoric heat capacity, kJ/(kg K)
-[[nodiscard]] double w(double p, double t) noexcept;    // speed of sound, m/s
-[[nodiscard]] double v_t(double p, double t) noexcept;  // (dv/dT)_p, m3/(kg K)
+// gamma = ln pi + sum n0 tau^J0 + sum n pi^I (tau - 0.5)^J, pi = p, tau = 540/T
+struct Region2Equation {
+    static constexpr auto ideal = polynomial(tables::region2_ideal);
+    static constexpr auto residual = polynomial(tables::region2_residual);
+    static constexpr double T_star = 540;  // K
+    static constexpr double shift = 0.5;
+    // 1/T* for the negative powers of tau, in the two roundings that the enthalpy and the other
+    // properties have always been published with; they must stay apart, or digits of hosts change.
+    static constexpr double T_star_reciprocal_h = 0.0018518518518518;
+    static constexpr double T_star_reciprocal = 0.001851851851851852;
+};
 
-// s + R ln p, which spares an iteration along the isobar the logarithm.
-[[nodiscard]] double s_plus_r_ln_p(double p, double t) noexcept;
+template <class Number>
+struct Region2 : Vapour<Region2Equation, Number> {
+    // Backward equations: regions/region2_backward.hpp.
+    [[nodiscard]] static Number t_ph(Number p, Number h) noexcept;  // temperature, K
+    [[nodiscard]] static Number t_ps(Number p, Number s) noexcept;  // temperature, K
+    [[nodiscard]] static Number p_hs(Number h, Number s) noexcept;  // pressure, MPa
 
-// h and s + R ln p with their slopes in T along the isobar, cp and cp/T, from shared sums.
-[[nodiscard]] Tangent h_tangent_t(double p, double t) noexcept;
-[[nodiscard]] Tangent s_plus_r_ln_p_tangent_t(double p, double t) noexcept;
+    // Divides subregions 2b, which owns it, and 2c of (p, s) and (h, s), kJ/(kg K).
+    static constexpr double s_2bc = 5.85;
 
-// h and s with their slopes by pressure and by temperature, from shared sums.
-[[nodiscard]] TangentPair hs_tangents(double p, double t) noexcept;
+    // Boundary of subregions 2b and 2c: pressure, MPa, of h. A state on the line belongs to 2b.
+    [[nodiscard]] static Number p_b2bc(Number h) noexcept;
 
-// v with its slope in p along the isotherm, from shared powers.
-[[nodiscard]] Tangent v_tangent_p(double p, double t) noexcept;
+    // Boundary of subregions 2a and 2b of (h, s), near 4 MPa: enthalpy, kJ/kg, of s. A state on the
+    // line belongs to 2a.
+    [[nodiscard]] static Number h_2ab(Number s) noexcept;
 
-// v with its slope in T along the isobar.
-[[nodiscard]] Tangent v_tangent_t(double p, double t) noexcept;
+private:
+    static constexpr double p_2a = 4;  // highest pressure of 2a of (p, h) and (p, s), MPa
+};
 
-// h and s + R ln p with their slopes in p along the isotherm.
-[[nodiscard]] Tangent h_tangent_p(double p, double t) noexcept;
-[[nodiscard]] Tangent s_plus_r_ln_p_tangent_p(double p, double t) noexcept;
+using region2 = Region2<double>;
+extern template class Vapour<Region2Equation, double>;
+extern template struct Region2<double>;
+VAPRIX_DERIVED(extern template, (double, double), Vapour<Region2Equation, double>);
 
-// A property by its formula on the derivatives.
-template <Formula formula>
-[[nodiscard]] double derived(double p, double t) noexcept;
-
-// The two parts of gamma = g/(R T): that of the ideal gas at 1 MPa, gamma0 - ln pi, and the
-// residual one, which is the logarithm of the fugacity coefficient.
-[[nodiscard]] double ideal_part(double t) noexcept;
-[[nodiscard]] double residual_part(double p, double t) noexcept;
-
-}  // namespace vaprix::region2
+}  // namespace vaprix

@@ -8,20 +8,57 @@
 //           IAPWS SR2-01(2014), Eqs. (2) to (5), Tables 5 to 8.
 #pragma once
 
-namespace vaprix::region2 {
+#include "frame/guarded_math.hpp"
+#include "frame/polynomial.hpp"
+#include "regions/region2.hpp"
+#include "regions/tables/region2_backward.hpp"
 
-// Divides subregions 2b, which owns it, and 2c of (p, s) and (h, s), kJ/(kg K).
-inline constexpr double s_2bc = 5.85;
+namespace vaprix {
 
-[[nodiscard]] double t_ph(double p, double h) noexcept;  // temperature, K
-[[nodiscard]] double t_ps(double p, double s) noexcept;  // temperature, K
-[[nodiscard]] double p_hs(double h, double s) noexcept;  // pressure, MPa
+// Eq. (20)
+template <class Number>
+Number Region2<Number>::p_b2bc(Number h) noexcept {
+    constexpr const auto& n = tables::b2bc;
+    return (n[2] * h + n[1]) * h + n[0];
+}
 
-// Boundary of subregions 2b and 2c: pressure, MPa, of h. A state on the line belongs to 2b.
-[[nodiscard]] double p_b2bc(double h) noexcept;
+// Eqs. (22) to (24): theta = sum n pi^I (eta - 2.1)^J in 2a, (pi - 2)^I (eta - 2.6)^J in 2b,
+// (pi + 25)^I (eta - 1.8)^J in 2c, eta = h / 2000 kJ/kg
+template <class Number>
+Number Region2<Number>::t_ph(Number p, Number h) noexcept {
+    const Number eta = h / 2000;
+    if (p <= p_2a) return evaluate_table<tables::t2a_ph>(p, eta - 2.1);
+    return p > p_b2bc(h) ? evaluate_table<tables::t2c_ph>(p + 25, eta - 1.8)
+                         : evaluate_table<tables::t2b_ph>(p - 2, eta - 2.6);
+}
 
-// Boundary of subregions 2a and 2b of (h, s), near 4 MPa: enthalpy, kJ/kg, of s. A state on the
-// line belongs to 2a.
-[[nodiscard]] double h_2ab(double s) noexcept;
+// Eqs. (25) to (27): theta = sum n pi^I (s/2 - 2)^J in 2a, pi^I (10 - s/0.7853)^J in 2b,
+// pi^I (2 - s/2.9251)^J in 2c
+template <class Number>
+Number Region2<Number>::t_ps(Number p, Number s) noexcept {
+    constexpr double s_star_2c_reciprocal = 0.34186865406311;
+    if (p <= p_2a) return evaluate_table<tables::t2a_ps>(signed_sqrt(signed_sqrt(p)), s / 2 - 2);
+    return s < s_2bc ? evaluate_table<tables::t2c_ps>(p, 2 - s * s_star_2c_reciprocal)
+                     : evaluate_table<tables::t2b_ps>(p, 10 - s / 0.7853);
+}
 
-}  // namespace vaprix::region2
+// Eq. (2)
+template <class Number>
+Number Region2<Number>::h_2ab(Number s) noexcept {
+    constexpr const auto& n = tables::h2ab;
+    return ((n[3] * s + n[2]) * s + n[1]) * s + n[0];
+}
+
+// Eqs. (3) to (5): p = 4 MPa (sum n (h/4200 - 0.5)^I (s/12 - 1.2)^J)^4 in 2a,
+// 100 MPa (sum n (h/4100 - 0.6)^I (s/7.9 - 1.01)^J)^4 in 2b,
+// 100 MPa (sum n (h/3500 - 0.7)^I (s/5.9 - 1.1)^J)^4 in 2c
+template <class Number>
+Number Region2<Number>::p_hs(Number h, Number s) noexcept {
+    if (s < s_2bc)
+        return 100 * power<4>(evaluate_table<tables::p2c_hs>(h / 3500 - 0.7, s / 5.9 - 1.1));
+    return h > h_2ab(s)
+               ? 100 * power<4>(evaluate_table<tables::p2b_hs>(h / 4100 - 0.6, s / 7.9 - 1.01))
+               : 4 * power<4>(evaluate_table<tables::p2a_hs>(h / 4200 - 0.5, s / 12 - 1.2));
+}
+
+}  // namespace vaprix

@@ -8,19 +8,84 @@
 //           (2), Tables 3 and 4.
 #pragma once
 
-namespace vaprix::region3 {
+#include "frame/polynomial.hpp"
+#include "regions/region3.hpp"
+#include "regions/tables/region3_backward.hpp"
 
-// Entropy of the critical point, which divides subregions 3a and 3b of (p, s) and (h, s),
-// kJ/(kg K).
-inline constexpr double s_crit = 4.41202148223476;
+namespace vaprix {
 
-[[nodiscard]] double h3ab(double p) noexcept;            // divides 3a and 3b of (p, h), kJ/kg
-[[nodiscard]] double t_ph(double p, double h) noexcept;  // temperature, K
-[[nodiscard]] double v_ph(double p, double h) noexcept;  // specific volume, m3/kg
-[[nodiscard]] double t_ps(double p, double s) noexcept;  // temperature, K
-[[nodiscard]] double v_ps(double p, double s) noexcept;  // specific volume, m3/kg
-[[nodiscard]] double p_hs(double h, double s) noexcept;  // pressure, MPa
-[[nodiscard]] double p3sat_h(double h) noexcept;         // saturation pressure of region 3, MPa
-[[nodiscard]] double p3sat_s(double s) noexcept;         // saturation pressure of region 3, MPa
+namespace detail {
 
-}  // namespace vaprix::region3
+// Reducing quantities of subregions 3a and 3b of (p, h) and (p, s), and of the saturation pressure.
+inline constexpr double p_star = 100;                            // MPa
+inline constexpr double T_star_3a = 760, T_star_3b = 860;        // K
+inline constexpr double v_star_3a = 0.0028, v_star_3b = 0.0088;  // m3/kg
+inline constexpr double p_star_sat = 22;                         // MPa
+
+}  // namespace detail
+
+// Eq. (1). A state on the line belongs to 3a.
+template <class Number>
+Number Region3<Number>::h3ab(Number p) noexcept {
+    constexpr const auto& n = tables::h3ab;
+    return ((n[3] * p + n[2]) * p + n[1]) * p + n[0];
+}
+
+// Eqs. (2) and (3)
+template <class Number>
+Number Region3<Number>::t_ph(Number p, Number h) noexcept {
+    const Number pi = p / detail::p_star;
+    return h <= h3ab(p)
+               ? detail::T_star_3a * evaluate_table<tables::t3a_ph>(pi + 0.240, h / 2300 - 0.615)
+               : detail::T_star_3b * evaluate_table<tables::t3b_ph>(pi + 0.298, h / 2800 - 0.720);
+}
+
+// Eqs. (4) and (5)
+template <class Number>
+Number Region3<Number>::v_ph(Number p, Number h) noexcept {
+    const Number pi = p / detail::p_star;
+    return h <= h3ab(p)
+               ? detail::v_star_3a * evaluate_table<tables::v3a_ph>(pi + 0.128, h / 2100 - 0.727)
+               : detail::v_star_3b * evaluate_table<tables::v3b_ph>(pi + 0.0661, h / 2800 - 0.720);
+}
+
+// Eqs. (6) and (7)
+template <class Number>
+Number Region3<Number>::t_ps(Number p, Number s) noexcept {
+    const Number pi = p / detail::p_star;
+    return s <= s_crit
+               ? detail::T_star_3a * evaluate_table<tables::t3a_ps>(pi + 0.240, s / 4.4 - 0.703)
+               : detail::T_star_3b * evaluate_table<tables::t3b_ps>(pi + 0.760, s / 5.3 - 0.818);
+}
+
+// Eqs. (8) and (9)
+template <class Number>
+Number Region3<Number>::v_ps(Number p, Number s) noexcept {
+    const Number pi = p / detail::p_star;
+    return s <= s_crit
+               ? detail::v_star_3a * evaluate_table<tables::v3a_ps>(pi + 0.187, s / 4.4 - 0.755)
+               : detail::v_star_3b * evaluate_table<tables::v3b_ps>(pi + 0.298, s / 5.3 - 0.816);
+}
+
+// Eq. (10)
+template <class Number>
+Number Region3<Number>::p3sat_h(Number h) noexcept {
+    const Number eta = h / 2600;
+    return detail::p_star_sat * evaluate_table<tables::p3sat_h>(eta - 1.02, eta - 0.608);
+}
+
+// Eq. (11)
+template <class Number>
+Number Region3<Number>::p3sat_s(Number s) noexcept {
+    const Number sigma = s / 5.2;
+    return detail::p_star_sat * evaluate_table<tables::p3sat_s>(sigma - 1.03, sigma - 0.699);
+}
+
+// Eqs. (1) and (2); 3b is fitted as p*/p
+template <class Number>
+Number Region3<Number>::p_hs(Number h, Number s) noexcept {
+    return s <= s_crit ? 99 * evaluate_table<tables::p3a_hs>(h / 2300 - 1.01, s / 4.4 - 0.750)
+                       : 16.6 / evaluate_table<tables::p3b_hs>(h / 2800 - 0.681, s / 5.3 - 0.792);
+}
+
+}  // namespace vaprix

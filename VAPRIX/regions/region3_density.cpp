@@ -39,11 +39,11 @@ double newton(const region3::Isotherm& isotherm, double p, Side side, double d_s
     constexpr double flat = 1e-30;      // MPa m3/kg, a slope that leads to the end of the bracket
     // In single precision the start does not carry the last digit of the host's exponential, which
     // subregion 3n passes through, into the result.
-    const auto start = static_cast<float>(std::clamp(d_start, side.low, side.high));
-    const NewtonRoot root = bracketed_newton(
+    const double start = static_cast<float>(std::clamp(d_start, side.low, side.high));
+    const NewtonRoot<double> root = bracketed_newton(
         [&](double d) noexcept {
-            const Tangent at{isotherm.p(d), isotherm.p_d(d)};
-            return at.y_x > 0 ? at : Tangent{at.y + side.p_beyond, flat};
+            const Tangent<double> at{isotherm.p(d), isotherm.p_d(d)};
+            return at.y_x > 0 ? at : Tangent<double>{at.y + side.p_beyond, flat};
         },
         p, side.low, side.high, start, step);
     // an end of the side stands for a root beyond it, and next to the critical point the isotherm
@@ -77,11 +77,11 @@ double density_beside(double p, double t, double d_start) noexcept {
 double d_iterated(double p, double t, double d_start, double tolerance) noexcept {
     const Side side = side_of(d_start);
     const region3::Isotherm isotherm(t);
-    const auto residual = [&](double d) noexcept { return Residual{d, isotherm.p(d) - p}; };
-    const Residual low = residual(std::max(0.999 * d_start, side.low));
-    const Residual high = residual(std::min(1.001 * d_start, side.high));
+    const auto residual = [&](double d) noexcept { return Residual<double>{d, isotherm.p(d) - p}; };
+    const Residual<double> low = residual(std::max(0.999 * d_start, side.low));
+    const Residual<double> high = residual(std::min(1.001 * d_start, side.high));
     if (low.f <= 0 && high.f >= 0) {
-        const BracketedRoot root = bracketed_secant(
+        const BracketedRoot<double> root = bracketed_secant(
             [&](double d) noexcept { return residual(d).f; }, low, high, tolerance);
         return root.converged ? root.x : 0.0;
     }

@@ -7,48 +7,31 @@
 // Source:   IAPWS R7-97(2012), Eqs. (32) to (34) with Tables 37 to 41 (the 2007 edition).
 #pragma once
 
-#include "frame/newton.hpp"
-#include "regions/derivatives.hpp"
+#include "regions/tables/region5.hpp"
+#include "regions/vapour.hpp"
 
-namespace vaprix::region5 {
+namespace vaprix {
 
-[[nodiscard]] double v(double p, double t) noexcept;    // specific volume, m3/kg
-[[nodiscard]] double h(double p, double t) noexcept;    // specific enthalpy, kJ/kg
-[[nodiscard]] double u(double p, double t) noexcept;    // specific internal energy, kJ/kg
-[[nodiscard]] double s(double p, double t) noexcept;    // specific entropy, kJ/(kg K)
-[[nodiscard]] double g(double p, double t) noexcept;    // specific Gibbs energy, kJ/kg
-[[nodiscard]] double cp(double p, double t) noexcept;   // isobaric heat capacity, kJ/(kg K)
-[[nodiscard]] double cv(double p, double t) noexcept;   // isochoric heat capacity, kJ/(kg K)
-[[nodiscard]] double w(double p, double t) noexcept;    // speed of sound, m/s
-[[nodiscard]] double v_t(double p, double t) noexcept;  // (dv/dT)_p, m3/(kg K)
+// gamma = ln pi + sum n0 tau^J0 + sum n pi^I tau^J, pi = p, tau = 1000/T
+struct Region5Equation {
+    static constexpr auto ideal = polynomial(tables::region5_ideal);
+    static constexpr auto residual = polynomial(tables::region5_residual);
+    static constexpr double T_star = 1000;  // K
+    static constexpr double shift = 0;
+    static constexpr double T_star_reciprocal_h = 0.001;
+    static constexpr double T_star_reciprocal = 0.001;
+};
 
-// s + R ln p, which spares an iteration along the isobar the logarithm.
-[[nodiscard]] double s_plus_r_ln_p(double p, double t) noexcept;
+template <class Number>
+struct Region5 : Vapour<Region5Equation, Number> {
+    // Temperature, K, by search: regions/region5_backward.hpp.
+    [[nodiscard]] static Number t_ph(Number p, Number h) noexcept;
+    [[nodiscard]] static Number t_ps(Number p, Number s) noexcept;
+};
 
-// h and s + R ln p with their slopes in T along the isobar, cp and cp/T, from shared sums.
-[[nodiscard]] Tangent h_tangent_t(double p, double t) noexcept;
-[[nodiscard]] Tangent s_plus_r_ln_p_tangent_t(double p, double t) noexcept;
+using region5 = Region5<double>;
+extern template class Vapour<Region5Equation, double>;
+extern template struct Region5<double>;
+VAPRIX_DERIVED(extern template, (double, double), Vapour<Region5Equation, double>);
 
-// h and s with their slopes by pressure and by temperature, from shared sums.
-[[nodiscard]] TangentPair hs_tangents(double p, double t) noexcept;
-
-// v with its slope in p along the isotherm, from shared powers.
-[[nodiscard]] Tangent v_tangent_p(double p, double t) noexcept;
-
-// v with its slope in T along the isobar.
-[[nodiscard]] Tangent v_tangent_t(double p, double t) noexcept;
-
-// h and s + R ln p with their slopes in p along the isotherm.
-[[nodiscard]] Tangent h_tangent_p(double p, double t) noexcept;
-[[nodiscard]] Tangent s_plus_r_ln_p_tangent_p(double p, double t) noexcept;
-
-// A property by its formula on the derivatives.
-template <Formula formula>
-[[nodiscard]] double derived(double p, double t) noexcept;
-
-// The two parts of gamma = g/(R T): that of the ideal gas at 1 MPa, gamma0 - ln pi, and the
-// residual one, which is the logarithm of the fugacity coefficient.
-[[nodiscard]] double ideal_part(double t) noexcept;
-[[nodiscard]] double residual_part(double p, double t) noexcept;
-
-}  // namespace vaprix::region5
+}  // namespace vaprix

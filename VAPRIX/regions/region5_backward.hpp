@@ -10,9 +10,49 @@
 // Source:   IAPWS R7-97(2012), Eq. (32).
 #pragma once
 
-namespace vaprix::region5 {
+#include "frame/constants.hpp"
+#include "frame/steered_search.hpp"
+#include "regions/region5.hpp"
 
-[[nodiscard]] double t_ph(double p, double h) noexcept;
-[[nodiscard]] double t_ps(double p, double s) noexcept;
+namespace vaprix {
 
-}  // namespace vaprix::region5
+namespace detail {
+
+inline constexpr double tolerance_5 = 1e-6;
+
+struct Bracket5 {
+    double low, high;  // K
+};
+
+template <class Number>
+Bracket5 bracket_ph(Number h) noexcept {
+    if (h < 5000) return {T_25, 1573.15};
+    if (h < 6500) return {1323.15, 2073.15};
+    return {1823.15, T_max};
+}
+
+template <class Number>
+Bracket5 bracket_ps(Number p, Number s) noexcept {
+    if (p < 0.1) return {T_25, T_max};
+    if (p < 1) return {T_25, s < 9.5 ? 1823.15 : T_max};
+    if (s < (p < 5 ? 9.0 : 8.5)) return {T_25, 1823.15};
+    return {1323.15, T_max};
+}
+
+}  // namespace detail
+
+template <class Number>
+Number Region5<Number>::t_ph(Number p, Number h) noexcept {
+    const detail::Bracket5 bracket = detail::bracket_ph(h);
+    const auto residual = [p, h](Number t) noexcept { return Region5::h(p, t) - h; };
+    return steered_search(residual, Number(bracket.low), Number(bracket.high), detail::tolerance_5);
+}
+
+template <class Number>
+Number Region5<Number>::t_ps(Number p, Number s) noexcept {
+    const detail::Bracket5 bracket = detail::bracket_ps(p, s);
+    const auto residual = [p, s](Number t) noexcept { return Region5::s(p, t) - s; };
+    return steered_search(residual, Number(bracket.low), Number(bracket.high), detail::tolerance_5);
+}
+
+}  // namespace vaprix

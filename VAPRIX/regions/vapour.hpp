@@ -15,10 +15,56 @@
 
 namespace vaprix {
 
-template <class Equation>
+template <class Equation, class Number>
 class Vapour {
+public:
+    [[nodiscard]] static Number v(Number p, Number t) noexcept;  // specific volume, m3/kg
+    [[nodiscard]] static Number h(Number p, Number t) noexcept;  // specific enthalpy, kJ/kg
+    [[nodiscard]] static Number u(Number p, Number t) noexcept;  // specific internal energy, kJ/kg
+    [[nodiscard]] static Number s(Number p, Number t) noexcept;  // specific entropy, kJ/(kg K)
+    [[nodiscard]] static Number g(Number p, Number t) noexcept;  // specific Gibbs energy, kJ/kg
+    [[nodiscard]] static Number w(Number p, Number t) noexcept;  // speed of sound, m/s
+
+    // Heat capacities, isobaric and isochoric, kJ/(kg K); (dv/dT)_p, m3/(kg K).
+    [[nodiscard]] static Number cp(Number p, Number t) noexcept;
+    [[nodiscard]] static Number cv(Number p, Number t) noexcept;
+    [[nodiscard]] static Number v_t(Number p, Number t) noexcept;
+
+    // s + R ln p, which spares an iteration along the isobar the logarithm.
+    [[nodiscard]] static Number s_plus_r_ln_p(Number p, Number t) noexcept;
+
+    // h and s + R ln p with their slopes in T along the isobar, cp and cp/T, from shared sums.
+    [[nodiscard]] static Tangent<Number> h_tangent_t(Number p, Number t) noexcept;
+    [[nodiscard]] static Tangent<Number> s_plus_r_ln_p_tangent_t(Number p, Number t) noexcept;
+
+    // h and s with their slopes by pressure and by temperature, from shared sums.
+    [[nodiscard]] static TangentPair<Number> hs_tangents(Number p, Number t) noexcept;
+
+    // v with its slope in p along the isotherm, from shared powers.
+    [[nodiscard]] static Tangent<Number> v_tangent_p(Number p, Number t) noexcept;
+
+    // v with its slope in T along the isobar.
+    [[nodiscard]] static Tangent<Number> v_tangent_t(Number p, Number t) noexcept;
+
+    // h and s + R ln p with their slopes in p along the isotherm.
+    [[nodiscard]] static Tangent<Number> h_tangent_p(Number p, Number t) noexcept;
+    [[nodiscard]] static Tangent<Number> s_plus_r_ln_p_tangent_p(Number p, Number t) noexcept;
+
+    // A property by its formula on the derivatives.
+    template <Formula<Number> formula>
+    [[nodiscard]] static Number derived(Number p, Number t) noexcept;
+
+    // The two parts of gamma = g/(R T): that of the ideal gas at 1 MPa, gamma0 - ln pi, and the
+    // residual one, which is the logarithm of the fugacity coefficient.
+    [[nodiscard]] static Number ideal_part(Number t) noexcept;
+    [[nodiscard]] static Number residual_part(Number p, Number t) noexcept;
+
+private:
     static constexpr long double R_l = extended(R);
     static constexpr long double R_T_star = R_l * extended(Equation::T_star);
+
+    static constexpr auto v_factor = static_cast<Number>(R_l / 1000);
+    static constexpr auto h_p_factor = static_cast<Number>(R_T_star);
 
     // ideal-gas part, without ln pi
     static constexpr auto gamma0 = Equation::ideal;
@@ -45,27 +91,27 @@ class Vapour {
     // Value of an ideal-gas polynomial; its negative powers of tau are positive ones of T times
     // 1/T*.
     template <auto const& P>
-    static double ideal(double tau, double t, double reciprocal) noexcept {
-        return evaluate<P>(WithReciprocal<double>{0, 0},
-                           WithReciprocal<double>{tau, t * reciprocal});
+    static Number ideal(Number tau, Number t, Number reciprocal) noexcept {
+        return evaluate<P>(WithReciprocal<Number>{0, 0},
+                           WithReciprocal<Number>{tau, t * reciprocal});
     }
 
     template <auto const& P>
-    static double ideal(double tau, double t) noexcept {
+    static Number ideal(Number tau, Number t) noexcept {
         return ideal<P>(tau, t, Equation::T_star_reciprocal);
     }
 
     // What the derivatives and the speed of sound are made of; inlined, so that no sum is evaluated
     // that is not read.
     struct SecondDerivatives {
-        double tautau;  // tau^2 (gamma0_tautau + gammar_tautau)
-        double a;       // 1 + pi gammar_pi
-        double b;       // 1 + pi gammar_pi - tau pi gammar_pitau
-        double c;       // 1 - pi^2 gammar_pipi
-        double pitau;   // gammar_pitau
+        Number tautau;  // tau^2 (gamma0_tautau + gammar_tautau)
+        Number a;       // 1 + pi gammar_pi
+        Number b;       // 1 + pi gammar_pi - tau pi gammar_pitau
+        Number c;       // 1 - pi^2 gammar_pipi
+        Number pitau;   // gammar_pitau
 
-        VAPRIX_INLINE SecondDerivatives(double p, double t) noexcept {
-            const double tau = Equation::T_star / t;
+        VAPRIX_INLINE SecondDerivatives(Number p, Number t) noexcept {
+            const Number tau = Equation::T_star / t;
             const auto [tt, pi, mixed, pipi] =
                 evaluate<gamma_tautau, gamma_pi, gamma_pitau, gamma_pipi>(p, tau - Equation::shift);
             tautau = ideal<tautau0>(tau, t) + tau * tau * tt;
@@ -76,129 +122,12 @@ class Vapour {
         }
     };
 
-public:
-    // v = R T (gamma0_pi + gammar_pi), gamma0_pi = 1/pi
-    static double v(double p, double t) noexcept {
-        constexpr auto factor = static_cast<double>(R_l / 1000);
-        const double tau = Equation::T_star / t;
-        return factor * t * (1 / p + evaluate<gamma_pi>(p, tau - Equation::shift));
-    }
-
-    // h = R T tau (gamma0_tau + gammar_tau)
-    static double h(double p, double t) noexcept {
-        const double tau = Equation::T_star / t;
-        return ideal<enthalpy0>(tau, t, Equation::T_star_reciprocal_h) +
-               evaluate<enthalpy>(p, tau - Equation::shift);
-    }
-
-    // u = R T (tau (gamma0_tau + gammar_tau) - (1 + pi gammar_pi))
-    static double u(double p, double t) noexcept {
-        const double tau = Equation::T_star / t;
-        const auto [from_tau, from_pi] = evaluate<enthalpy, gamma_pi>(p, tau - Equation::shift);
-        return ideal<enthalpy0>(tau, t) + from_tau - R * t * (1 + p * from_pi);
-    }
-
-    // s = R (tau (gamma0_tau + gammar_tau) - (gamma0 + gammar))
-    static double s(double p, double t) noexcept {
-        return s_plus_r_ln_p(p, t) - R * guarded_log(p);
-    }
-
-    // s + R ln p
-    static double s_plus_r_ln_p(double p, double t) noexcept {
-        const double tau = Equation::T_star / t;
-        return ideal<entropy0>(tau, t) + evaluate<entropy>(p, tau - Equation::shift);
-    }
-
-    // g = R T (gamma0 + gammar)
-    static double g(double p, double t) noexcept {
-        const double tau = Equation::T_star / t;
-        return t * (ideal<gibbs0_over_t>(tau, t) +
-                    evaluate<gibbs_over_t>(p, tau - Equation::shift) + R * guarded_log(p));
-    }
-
-    // cp = -R tau^2 (gamma0_tautau + gammar_tautau)
-    static double cp(double p, double t) noexcept {
-        const double tau = Equation::T_star / t;
-        return -R * (ideal<tautau0>(tau, t) +
-                     tau * tau * evaluate<gamma_tautau>(p, tau - Equation::shift));
-    }
-
-    static Tangent h_tangent_t(double p, double t) noexcept {
-        const double tau = Equation::T_star / t;
-        const auto [h, tt] = evaluate<enthalpy, gamma_tautau>(p, tau - Equation::shift);
-        return {ideal<enthalpy0>(tau, t, Equation::T_star_reciprocal_h) + h,
-                -R * (ideal<tautau0>(tau, t) + tau * tau * tt)};
-    }
-
-    // of s + R ln p
-    static Tangent s_plus_r_ln_p_tangent_t(double p, double t) noexcept {
-        const double tau = Equation::T_star / t;
-        const auto [s, tt] = evaluate<entropy, gamma_tautau>(p, tau - Equation::shift);
-        return {ideal<entropy0>(tau, t) + s,
-                -R / Equation::T_star * tau * (ideal<tautau0>(tau, t) + tau * tau * tt)};
-    }
-
-    static Tangent v_tangent_p(double p, double t) noexcept {
-        constexpr auto factor = static_cast<double>(R_l / 1000);
-        const auto [pi, pipi] =
-            evaluate<gamma_pi, gamma_pipi>(p, Equation::T_star / t - Equation::shift);
-        const double ideal = 1 / p;
-        return {factor * t * (ideal + pi), factor * t * (pipi - ideal * ideal)};
-    }
-
-    // h_p = R T* gammar_pitau, s_p = -R (1 + pi gammar_pi - tau pi gammar_pitau) / p
-    static TangentPair hs_tangents(double p, double t) noexcept {
-        const double tau = Equation::T_star / t;
-        const auto [h, s, tt, pi, pitau] =
-            evaluate<enthalpy, entropy, gamma_tautau, gamma_pi, gamma_pitau>(p,
-                                                                             tau - Equation::shift);
-        const double cp = -R * (ideal<tautau0>(tau, t) + tau * tau * tt);
-        return {ideal<enthalpy0>(tau, t, Equation::T_star_reciprocal_h) + h,
-                R * Equation::T_star * pitau,
-                cp,
-                ideal<entropy0>(tau, t) + s - R * guarded_log(p),
-                -R * (1 / p + (pi - tau * pitau)),
-                cp / t};
-    }
-
-    static Tangent v_tangent_t(double p, double t) noexcept {
-        constexpr auto factor = static_cast<double>(R_l / 1000);
-        const double tau = Equation::T_star / t;
-        const auto [pi, pitau] = evaluate<gamma_pi, gamma_pitau>(p, tau - Equation::shift);
-        const double ideal = 1 / p;
-        return {factor * t * (ideal + pi), factor * (ideal + (pi - tau * pitau))};
-    }
-
-    static Tangent h_tangent_p(double p, double t) noexcept {
-        const double tau = Equation::T_star / t;
-        const auto [h, h_p] = evaluate<enthalpy, enthalpy_p>(p, tau - Equation::shift);
-        return {ideal<enthalpy0>(tau, t, Equation::T_star_reciprocal_h) + h, h_p};
-    }
-
-    // of s + R ln p
-    static Tangent s_plus_r_ln_p_tangent_p(double p, double t) noexcept {
-        const double tau = Equation::T_star / t;
-        const auto [s, s_p] = evaluate<entropy, entropy_p>(p, tau - Equation::shift);
-        return {ideal<entropy0>(tau, t) + s, s_p};
-    }
-
-    // cv = cp - R (1 + pi gammar_pi - tau pi gammar_pitau)^2 / (1 - pi^2 gammar_pipi)
-    static double cv(double p, double t) noexcept { return derivatives(p, t).cv; }
-
-    // w^2 = R T a^2 / (c + b^2 / (tau^2 (gamma0_tautau + gammar_tautau))), a, b, c as above
-    static double w(double p, double t) noexcept {
-        const SecondDerivatives d(p, t);
-        return std::fabs(d.a) * signed_sqrt(1000 * R * t / (d.c + d.b * d.b / d.tautau));
-    }
-
     // v = R T a / p, (dv/dp)_T = -R T c / p^2, (dv/dT)_p = R b / p, (dh/dp)_T = R T tau
     // gammar_pitau, the ideal gas having none, cp and cv as above
-    static VAPRIX_INLINE Derivatives derivatives(double p, double t) noexcept {
-        constexpr auto v_factor = static_cast<double>(R_l / 1000);
-        constexpr auto h_p_factor = static_cast<double>(R_T_star);
+    VAPRIX_INLINE static Derivatives<Number> derivatives(Number p, Number t) noexcept {
         const SecondDerivatives d(p, t);
-        const double v_t_ideal = v_factor / p;
-        const double v_ideal = v_t_ideal * t;
+        const Number v_t_ideal = v_factor / p;
+        const Number v_ideal = v_t_ideal * t;
         return {.v = v_ideal * d.a,
                 .v_p = -v_ideal / p * d.c,
                 .v_t = v_t_ideal * d.b,
@@ -206,14 +135,157 @@ public:
                 .cp = -R * d.tautau,
                 .cv = -R * (d.tautau + d.b * d.b / d.c)};
     }
-
-    // gamma0 - ln pi
-    static double ideal_part(double t) noexcept { return ideal<gamma0>(Equation::T_star / t, t); }
-
-    // gammar
-    static double residual_part(double p, double t) noexcept {
-        return evaluate<gamma>(p, Equation::T_star / t - Equation::shift);
-    }
 };
+
+// v = R T (gamma0_pi + gammar_pi), gamma0_pi = 1/pi
+template <class Equation, class Number>
+Number Vapour<Equation, Number>::v(Number p, Number t) noexcept {
+    const Number tau = Equation::T_star / t;
+    return v_factor * t * (1 / p + evaluate<gamma_pi>(p, tau - Equation::shift));
+}
+
+// h = R T tau (gamma0_tau + gammar_tau)
+template <class Equation, class Number>
+Number Vapour<Equation, Number>::h(Number p, Number t) noexcept {
+    const Number tau = Equation::T_star / t;
+    return ideal<enthalpy0>(tau, t, Equation::T_star_reciprocal_h) +
+           evaluate<enthalpy>(p, tau - Equation::shift);
+}
+
+// u = R T (tau (gamma0_tau + gammar_tau) - (1 + pi gammar_pi))
+template <class Equation, class Number>
+Number Vapour<Equation, Number>::u(Number p, Number t) noexcept {
+    const Number tau = Equation::T_star / t;
+    const auto [from_tau, from_pi] = evaluate<enthalpy, gamma_pi>(p, tau - Equation::shift);
+    return ideal<enthalpy0>(tau, t) + from_tau - R * t * (1 + p * from_pi);
+}
+
+// s = R (tau (gamma0_tau + gammar_tau) - (gamma0 + gammar))
+template <class Equation, class Number>
+Number Vapour<Equation, Number>::s(Number p, Number t) noexcept {
+    return s_plus_r_ln_p(p, t) - R * guarded_log(p);
+}
+
+// s + R ln p
+template <class Equation, class Number>
+Number Vapour<Equation, Number>::s_plus_r_ln_p(Number p, Number t) noexcept {
+    const Number tau = Equation::T_star / t;
+    return ideal<entropy0>(tau, t) + evaluate<entropy>(p, tau - Equation::shift);
+}
+
+// g = R T (gamma0 + gammar)
+template <class Equation, class Number>
+Number Vapour<Equation, Number>::g(Number p, Number t) noexcept {
+    const Number tau = Equation::T_star / t;
+    return t * (ideal<gibbs0_over_t>(tau, t) + evaluate<gibbs_over_t>(p, tau - Equation::shift) +
+                R * guarded_log(p));
+}
+
+// cp = -R tau^2 (gamma0_tautau + gammar_tautau)
+template <class Equation, class Number>
+Number Vapour<Equation, Number>::cp(Number p, Number t) noexcept {
+    const Number tau = Equation::T_star / t;
+    return -R *
+           (ideal<tautau0>(tau, t) + tau * tau * evaluate<gamma_tautau>(p, tau - Equation::shift));
+}
+
+template <class Equation, class Number>
+Tangent<Number> Vapour<Equation, Number>::h_tangent_t(Number p, Number t) noexcept {
+    const Number tau = Equation::T_star / t;
+    const auto [h, tt] = evaluate<enthalpy, gamma_tautau>(p, tau - Equation::shift);
+    return {ideal<enthalpy0>(tau, t, Equation::T_star_reciprocal_h) + h,
+            -R * (ideal<tautau0>(tau, t) + tau * tau * tt)};
+}
+
+// of s + R ln p
+template <class Equation, class Number>
+Tangent<Number> Vapour<Equation, Number>::s_plus_r_ln_p_tangent_t(Number p, Number t) noexcept {
+    const Number tau = Equation::T_star / t;
+    const auto [s, tt] = evaluate<entropy, gamma_tautau>(p, tau - Equation::shift);
+    return {ideal<entropy0>(tau, t) + s,
+            -R / Equation::T_star * tau * (ideal<tautau0>(tau, t) + tau * tau * tt)};
+}
+
+template <class Equation, class Number>
+Tangent<Number> Vapour<Equation, Number>::v_tangent_p(Number p, Number t) noexcept {
+    const auto [pi, pipi] =
+        evaluate<gamma_pi, gamma_pipi>(p, Equation::T_star / t - Equation::shift);
+    const Number ideal = 1 / p;
+    return {v_factor * t * (ideal + pi), v_factor * t * (pipi - ideal * ideal)};
+}
+
+// h_p = R T* gammar_pitau, s_p = -R (1 + pi gammar_pi - tau pi gammar_pitau) / p
+template <class Equation, class Number>
+TangentPair<Number> Vapour<Equation, Number>::hs_tangents(Number p, Number t) noexcept {
+    const Number tau = Equation::T_star / t;
+    const auto [h, s, tt, pi, pitau] =
+        evaluate<enthalpy, entropy, gamma_tautau, gamma_pi, gamma_pitau>(p, tau - Equation::shift);
+    const Number cp = -R * (ideal<tautau0>(tau, t) + tau * tau * tt);
+    return {ideal<enthalpy0>(tau, t, Equation::T_star_reciprocal_h) + h,
+            h_p_factor * pitau,
+            cp,
+            ideal<entropy0>(tau, t) + s - R * guarded_log(p),
+            -R * (1 / p + (pi - tau * pitau)),
+            cp / t};
+}
+
+template <class Equation, class Number>
+Tangent<Number> Vapour<Equation, Number>::v_tangent_t(Number p, Number t) noexcept {
+    const Number tau = Equation::T_star / t;
+    const auto [pi, pitau] = evaluate<gamma_pi, gamma_pitau>(p, tau - Equation::shift);
+    const Number ideal = 1 / p;
+    return {v_factor * t * (ideal + pi), v_factor * (ideal + (pi - tau * pitau))};
+}
+
+template <class Equation, class Number>
+Tangent<Number> Vapour<Equation, Number>::h_tangent_p(Number p, Number t) noexcept {
+    const Number tau = Equation::T_star / t;
+    const auto [h, h_p] = evaluate<enthalpy, enthalpy_p>(p, tau - Equation::shift);
+    return {ideal<enthalpy0>(tau, t, Equation::T_star_reciprocal_h) + h, h_p};
+}
+
+// of s + R ln p
+template <class Equation, class Number>
+Tangent<Number> Vapour<Equation, Number>::s_plus_r_ln_p_tangent_p(Number p, Number t) noexcept {
+    const Number tau = Equation::T_star / t;
+    const auto [s, s_p] = evaluate<entropy, entropy_p>(p, tau - Equation::shift);
+    return {ideal<entropy0>(tau, t) + s, s_p};
+}
+
+// cv = cp - R (1 + pi gammar_pi - tau pi gammar_pitau)^2 / (1 - pi^2 gammar_pipi)
+template <class Equation, class Number>
+Number Vapour<Equation, Number>::cv(Number p, Number t) noexcept {
+    return derivatives(p, t).cv;
+}
+
+// w^2 = R T a^2 / (c + b^2 / (tau^2 (gamma0_tautau + gammar_tautau))), a, b, c as above
+template <class Equation, class Number>
+Number Vapour<Equation, Number>::w(Number p, Number t) noexcept {
+    const SecondDerivatives d(p, t);
+    return fabs(d.a) * signed_sqrt(1000 * R * t / (d.c + d.b * d.b / d.tautau));
+}
+
+// gamma0 - ln pi
+template <class Equation, class Number>
+Number Vapour<Equation, Number>::ideal_part(Number t) noexcept {
+    return ideal<gamma0>(Equation::T_star / t, t);
+}
+
+// gammar
+template <class Equation, class Number>
+Number Vapour<Equation, Number>::residual_part(Number p, Number t) noexcept {
+    return evaluate<gamma>(p, Equation::T_star / t - Equation::shift);
+}
+
+template <class Equation, class Number>
+Number Vapour<Equation, Number>::v_t(Number p, Number t) noexcept {
+    return derivatives(p, t).v_t;
+}
+
+template <class Equation, class Number>
+template <Formula<Number> formula>
+Number Vapour<Equation, Number>::derived(Number p, Number t) noexcept {
+    return formula(derivatives(p, t), p);
+}
 
 }  // namespace vaprix

@@ -20,7 +20,7 @@ using tables::SaturatedLimits;
 // Properties of a phase up to 623.15 K and their slopes along the saturation line, dy/dT = (dy/dT)_p
 // + (dy/dp)_T dps/dT.
 template <Phase phase>
-Tangent density_tangent(double t) noexcept {
+Tangent<double> density_tangent(double t) noexcept {
     const Tangent ps = psat_tangent(t);
     const Tangent v =
         phase == liquid ? region1::v_tangent_p(ps.y, t) : region2::v_tangent_p(ps.y, t);
@@ -29,8 +29,9 @@ Tangent density_tangent(double t) noexcept {
 }
 
 template <Phase phase, class Y>
-Tangent tangent(double t) noexcept {
-    const auto along = [t](Tangent ps, Tangent y, double shift, double v, double v_t) noexcept {
+Tangent<double> tangent(double t) noexcept {
+    const auto along = [t](Tangent<double> ps, Tangent<double> y, double shift, double v,
+                           double v_t) noexcept {
         return Tangent{y.y - shift, y.y_x + Y::slope_by_p(t, v, v_t) * ps.y_x};
     };
     const Tangent ps = psat_tangent(t);
@@ -124,7 +125,7 @@ double t_dense(double y) noexcept {
     constexpr double step = 1e-5;  // a smaller one is soon less than the spacing of temperatures
     const auto t_of = [](double x) noexcept { return T_crit * (1 - x * x * x); };
     const Residual cold{std::cbrt(1 - tables::t_solved / T_crit), limits.y_estimated - y};
-    const Residual hot{0, limits.y_crit - y};
+    const Residual<double> hot{0, limits.y_crit - y};
     return t_of(
         bracketed_secant([=](double x) noexcept { return excess(t_of(x)); }, cold, hot, step).x);
 }

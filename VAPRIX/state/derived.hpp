@@ -17,7 +17,7 @@ namespace vaprix::property {
 
 inline constexpr Asked single_phase{.p = true, .single = true};
 
-template <Formula formula>
+template <Formula<double> formula>
 inline constexpr Property derived{
     region1::derived<formula>, region2::derived<formula>,
     [](const State& at) noexcept { return region3::derived<formula>(at.p, at.d, at.t); },

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+//
+// The elementary functions of a number. The equations are templates over the number that they are
+// evaluated with; a kind of number beside double takes part by its own Elementary<Number>.
+#pragma once
+
+#include <cmath>
+#include <type_traits>
+
+#include "frame/inline.hpp"
+
+namespace vaprix {
+
+template <class Number>
+struct Elementary;
+
+template <>
+struct Elementary<double> {
+    static double fabs(double x) noexcept { return std::fabs(x); }
+    static double copysign(double x, double y) noexcept { return std::copysign(x, y); }
+    static double fmin(double x, double y) noexcept { return std::fmin(x, y); }
+    static double fmax(double x, double y) noexcept { return std::fmax(x, y); }
+    static double sqrt(double x) noexcept { return std::sqrt(x); }
+    static double cbrt(double x) noexcept { return std::cbrt(x); }
+    static double exp(double x) noexcept { return std::exp(x); }
+    static double log(double x) noexcept { return std::log(x); }
+    static double log1p(double x) noexcept { return std::log1p(x); }
+    static double pow(double x, double y) noexcept { return std::pow(x, y); }
+};
+
+template <class Number>
+VAPRIX_INLINE Number fabs(Number x) noexcept {
+    return Elementary<Number>::fabs(x);
+}
+
+template <class Number>
+VAPRIX_INLINE Number copysign(Number x, std::type_identity_t<Number> y) noexcept {
+    return Elementary<Number>::copysign(x, y);
+}
+
+template <class Number>
+VAPRIX_INLINE Number fmin(Number x, std::type_identity_t<Number> y) noexcept {
+    return Elementary<Number>::fmin(x, y);
+}
+
+template <class Number>
+VAPRIX_INLINE Number fmax(Number x, std::type_identity_t<Number> y) noexcept {
+    return Elementary<Number>::fmax(x, y);
+}
+
+template <class Number>
+VAPRIX_INLINE Number sqrt(Number x) noexcept {
+    return Elementary<Number>::sqrt(x);
+}
+
+template <class Number>
+VAPRIX_INLINE Number cbrt(Number x) noexcept {
+    return Elementary<Number>::cbrt(x);
+}
+
+template <class Number>
+VAPRIX_INLINE Number exp(Number x) noexcept {
+    return Elementary<Number>::exp(x);
+}
+
+template <class Number>
+VAPRIX_INLINE Number log(Number x) noexcept {
+    return Elementary<Number>::log(x);
+}
+
+template <class Number>
+VAPRIX_INLINE Number log1p(Number x) noexcept {
+    return Elementary<Number>::log1p(x);
+}
+
+template <class Number>
+VAPRIX_INLINE Number pow(Number x, std::type_identity_t<Number> y) noexcept {
+    return Elementary<Number>::pow(x, y);
+}
+
+}  // namespace vaprix

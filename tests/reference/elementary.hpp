@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+// The elementary functions in quadruple precision, for the library's equations as templates over
+// the number.
+#pragma once
+
+#include "quad.hpp"
+
+#include "frame/elementary.hpp"
+
+extern "C" {
+__float128 fabsq(__float128) noexcept;
+__float128 copysignq(__float128, __float128) noexcept;
+__float128 fminq(__float128, __float128) noexcept;
+__float128 fmaxq(__float128, __float128) noexcept;
+__float128 cbrtq(__float128) noexcept;
+__float128 log1pq(__float128) noexcept;
+}
+
+template <>
+struct vaprix::Elementary<__float128> {
+    using Quad = __float128;
+    static Quad fabs(Quad x) noexcept { return fabsq(x); }
+    static Quad copysign(Quad x, Quad y) noexcept { return copysignq(x, y); }
+    static Quad fmin(Quad x, Quad y) noexcept { return fminq(x, y); }
+    static Quad fmax(Quad x, Quad y) noexcept { return fmaxq(x, y); }
+    static Quad sqrt(Quad x) noexcept { return sqrtq(x); }
+    static Quad cbrt(Quad x) noexcept { return cbrtq(x); }
+    static Quad exp(Quad x) noexcept { return expq(x); }
+    static Quad log(Quad x) noexcept { return logq(x); }
+    static Quad log1p(Quad x) noexcept { return log1pq(x); }
+    static Quad pow(Quad x, Quad y) noexcept { return powq(x, y); }
+};
