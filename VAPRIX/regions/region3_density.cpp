@@ -25,7 +25,7 @@ struct Side {
     double high;      // kg/m3
     double p_beyond;  // MPa, added to the pressure where the isotherm falls
 };
-constexpr double far = 1e9;
+constexpr double far = 1e9;  // MPa, beyond the pressures of any isotherm
 constexpr Side whole{0, densest, 0};
 constexpr Side vapour{0, d_crit, far};
 constexpr Side liquid{d_crit, densest, -far};
