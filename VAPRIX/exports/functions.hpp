@@ -31,7 +31,7 @@
 #include "regions/region5.hpp"
 #include "regions/region5_backward.hpp"
 #include "regions/saturated_densities.hpp"
-#include "saturation/inverse.hpp"
+#include "saturation/by_property.hpp"
 #include "saturation/line.hpp"
 #include "saturation/of_line.hpp"
 #include "saturation/saturated.hpp"

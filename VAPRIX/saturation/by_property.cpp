@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "saturation/inverse.hpp"
+#include "saturation/by_property.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -23,8 +23,8 @@ template <Phase phase>
 Tangent<double> density_tangent(double t) noexcept {
     const Tangent ps = psat_tangent(t);
     const Tangent v =
-        phase == liquid ? region1::v_tangent_p(ps.y, t) : region2::v_tangent_p(ps.y, t);
-    const double v_t = phase == liquid ? region1::v_t(ps.y, t) : region2::v_t(ps.y, t);
+        phase == Phase::liquid ? region1::v_tangent_p(ps.y, t) : region2::v_tangent_p(ps.y, t);
+    const double v_t = phase == Phase::liquid ? region1::v_t(ps.y, t) : region2::v_t(ps.y, t);
     return {1 / v.y, -(v_t + v.y_x * ps.y_x) / (v.y * v.y)};
 }
 
@@ -36,7 +36,7 @@ Tangent<double> tangent(double t) noexcept {
     };
     const Tangent ps = psat_tangent(t);
     const double p = ps.y;
-    if constexpr (phase == liquid) {
+    if constexpr (phase == Phase::liquid) {
         return along(ps, Y::tangent1(p, t), 0, region1::v(p, t), region1::v_t(p, t));
     } else {
         return along(ps, Y::tangent2(p, t), Y::along_isobar(p, 0), region2::v(p, t),
@@ -44,43 +44,51 @@ Tangent<double> tangent(double t) noexcept {
     }
 }
 
-// One property of one phase: its value at a state, its tangent, its limits, and the variable and the
-// polynomials of the start value.
+double density(double d, double /* t */) noexcept { return d; }
+
+// One property of one phase: above 623.15 K by density and temperature, its tangent below, its
+// limits, and the polynomials of the start value.
 struct LiquidDensity {
-    static constexpr auto value = density_of<liquid>;
-    static constexpr auto tangent = density_tangent<liquid>;
+    static constexpr Phase phase = Phase::liquid;
+    static constexpr auto dense = density;
+    static constexpr auto tangent = density_tangent<phase>;
     static constexpr const SaturatedLimits& limits = tables::limits_d1;
     static constexpr auto start = polynomial(tables::start_d1);
     static constexpr auto start_cold = polynomial(tables::start_d1_cold);
 };
 struct VapourDensity {
-    static constexpr auto value = density_of<vapour>;
-    static constexpr auto tangent = density_tangent<vapour>;
+    static constexpr Phase phase = Phase::vapour;
+    static constexpr auto dense = density;
+    static constexpr auto tangent = density_tangent<phase>;
     static constexpr const SaturatedLimits& limits = tables::limits_d2;
     static constexpr auto start = polynomial(tables::start_d2);
 };
 struct LiquidEnthalpy {
-    static constexpr auto value = of<liquid, pt::h>;
-    static constexpr auto tangent = saturation::tangent<liquid, Enthalpy>;
+    static constexpr Phase phase = Phase::liquid;
+    static constexpr auto dense = region3::h;
+    static constexpr auto tangent = saturation::tangent<phase, Enthalpy>;
     static constexpr const SaturatedLimits& limits = tables::limits_h1;
     static constexpr auto start = polynomial(tables::start_h1);
 };
 struct VapourEnthalpy {
-    static constexpr auto value = of<vapour, pt::h>;
-    static constexpr auto tangent = saturation::tangent<vapour, Enthalpy>;
+    static constexpr Phase phase = Phase::vapour;
+    static constexpr auto dense = region3::h;
+    static constexpr auto tangent = saturation::tangent<phase, Enthalpy>;
     static constexpr const SaturatedLimits& limits = tables::limits_h2;
     static constexpr auto start = polynomial(tables::start_h2);
     static constexpr auto start_cold = polynomial(tables::start_h2_cold);
 };
 struct LiquidEntropy {
-    static constexpr auto value = of<liquid, pt::s>;
-    static constexpr auto tangent = saturation::tangent<liquid, Entropy>;
+    static constexpr Phase phase = Phase::liquid;
+    static constexpr auto dense = region3::s;
+    static constexpr auto tangent = saturation::tangent<phase, Entropy>;
     static constexpr const SaturatedLimits& limits = tables::limits_s1;
     static constexpr auto start = polynomial(tables::start_s1);
 };
 struct VapourEntropy {
-    static constexpr auto value = of<vapour, pt::s>;
-    static constexpr auto tangent = saturation::tangent<vapour, Entropy>;
+    static constexpr Phase phase = Phase::vapour;
+    static constexpr auto dense = region3::s;
+    static constexpr auto tangent = saturation::tangent<phase, Entropy>;
     static constexpr const SaturatedLimits& limits = tables::limits_s2;
     static constexpr auto start = polynomial(tables::start_s2);
 };
@@ -110,7 +118,10 @@ double newton_from(double start, double y, double low, double high) noexcept {
 template <class Property>
 double t_dense(double y) noexcept {
     constexpr const SaturatedLimits& limits = Property::limits;
-    const auto excess = [y](double t) noexcept { return Property::value({psat(t), t}) - y; };
+    const auto excess = [y](double t) noexcept {
+        const SaturatedDensities d = dsat3(t, psat(t));
+        return Property::dense(Property::phase == Phase::liquid ? d.liquid : d.vapour, t) - y;
+    };
     if (between(y, limits.y_13_dense, limits.y_solved)) {
         constexpr double step = 1e-12;  // relative, as a root beside an end is approached slowly
         const auto t_of = [](double u) noexcept {
@@ -130,6 +141,9 @@ double t_dense(double y) noexcept {
         bracketed_secant([=](double x) noexcept { return excess(t_of(x)); }, cold, hot, step).x);
 }
 
+constexpr NewtonRoot nowhere{0, false};
+constexpr NewtonRoot at(double t) noexcept { return {t, true}; }
+
 constexpr double rounding = 2e-15;  // relative, of a limit
 
 // A value beyond the greatest one by no more than rounding is that one.
@@ -140,28 +154,28 @@ double up_to_maximum(const SaturatedLimits& limits, double y) noexcept {
 // The branch that reaches the critical point, from the maximum or from 273.15 K; start(y) is where a
 // search up to 623.15 K starts, asked for only there.
 template <class Property, class Start>
-double t_warm(double y_given, Start start) noexcept {
+NewtonRoot t_warm(double y_given, Start start) noexcept {
     constexpr const SaturatedLimits& limits = Property::limits;
     const double y = up_to_maximum(limits, y_given);
     if (between(y, limits.y_max, limits.y_13)) {
-        return newton_from<Property>(start(y), y, limits.t_max, T_13);
+        return at(newton_from<Property>(start(y), y, limits.t_max, T_13));
     }
     // beside the first densities solved, as far as they are exact
     constexpr double exactness = 5e-12;  // relative
-    if (std::fabs(y - limits.y_13_dense) <= exactness * limits.y_13_dense) return T_13_dense;
+    if (std::fabs(y - limits.y_13_dense) <= exactness * limits.y_13_dense) return at(T_13_dense);
     // between the two equations that meet at 623.15 K
-    if (between(y, limits.y_13, limits.y_13_dense)) return T_13;
-    if (std::fabs(y - limits.y_crit) <= rounding * limits.y_crit) return T_crit;
-    return between(y, limits.y_13_dense, limits.y_crit) ? t_dense<Property>(y) : failed;
+    if (between(y, limits.y_13, limits.y_13_dense)) return at(T_13);
+    if (std::fabs(y - limits.y_crit) <= rounding * limits.y_crit) return at(T_crit);
+    return between(y, limits.y_13_dense, limits.y_crit) ? at(t_dense<Property>(y)) : nowhere;
 }
 
 template <class Property>
-double t_cold(double y_given) noexcept {
+NewtonRoot t_cold(double y_given) noexcept {
     constexpr const SaturatedLimits& limits = Property::limits;
     const double y = up_to_maximum(limits, y_given);
-    if (!between(y, limits.y_min, limits.y_max)) return failed;
+    if (!between(y, limits.y_min, limits.y_max)) return nowhere;
     const double start = start_at<Property::start_cold>(below_maximum(limits, y));
-    return newton_from<Property>(start, y, T_min, limits.t_max);
+    return at(newton_from<Property>(start, y, T_min, limits.t_max));
 }
 
 // The start value of a property that has no maximum.
@@ -172,53 +186,32 @@ double monotonic_start(double y) noexcept {
 
 }  // namespace
 
-double t_d(double d) noexcept {
-    if (d > d_crit) {
-        return t_warm<LiquidDensity>(d, [](double y) noexcept {
-            return start_at<LiquidDensity::start>(below_maximum(LiquidDensity::limits, y));
-        });
-    }
+NewtonRoot t_liquid_d(double d) noexcept {
+    return t_warm<LiquidDensity>(d, [](double y) noexcept {
+        return start_at<LiquidDensity::start>(below_maximum(LiquidDensity::limits, y));
+    });
+}
+NewtonRoot t_cold_liquid_d(double d) noexcept { return t_cold<LiquidDensity>(d); }
+NewtonRoot t_vapour_d(double d) noexcept {
     return t_warm<VapourDensity>(
         d, [](double y) noexcept { return start_at<VapourDensity::start>(std::log(y)); });
 }
 
-double t_d_cold(double d) noexcept { return t_cold<LiquidDensity>(d); }
-
-double t_h_liquid(double h) noexcept {
+NewtonRoot t_liquid_h(double h) noexcept {
     return t_warm<LiquidEnthalpy>(h, monotonic_start<LiquidEnthalpy>);
 }
-
-double t_h_vapour(double h) noexcept {
+NewtonRoot t_vapour_h(double h) noexcept {
     return t_warm<VapourEnthalpy>(h, [](double y) noexcept {
         return start_at<VapourEnthalpy::start>(below_maximum(VapourEnthalpy::limits, y));
     });
 }
+NewtonRoot t_cold_vapour_h(double h) noexcept { return t_cold<VapourEnthalpy>(h); }
 
-double t_h_vapour_cold(double h) noexcept { return t_cold<VapourEnthalpy>(h); }
-
-double t_h(double h) noexcept {
-    return h > VapourEnthalpy::limits.y_crit ? t_h_vapour(h) : t_h_liquid(h);
-}
-
-double t_s_liquid(double s) noexcept {
+NewtonRoot t_liquid_s(double s) noexcept {
     return t_warm<LiquidEntropy>(s, monotonic_start<LiquidEntropy>);
 }
-
-double t_s_vapour(double s) noexcept {
+NewtonRoot t_vapour_s(double s) noexcept {
     return t_warm<VapourEntropy>(s, monotonic_start<VapourEntropy>);
-}
-
-double t_s(double s) noexcept {
-    return s > VapourEntropy::limits.y_crit ? t_s_vapour(s) : t_s_liquid(s);
-}
-
-ErrorCode density_code(double d) noexcept {
-    return d < 0 ? ErrorCode::negative_density : ErrorCode::property_range;
-}
-
-ErrorCode cold_vapour_code(double h) noexcept {
-    return h >= LiquidEnthalpy::limits.y_min ? ErrorCode::saturated_vapour_enthalpy_range
-                                             : ErrorCode::saturated_enthalpy_range;
 }
 
 }  // namespace vaprix::saturation
