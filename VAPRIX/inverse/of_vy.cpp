@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: MIT
+//
+// (v, h) and (v, s), written once: y stands for the second variable. Along an isochore y rises with
+// the temperature, through every region that it passes (in cold liquid twice through the saturation
+// line), so that one temperature carries the pair.
+#include "inverse/of_vy.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+#include "frame/bracketed_newton.hpp"
+#include "frame/chandrupatla.hpp"
+#include "frame/newton.hpp"
+#include "inverse/of_tv.hpp"
+#include "inverse/second_variable.hpp"
+#include "pt/region_pt.hpp"
+#include "regions/b23.hpp"
+#include "state/wet.hpp"
+
+namespace vaprix {
+namespace {
+
+struct Enthalpy : inverse::Enthalpy {
+    static constexpr const Property& y = property::h;
+};
+struct Entropy : inverse::Entropy {
+    static constexpr const Property& y = property::s;
+};
+
+constexpr State outside = refused(ErrorCode::outside_range);
+
+bool found(const State& state) noexcept { return state.region != Region::none; }
+
+// Volumes, m3/kg, that part the regions.
+constexpr double region1_end = 1.3e-3;       // v1(100 MPa, 623.15 K) >= 0.0013
+constexpr double hot_liquid_end = 1.741e-3;  // v1(ps, 623.15 K) <= 0.001741
+constexpr double region5_end = 9e-3;         // v5(50 MPa, 1073.15 K) >= 0.009, v of region 3 less
+
+constexpr double step = 1e-8;      // relative, after which the error of a Newton method is rounding
+constexpr double spacing = 4e-16;  // relative, of temperatures told apart
+
+// A solution that misses an end of its range by no more than rounding is put on the end.
+double on_end(double x, double low, double high) noexcept {
+    constexpr double rounding = 1e-11;  // relative, of the pressure of dense fluid
+    if (x < low && x > low * (1 - rounding)) return low;
+    if (x > high && x < high * (1 + rounding)) return high;
+    return x;
+}
+
+// A pair of a volume and a y.
+template <class Y>
+struct Pair {
+    double v, y;
+
+    // What rounding may make of y, worst at the dense end of region 3.
+    [[nodiscard]] double rounding() const noexcept { return 5e-13 * (std::fabs(y) + Y::unit); }
+
+    // State in region 1, 2 or 5 by Newton's method on (p, T); outside where it does not converge to
+    // a state of the region.
+    template <Region region>
+    [[nodiscard]] State gibbs(Point start) const noexcept {
+        static constexpr Box around{{1e-4, 250},
+                                    {2 * p_max, region == Region::one ? 640 : 1.1 * T_max}};
+        const auto tangents = [](double p, double t) noexcept -> TangentPair {
+            const auto pair = [=](Tangent volume, double v_t, Tangent isobar,
+                                  double shift) noexcept {
+                return TangentPair{
+                    volume.y,  volume.y_x, v_t, isobar.y - shift, Y::slope_by_p(t, volume.y, v_t),
+                    isobar.y_x};
+            };
+            const auto shift = [p]() noexcept { return Y::along_isobar(p, 0); };
+            if constexpr (region == Region::one) {
+                return pair(region1::v_tangent_p(p, t), region1::v_t(p, t), Y::tangent1(p, t), 0);
+            } else if constexpr (region == Region::two) {
+                return pair(region2::v_tangent_p(p, t), region2::v_t(p, t), Y::tangent2(p, t),
+                            shift());
+            } else {
+                return pair(region5::v_tangent_p(p, t), region5::v_t(p, t), Y::tangent5(p, t),
+                            shift());
+            }
+        };
+        const auto [at, converged] = newton(tangents, v, y, start, step, &around);
+        const double t = on_end(at.y, region == Region::five ? T_25 : T_min,
+                                region == Region::one   ? T_13
+                                : region == Region::two ? T_25
+                                                        : T_max);
+        const double p = on_end(at.x, p_min, region == Region::five ? p_max_5 : p_max);
+        return converged && region_pt(p, t) == region ? gibbs_state(region, p, t) : outside;
+    }
+
+    // State in region 3 by Newton's method on T, held between its ends.
+    [[nodiscard]] State dense(double start) const noexcept {
+        const double d = 1 / v;
+        const auto tangent = [=](double t) noexcept {
+            const TangentPair at = Y::tangents3(d, t);
+            return Tangent{at.b, at.b_y};
+        };
+        const auto [t, converged] = bracketed_newton(tangent, y, T_13_dense, T_23_max,
+                                                     std::clamp(start, T_13_dense, T_23_max), step);
+        if (!converged) return outside;
+        const bool at_end = t <= T_13_dense || t >= T_23_max;
+        const double lowest = p_b23(t);
+        const State at = dense_state(on_end(region3::p(d, t), lowest, p_max), t, d);
+        if (at_end && !(std::fabs(single<Y::y>(at) - y) <= rounding())) return outside;
+        if (!(at.p >= lowest && at.p <= p_max)) return outside;
+        if (t < T_crit) {
+            const SaturatedDensities saturated = dsat3(t, psat(t));
+            if (d < saturated.liquid && d > saturated.vapour) return outside;
+        }
+        return at;
+    }
+
+    // The whole isochore searched for y. Where the equations of two regions leave a gap between
+    // their values of y at the boundary, the boundary answers for it; where they overlap, either
+    // region.
+    [[nodiscard]] State search(const Asked& asked) const noexcept {
+        constexpr double beyond = 1e9;   // residual of a temperature at which v is out of range
+        constexpr double any_dense = 1;  // m3/kg: v out of range below it is too small, else large
+        constexpr Asked evaluated{.single = true, .wet = true};
+
+        const auto residual = [this](double t) noexcept {
+            const State at = of_tv<evaluated>(t, v);
+            if (!found(at)) return v < any_dense ? beyond : -beyond;
+            return mixed<Y::y>(at) - y;
+        };
+        const auto state = [this, &asked](double t) noexcept { return of_tv(t, v, asked); };
+        const double allowed = rounding();
+
+        const double highest = v < region1_end ? T_13 : v < region5_end ? T_25 : T_max;
+        const Residual low{T_min, residual(T_min)};
+        if (low.f >= 0) return low.f <= allowed ? state(low.x) : outside;
+        const Residual high{highest, residual(highest)};
+        if (high.f <= 0) return high.f >= -allowed ? state(high.x) : outside;
+
+        const Residual root = chandrupatla(residual, low, high, spacing);
+        if (std::fabs(root.f) <= allowed) return state(root.x);
+
+        // A jump, or an end of the range beside a corner, where the equations of the two regions
+        // that meet do not end at the same volume: the state may be on the other one's ground.
+        const double t = root.x;
+        if (v < region5_end) {
+            if (const State at = dense(t); found(at)) return at;
+            if (const State at = gibbs<Region::one>({p_max, t}); found(at)) return at;
+        }
+        const double p = std::clamp(R / 1000 * t / v, p_min, p_max);
+        if (const State at = gibbs<Region::two>({p, t}); found(at)) return at;
+        constexpr double neighbour = 1e-9;  // relative, beyond what of_tv rounds to a limit
+        const bool within =
+            found(of_tv(t * (1 - neighbour), v, {})) && found(of_tv(t * (1 + neighbour), v, {}));
+        return within ? state(t) : outside;
+    }
+
+    // Wet steam up to 623.15 K.
+    [[nodiscard]] State wet() const noexcept {
+        const auto residual = [this](double t) noexcept {
+            return mixed<Y::y>(wet_state_by<Asked{.wet = true}, property::v>(psat(t), t, v)) - y;
+        };
+        const Residual low{T_min, residual(T_min)};
+        const Residual high{T_13, residual(T_13)};
+        if (!(low.f < 0 && high.f > 0)) return outside;
+        const State at = of_tv(chandrupatla(residual, low, high, spacing).x, v, {});
+        return at.region == Region::wet ? at : outside;
+    }
+
+    // The state by the region that it is likely in, without a search. As the isochore has one state
+    // for y, a state that is found is the one.
+    [[nodiscard]] State guess() const noexcept {
+        const auto ideal = [this](double t) noexcept { return Point{R / 1000 * t / v, t}; };
+        // the backward equation at the pressure of an ideal gas of middling temperature
+        const auto backward = [this, ideal](double t) noexcept {
+            const double p = std::clamp(ideal(t).x, p_min, p_max);
+            return ideal(std::clamp(Y::t2(p, y), T_min, T_25));
+        };
+        if (v >= region5_end) {
+            if (y >= Y::wet_below) {
+                const bool hot = Y::along_isobar(ideal(T_25).x, y) > Y::hot_above;
+                const State vapour =
+                    hot ? gibbs<Region::five>(ideal(1500)) : gibbs<Region::two>(backward(600));
+                if (found(vapour)) return vapour;
+            }
+            return wet();
+        }
+        if (v > region1_end && y > Y::dense_above) {
+            if (y < Y::thin_above) {
+                if (const State at = dense(700); found(at)) return at;
+            }
+            if (const State at = gibbs<Region::two>(ideal(900)); found(at)) return at;
+        }
+        if (v < hot_liquid_end) {
+            constexpr double p = 20;
+            const Point start{p, std::clamp(Y::t1(p, y), T_min, T_13)};
+            if (const State at = gibbs<Region::one>(start); found(at)) return at;
+        }
+        return wet();
+    }
+
+    [[nodiscard]] State solve(const Asked& asked) const noexcept {
+        const bool possible = v > inverse::smallest && v < inverse::largest;
+        if (!(possible && std::fabs(y) < 2 * Y::highest)) return outside;
+        const State guessed = guess();
+        return found(guessed) ? guessed : search(asked);
+    }
+};
+
+}  // namespace
+
+State of_vh(double v, double h, const Asked& asked) noexcept {
+    return Pair<Enthalpy>{v, h}.solve(asked);
+}
+State of_vs(double v, double s, const Asked& asked) noexcept {
+    return Pair<Entropy>{v, s}.solve(asked);
+}
+
+}  // namespace vaprix
