@@ -39,6 +39,8 @@ constexpr double region5_end = 9e-3;         // v5(50 MPa, 1073.15 K) >= 0.009, 
 constexpr double step = 1e-8;      // relative, after which the error of a Newton method is rounding
 constexpr double spacing = 4e-16;  // relative, of temperatures told apart
 
+constexpr double beside = 0.2;  // K: two regions' states of a pair beside a limit differ by 0.1
+
 // A solution that misses an end of its range by no more than rounding is put on the end.
 double on_end(double x, double low, double high) noexcept {
     constexpr double rounding = 1e-11;  // relative, of the pressure of dense fluid
@@ -84,7 +86,11 @@ struct Pair {
                                 region == Region::one   ? T_13
                                 : region == Region::two ? T_25
                                                         : T_max);
-        const double p = on_end(at.x, p_min, region == Region::five ? p_max_5 : p_max);
+        const bool beside_3 = region == Region::two && t > T_13 && t < T_23_max;
+        const double p = on_end(at.x, p_min,
+                                region == Region::five ? p_max_5
+                                : beside_3             ? p_b23(t)
+                                                       : p_max);
         return converged && region_pt(p, t) == region ? gibbs_state(region, p, t) : outside;
     }
 
@@ -113,7 +119,7 @@ struct Pair {
     // The whole isochore searched for y. Where the equations of two regions leave a gap between
     // their values of y at the boundary, the boundary answers for it; where they overlap, either
     // region.
-    [[nodiscard]] State search(const Asked& asked) const noexcept {
+    [[nodiscard]] State search() const noexcept {
         constexpr double beyond = 1e9;   // residual of a temperature at which v is out of range
         constexpr double any_dense = 1;  // m3/kg: v out of range below it is too small, else large
         constexpr Asked evaluated{.single = true, .wet = true};
@@ -123,7 +129,7 @@ struct Pair {
             if (!found(at)) return v < any_dense ? beyond : -beyond;
             return mixed<Y::y>(at) - y;
         };
-        const auto state = [this, &asked](double t) noexcept { return of_tv(t, v, asked); };
+        const auto state = [this](double t) noexcept { return of_tv<Asked{.p = true}>(t, v); };
         const double allowed = rounding();
 
         const double highest = v < region1_end ? T_13 : v < region5_end ? T_25 : T_max;
@@ -145,8 +151,8 @@ struct Pair {
         const double p = std::clamp(R / 1000 * t / v, p_min, p_max);
         if (const State at = gibbs<Region::two>({p, t}); found(at)) return at;
         constexpr double neighbour = 1e-9;  // relative, beyond what of_tv rounds to a limit
-        const bool within =
-            found(of_tv(t * (1 - neighbour), v, {})) && found(of_tv(t * (1 + neighbour), v, {}));
+        const bool within = found(of_tv<Asked{}>(t * (1 - neighbour), v)) &&
+                            found(of_tv<Asked{}>(t * (1 + neighbour), v));
         return within ? state(t) : outside;
     }
 
@@ -157,9 +163,13 @@ struct Pair {
         };
         const Residual low{T_min, residual(T_min)};
         const Residual high{T_13, residual(T_13)};
-        if (!(low.f < 0 && high.f > 0)) return outside;
-        const State at = of_tv(chandrupatla(residual, low, high, spacing).x, v, {});
-        return at.region == Region::wet ? at : outside;
+        if (!(low.f < 0 && high.f >= -rounding())) return outside;
+        const double t = high.f > 0 ? chandrupatla(residual, low, high, spacing).x : T_13;
+        const State at = of_tv<Asked{.p = true}>(t, v);
+        if (at.region == Region::wet) return at;
+        // a saturated phase, which region 3 has too beside 623.15 K
+        const bool is_end = found(at) && std::fabs(single<Y::y>(at) - y) <= rounding();
+        return is_end && t > T_13 - beside ? at : outside;
     }
 
     // The state by the region that it is likely in, without a search. As the isochore has one state
@@ -194,21 +204,37 @@ struct Pair {
         return wet();
     }
 
-    [[nodiscard]] State solve(const Asked& asked) const noexcept {
+    // Beside a limit the equations of both regions may reproduce the pair: the state of the one that
+    // owns the limit for (p, T), 623.15 K, 1073.15 K or the B23 line, if it has one.
+    [[nodiscard]] State owner(const State& at) const noexcept {
+        if (at.region == Region::five && at.t < T_25 + beside) {
+            if (const State cold = gibbs<Region::two>({at.p, T_25}); found(cold)) return cold;
+        }
+        if (at.t > T_13 && (at.region == Region::three || at.region == Region::wet)) {
+            if (at.t < T_13 + beside) {
+                const State liquid = gibbs<Region::one>({at.p, T_13});
+                if (found(liquid)) return liquid;
+                if (const State mixture = wet(); found(mixture)) return mixture;
+            }
+            if (at.t > t_b23(at.p) - beside) {
+                const State vapour = gibbs<Region::two>({at.p, at.t});
+                if (found(vapour)) return vapour;
+            }
+        }
+        return at;
+    }
+
+    [[nodiscard]] State solve() const noexcept {
         const bool possible = v > inverse::smallest && v < inverse::largest;
         if (!(possible && std::fabs(y) < 2 * Y::highest)) return outside;
         const State guessed = guess();
-        return found(guessed) ? guessed : search(asked);
+        return owner(found(guessed) ? guessed : search());
     }
 };
 
 }  // namespace
 
-State of_vh(double v, double h, const Asked& asked) noexcept {
-    return Pair<Enthalpy>{v, h}.solve(asked);
-}
-State of_vs(double v, double s, const Asked& asked) noexcept {
-    return Pair<Entropy>{v, s}.solve(asked);
-}
+State of_vh(double v, double h) noexcept { return Pair<Enthalpy>{v, h}.solve(); }
+State of_vs(double v, double s) noexcept { return Pair<Entropy>{v, s}.solve(); }
 
 }  // namespace vaprix

@@ -15,24 +15,24 @@
 
 namespace vaprix {
 
-[[nodiscard]] State of_vh(double v, double h, const Asked& asked) noexcept;
-[[nodiscard]] State of_vs(double v, double s, const Asked& asked) noexcept;
+[[nodiscard]] State of_vh(double v, double h) noexcept;
+[[nodiscard]] State of_vs(double v, double s) noexcept;
 
 template <Asked asked>
 [[nodiscard]] inline State of_vh(double v, double h) noexcept {
-    return of_vh(v, h, asked);
+    return of_vh(v, h);
 }
 template <Asked asked>
 [[nodiscard]] inline State of_vs(double v, double s) noexcept {
-    return of_vs(v, s, asked);
+    return of_vs(v, s);
 }
 template <Asked asked>
 [[nodiscard]] inline State of_dh(double d, double h) noexcept {
-    return inverse::is_density(d) ? of_vh(1 / d, h, asked) : refused(ErrorCode::outside_range);
+    return inverse::is_density(d) ? of_vh(1 / d, h) : refused(ErrorCode::outside_range);
 }
 template <Asked asked>
 [[nodiscard]] inline State of_ds(double d, double s) noexcept {
-    return inverse::is_density(d) ? of_vs(1 / d, s, asked) : refused(ErrorCode::outside_range);
+    return inverse::is_density(d) ? of_vs(1 / d, s) : refused(ErrorCode::outside_range);
 }
 
 }  // namespace vaprix
