@@ -27,10 +27,10 @@ double p_liquid(double t, double v, double p_lowest) noexcept {
 
 // p = (p v(p))/v: p v hardly depends on p, so that Newton's method is nearly exact from the ideal
 // gas.
-double p_vapour(Tangent (*v_tangent_p)(double, double) noexcept, double t, double v,
+double p_vapour(Tangent<double> (*v_tangent_p)(double, double) noexcept, double t, double v,
                 double p_highest) noexcept {
-    const auto excess = [=](double p) noexcept -> Tangent {
-        const Tangent at = v_tangent_p(p, t);
+    const auto excess = [=](double p) noexcept -> Tangent<double> {
+        const Tangent<double> at = v_tangent_p(p, t);
         return {p - p * at.y / v, 1 - (at.y + p * at.y_x) / v};
     };
     const double ideal = R / 1000 * t / v;

@@ -85,8 +85,8 @@ struct Entropy {
     template <class TangentOf>
     static double vapour_pressure(TangentOf tangent, double t, double s, double /* s_lowest */,
                                   double p_highest, double s_highest) noexcept {
-        const auto excess = [=](double p) noexcept -> Tangent {
-            const Tangent at = tangent(p, t);
+        const auto excess = [=](double p) noexcept -> Tangent<double> {
+            const Tangent<double> at = tangent(p, t);
             const double p_of = std::exp((at.y - s) / R);
             return {p - p_of, 1 - p_of * at.y_x / R};
         };

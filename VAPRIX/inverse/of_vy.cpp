@@ -60,13 +60,13 @@ struct Pair {
     // State in region 1, 2 or 5 by Newton's method on (p, T); outside where it does not converge to
     // a state of the region.
     template <Region region>
-    [[nodiscard]] State gibbs(Point start) const noexcept {
-        static constexpr Box around{{1e-4, 250},
-                                    {2 * p_max, region == Region::one ? 640 : 1.1 * T_max}};
-        const auto tangents = [](double p, double t) noexcept -> TangentPair {
-            const auto pair = [=](Tangent volume, double v_t, Tangent isobar,
+    [[nodiscard]] State gibbs(Point<double> start) const noexcept {
+        static constexpr Box<double> around{{1e-4, 250},
+                                            {2 * p_max, region == Region::one ? 640 : 1.1 * T_max}};
+        const auto tangents = [](double p, double t) noexcept -> TangentPair<double> {
+            const auto pair = [=](Tangent<double> volume, double v_t, Tangent<double> isobar,
                                   double shift) noexcept {
-                return TangentPair{
+                return TangentPair<double>{
                     volume.y,  volume.y_x, v_t, isobar.y - shift, Y::slope_by_p(t, volume.y, v_t),
                     isobar.y_x};
             };
@@ -98,8 +98,8 @@ struct Pair {
     [[nodiscard]] State dense(double start) const noexcept {
         const double d = 1 / v;
         const auto tangent = [=](double t) noexcept {
-            const TangentPair at = Y::tangents3(d, t);
-            return Tangent{at.b, at.b_y};
+            const TangentPair<double> at = Y::tangents3(d, t);
+            return Tangent<double>{at.b, at.b_y};
         };
         const auto [t, converged] = bracketed_newton(tangent, y, T_13_dense, T_23_max,
                                                      std::clamp(start, T_13_dense, T_23_max), step);
@@ -133,12 +133,12 @@ struct Pair {
         const double allowed = rounding();
 
         const double highest = v < region1_end ? T_13 : v < region5_end ? T_25 : T_max;
-        const Residual low{T_min, residual(T_min)};
+        const Residual<double> low{T_min, residual(T_min)};
         if (low.f >= 0) return low.f <= allowed ? state(low.x) : outside;
-        const Residual high{highest, residual(highest)};
+        const Residual<double> high{highest, residual(highest)};
         if (high.f <= 0) return high.f >= -allowed ? state(high.x) : outside;
 
-        const Residual root = chandrupatla(residual, low, high, spacing);
+        const Residual<double> root = chandrupatla(residual, low, high, spacing);
         if (std::fabs(root.f) <= allowed) return state(root.x);
 
         // A jump, or an end of the range beside a corner, where the equations of the two regions
@@ -161,8 +161,8 @@ struct Pair {
         const auto residual = [this](double t) noexcept {
             return mixed<Y::y>(wet_state_by<Asked{.wet = true}, property::v>(psat(t), t, v)) - y;
         };
-        const Residual low{T_min, residual(T_min)};
-        const Residual high{T_13, residual(T_13)};
+        const Residual<double> low{T_min, residual(T_min)};
+        const Residual<double> high{T_13, residual(T_13)};
         if (!(low.f < 0 && high.f >= -rounding())) return outside;
         const double t = high.f > 0 ? chandrupatla(residual, low, high, spacing).x : T_13;
         const State at = of_tv<Asked{.p = true}>(t, v);
@@ -175,7 +175,7 @@ struct Pair {
     // The state by the region that it is likely in, without a search. As the isochore has one state
     // for y, a state that is found is the one.
     [[nodiscard]] State guess() const noexcept {
-        const auto ideal = [this](double t) noexcept { return Point{R / 1000 * t / v, t}; };
+        const auto ideal = [this](double t) noexcept { return Point<double>{R / 1000 * t / v, t}; };
         // the backward equation at the pressure of an ideal gas of middling temperature
         const auto backward = [this, ideal](double t) noexcept {
             const double p = std::clamp(ideal(t).x, p_min, p_max);
@@ -198,7 +198,7 @@ struct Pair {
         }
         if (v < hot_liquid_end) {
             constexpr double p = 20;
-            const Point start{p, std::clamp(Y::t1(p, y), T_min, T_13)};
+            const Point<double> start{p, std::clamp(Y::t1(p, y), T_min, T_13)};
             if (const State at = gibbs<Region::one>(start); found(at)) return at;
         }
         return wet();

@@ -21,8 +21,8 @@ using tables::SaturatedLimits;
 // + (dy/dp)_T dps/dT.
 template <Phase phase>
 Tangent<double> density_tangent(double t) noexcept {
-    const Tangent ps = psat_tangent(t);
-    const Tangent v =
+    const Tangent<double> ps = psat_tangent(t);
+    const Tangent<double> v =
         phase == Phase::liquid ? region1::v_tangent_p(ps.y, t) : region2::v_tangent_p(ps.y, t);
     const double v_t = phase == Phase::liquid ? region1::v_t(ps.y, t) : region2::v_t(ps.y, t);
     return {1 / v.y, -(v_t + v.y_x * ps.y_x) / (v.y * v.y)};
@@ -32,9 +32,9 @@ template <Phase phase, class Y>
 Tangent<double> tangent(double t) noexcept {
     const auto along = [t](Tangent<double> ps, Tangent<double> y, double shift, double v,
                            double v_t) noexcept {
-        return Tangent{y.y - shift, y.y_x + Y::slope_by_p(t, v, v_t) * ps.y_x};
+        return Tangent<double>{y.y - shift, y.y_x + Y::slope_by_p(t, v, v_t) * ps.y_x};
     };
-    const Tangent ps = psat_tangent(t);
+    const Tangent<double> ps = psat_tangent(t);
     const double p = ps.y;
     if constexpr (phase == Phase::liquid) {
         return along(ps, Y::tangent1(p, t), 0, region1::v(p, t), region1::v_t(p, t));
@@ -127,22 +127,22 @@ double t_dense(double y) noexcept {
         const auto t_of = [](double u) noexcept {
             return std::min(T_crit * (1 - u * u), tables::t_solved);
         };
-        const Residual cold{std::sqrt(1 - T_13 / T_crit), limits.y_13_dense - y};
-        const Residual hot{std::sqrt(1 - tables::t_solved / T_crit), limits.y_solved - y};
+        const Residual<double> cold{std::sqrt(1 - T_13 / T_crit), limits.y_13_dense - y};
+        const Residual<double> hot{std::sqrt(1 - tables::t_solved / T_crit), limits.y_solved - y};
         return t_of(
             bracketed_secant([=](double u) noexcept { return excess(t_of(u)); }, cold, hot, step)
                 .x);
     }
     constexpr double step = 1e-5;  // a smaller one is soon less than the spacing of temperatures
     const auto t_of = [](double x) noexcept { return T_crit * (1 - x * x * x); };
-    const Residual cold{std::cbrt(1 - tables::t_solved / T_crit), limits.y_estimated - y};
+    const Residual<double> cold{std::cbrt(1 - tables::t_solved / T_crit), limits.y_estimated - y};
     const Residual<double> hot{0, limits.y_crit - y};
     return t_of(
         bracketed_secant([=](double x) noexcept { return excess(t_of(x)); }, cold, hot, step).x);
 }
 
-constexpr NewtonRoot nowhere{0, false};
-constexpr NewtonRoot at(double t) noexcept { return {t, true}; }
+constexpr NewtonRoot<double> nowhere{0, false};
+constexpr NewtonRoot<double> at(double t) noexcept { return {t, true}; }
 
 constexpr double rounding = 2e-15;  // relative, of a limit
 
@@ -154,7 +154,7 @@ double up_to_maximum(const SaturatedLimits& limits, double y) noexcept {
 // The branch that reaches the critical point, from the maximum or from 273.15 K; start(y) is where a
 // search up to 623.15 K starts, asked for only there.
 template <class Property, class Start>
-NewtonRoot t_warm(double y_given, Start start) noexcept {
+NewtonRoot<double> t_warm(double y_given, Start start) noexcept {
     constexpr const SaturatedLimits& limits = Property::limits;
     const double y = up_to_maximum(limits, y_given);
     if (between(y, limits.y_max, limits.y_13)) {
@@ -170,7 +170,7 @@ NewtonRoot t_warm(double y_given, Start start) noexcept {
 }
 
 template <class Property>
-NewtonRoot t_cold(double y_given) noexcept {
+NewtonRoot<double> t_cold(double y_given) noexcept {
     constexpr const SaturatedLimits& limits = Property::limits;
     const double y = up_to_maximum(limits, y_given);
     if (!between(y, limits.y_min, limits.y_max)) return nowhere;
@@ -186,31 +186,31 @@ double monotonic_start(double y) noexcept {
 
 }  // namespace
 
-NewtonRoot t_liquid_d(double d) noexcept {
+NewtonRoot<double> t_liquid_d(double d) noexcept {
     return t_warm<LiquidDensity>(d, [](double y) noexcept {
         return start_at<LiquidDensity::start>(below_maximum(LiquidDensity::limits, y));
     });
 }
-NewtonRoot t_cold_liquid_d(double d) noexcept { return t_cold<LiquidDensity>(d); }
-NewtonRoot t_vapour_d(double d) noexcept {
+NewtonRoot<double> t_cold_liquid_d(double d) noexcept { return t_cold<LiquidDensity>(d); }
+NewtonRoot<double> t_vapour_d(double d) noexcept {
     return t_warm<VapourDensity>(
         d, [](double y) noexcept { return start_at<VapourDensity::start>(std::log(y)); });
 }
 
-NewtonRoot t_liquid_h(double h) noexcept {
+NewtonRoot<double> t_liquid_h(double h) noexcept {
     return t_warm<LiquidEnthalpy>(h, monotonic_start<LiquidEnthalpy>);
 }
-NewtonRoot t_vapour_h(double h) noexcept {
+NewtonRoot<double> t_vapour_h(double h) noexcept {
     return t_warm<VapourEnthalpy>(h, [](double y) noexcept {
         return start_at<VapourEnthalpy::start>(below_maximum(VapourEnthalpy::limits, y));
     });
 }
-NewtonRoot t_cold_vapour_h(double h) noexcept { return t_cold<VapourEnthalpy>(h); }
+NewtonRoot<double> t_cold_vapour_h(double h) noexcept { return t_cold<VapourEnthalpy>(h); }
 
-NewtonRoot t_liquid_s(double s) noexcept {
+NewtonRoot<double> t_liquid_s(double s) noexcept {
     return t_warm<LiquidEntropy>(s, monotonic_start<LiquidEntropy>);
 }
-NewtonRoot t_vapour_s(double s) noexcept {
+NewtonRoot<double> t_vapour_s(double s) noexcept {
     return t_warm<VapourEntropy>(s, monotonic_start<VapourEntropy>);
 }
 

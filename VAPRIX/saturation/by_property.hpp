@@ -26,17 +26,17 @@ namespace vaprix {
 namespace saturation {
 
 // Temperatures, K, at which a phase has the value; not converged where there is none.
-[[nodiscard]] NewtonRoot t_liquid_d(double d) noexcept;
-[[nodiscard]] NewtonRoot t_cold_liquid_d(double d) noexcept;
-[[nodiscard]] NewtonRoot t_vapour_d(double d) noexcept;
-[[nodiscard]] NewtonRoot t_liquid_h(double h) noexcept;
-[[nodiscard]] NewtonRoot t_vapour_h(double h) noexcept;
-[[nodiscard]] NewtonRoot t_cold_vapour_h(double h) noexcept;
-[[nodiscard]] NewtonRoot t_liquid_s(double s) noexcept;
-[[nodiscard]] NewtonRoot t_vapour_s(double s) noexcept;
+[[nodiscard]] NewtonRoot<double> t_liquid_d(double d) noexcept;
+[[nodiscard]] NewtonRoot<double> t_cold_liquid_d(double d) noexcept;
+[[nodiscard]] NewtonRoot<double> t_vapour_d(double d) noexcept;
+[[nodiscard]] NewtonRoot<double> t_liquid_h(double h) noexcept;
+[[nodiscard]] NewtonRoot<double> t_vapour_h(double h) noexcept;
+[[nodiscard]] NewtonRoot<double> t_cold_vapour_h(double h) noexcept;
+[[nodiscard]] NewtonRoot<double> t_liquid_s(double s) noexcept;
+[[nodiscard]] NewtonRoot<double> t_vapour_s(double s) noexcept;
 
 template <Phase phase, Asked asked>
-[[nodiscard]] inline State phase_at(NewtonRoot t, ErrorCode code) noexcept {
+[[nodiscard]] inline State phase_at(NewtonRoot<double> t, ErrorCode code) noexcept {
     if (!t.converged) return refused(code);
     constexpr bool evaluated = asked.single || asked.density;
     constexpr bool is_liquid = phase == Phase::liquid;
