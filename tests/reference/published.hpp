@@ -121,7 +121,7 @@ Variable<N> variable(const std::string& text, const std::string& arguments) {
 // scale * outer(sum n x^I y^J), outer being a power or the exponential function.
 template <class N>
 struct Equation {
-    std::string name, arguments, low, high;
+    std::string name, arguments, low, high, permitted;
     std::vector<Term<N>> terms;
     Variable<N> x, y;
     N scale = 1, exponent = 1;
@@ -155,6 +155,7 @@ std::map<std::string, Equation<N>> read_equations() {
                              of,
                              cell("low"),
                              cell("high"),
+                             cell("permitted"),
                              read_terms<N>(cell("file"), cell("set")),
                              variable<N>(cell("x"), of),
                              variable<N>(cell("y"), of),
@@ -173,6 +174,7 @@ std::map<std::string, Equation<N>> read_equations() {
         };
         all[name] = {name,
                      "pT",
+                     "",
                      "",
                      "",
                      read_terms<N>("region3_vpt/" + name + ".csv"),

@@ -2,9 +2,11 @@
 // Exact densities of region 3 from the basic equation in quadruple precision.
 #pragma once
 
-#include "quad.hpp"
+#include "number.hpp"
 
 namespace reference {
+
+using published::Quad;
 
 enum class Phase { liquid, vapour, only };
 

@@ -3,25 +3,16 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdio>
-#include <cstdlib>
 
 namespace reference {
 
 namespace {
 
-constexpr int default_states = 100000;
 constexpr int shown_failures = 3;
 
 }  // namespace
-
-int states() {
-    static const int count = [] {
-        const char* text = std::getenv("VAPRIX_TEST_STATES");
-        return text != nullptr ? std::stoi(text) : default_states;
-    }();
-    return count;
-}
 
 std::string digits(std::initializer_list<double> numbers) {
     std::string text;

@@ -1,44 +1,22 @@
 // SPDX-License-Identifier: MIT
-// Seeded random states and the record of deviations that the accuracy tests share.
+// The record of deviations that the accuracy tests share.
 #pragma once
 
-#include <cmath>
-#include <cstdint>
-#include <limits>
 #include <map>
-#include <random>
 #include <string>
 
-#include "quad.hpp"
+#include "number.hpp"
+#include "strata.hpp"
 
 namespace reference {
 
-// States per random sweep: 100000, or the environment variable VAPRIX_TEST_STATES (sanitizer and
-// coverage runs set fewer; each sweep prints how many it took).
-int states();
+using published::magnitude;
+using published::Quad;
+using strata::down;
+using strata::Random;
+using strata::up;
 
-class Random {
-public:
-    explicit Random(std::uint64_t seed) : engine_(seed) {}
-    double uniform(double low, double high) {
-        return low + (high - low) * std::ldexp(static_cast<double>(engine_() >> 11), -53);
-    }
-    double log_uniform(double low, double high) {
-        return std::exp(uniform(std::log(low), std::log(high)));
-    }
-    // Either sign, size log-uniform: a distance from a boundary.
-    double offset(double smallest, double largest) {
-        const double size = log_uniform(smallest, largest);
-        return (engine_() >> 63) != 0 ? size : -size;
-    }
-    bool coin() { return (engine_() >> 63) != 0; }
-
-private:
-    std::mt19937_64 engine_;
-};
-
-inline double up(double x) { return std::nextafter(x, std::numeric_limits<double>::infinity()); }
-inline double down(double x) { return std::nextafter(x, -std::numeric_limits<double>::infinity()); }
+inline int states() { return strata::states(1); }
 
 // Numbers with 17 digits, separated by blanks.
 std::string digits(std::initializer_list<double> numbers);

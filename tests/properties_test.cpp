@@ -1,0 +1,289 @@
+// SPDX-License-Identifier: MIT
+// Every property of a single phase, by every export that answers it, against quadruple precision at
+// the state that the export's family finds: the name of an export is its property and its family.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "reference/basic_equations.hpp"
+#include "reference/region3_density.hpp"
+#include "reference/sampling.hpp"
+
+namespace {
+
+using namespace reference;
+using bound::call;
+
+// A state with the pressure that was given, which in region 3 is not quite that of the density.
+struct Known : State {
+    int region;
+    Quad h_p, given;
+    Known(int number, const State& x, Quad pressure)
+        : State(x), region(number), h_p(1000 * (v - t * v_t)), given(pressure) {}
+    Quad eta() const { return published::viscosity(t, d); }
+    Quad lambda() const { return published::conductivity(t, d); }
+};
+
+// Ideal gas: the limit of low pressure, whose residual part is below the last digit.
+Quad g_ideal(bool hot, const Known& x) {
+    const Quad low = 1e-30, limit = published::State<Quad>(hot ? 5 : 2, low, x.t).g();
+    return limit + gas_constant * x.t * published::logarithm(x.given / low);
+}
+Quad fugacity_coefficient(const Known& x) {
+    return published::exponential((x.g - g_ideal(x.region == 5, x)) / gas_constant / x.t);
+}
+
+// How well a double can do: as a potential and its first derivatives, as the second ones, as a
+// formula in which up to three sums of second derivatives meet, as a correlation of transport (their
+// own test is sharper, the density of the state being exact there).
+enum Kind { first, second, formula, transport };
+struct Property {
+    Quad (*of)(const Known&);
+    Kind kind;
+    Quad (*zero)(const Known&) = nullptr;  // added to the size of what has an arbitrary zero
+};
+constexpr Quad wavelength = 0.5;  // micrometres, as strata::state() gives it
+#define IS(expression) [](const Known& x) -> Quad { return expression; }
+const std::map<std::string, Property> properties = {
+    {"V", {IS(x.v), first}},
+    {"D", {IS(x.d), first}},
+    {"P", {IS(x.p), first}},
+    {"H", {IS(x.h), first, IS(gas_constant* x.t)}},
+    {"U", {IS(x.u), first, IS(gas_constant* x.t)}},
+    {"G", {IS(x.g), first, IS(gas_constant* x.t)}},
+    {"F", {IS(x.f), first, IS(gas_constant* x.t)}},
+    {"S", {IS(x.s), first, IS(gas_constant + 0 * x.t)}},
+    {"CP", {IS(x.cp), second}},
+    {"CV", {IS(x.cv), second}},
+    {"W", {IS(x.w), second}},
+    {"Z", {IS(1000 * x.given * x.v / gas_constant / x.t), formula}},
+    {"ALV", {IS(x.v_t / x.v), formula}},
+    {"ALP", {IS(-x.v_t / x.v_p / x.given), formula}},
+    {"BET", {IS(-1 / x.v_p / x.given), formula}},
+    {"CAPT", {IS(-x.v_p / x.v), formula}},
+    {"CAP", {IS(x.w * x.w / (1000000 * x.given * x.v)), formula}},
+    {"GAM", {IS(x.cp / x.cv), formula}},
+    {"RJT", {IS(-x.h_p / x.cp), formula}},
+    {"DDDH", {IS(-x.v_t / x.cp / x.v / x.v), formula}},
+    {"DDDP", {IS(-x.v_p / x.v / x.v), formula}},
+    {"DHDP", {IS(x.h_p), formula}},
+    {"DVDH", {IS(x.v_t / x.cp), formula}},
+    {"DVDP", {IS(x.v_p), formula}},
+    {"DVDT", {IS(x.v_t), formula}},
+    {"G0", {IS(g_ideal(x.t > 1073.15, x)), formula, IS(gas_constant* x.t)}},
+    {"FUG", {IS(x.given * fugacity_coefficient(x)), formula}},
+    {"ETA", {IS(x.eta() * 1000000), transport}},
+    {"VIS", {IS(x.eta()), transport}},
+    {"VNU", {IS(x.eta() * x.v * 1000000), transport}},
+    {"VKI", {IS(x.eta() * x.v), transport}},
+    {"TCO", {IS(x.lambda() * 1000), transport}},
+    {"TCON", {IS(x.lambda()), transport}},
+    {"PR", {IS(x.eta() * x.cp / x.lambda() * 1000), transport}},
+    {"A", {IS(x.lambda() * 1000 / (x.d * x.cp)), transport}},
+    {"EPS", {IS(published::dielectric_constant(x.t, x.d)), transport}},
+    {"REF", {IS(published::refractive_index(x.t, x.d, wavelength)), transport}}};
+
+// (dv/dT)_p and (dh/dp)_T change sign: v/T and 1 kJ/(kg MPa) are added to their sizes.
+Quad scale_of(const Property& property, const Known& x) {
+    Known larger = x;
+    larger.v_t = magnitude(x.v_t) + x.v / x.t;
+    larger.h_p = magnitude(x.h_p) + 1;
+    return magnitude(property.of(property.kind == formula ? larger : x)) +
+           (property.zero != nullptr ? property.zero(x) : Quad(0));
+}
+
+double tolerance_of(const Property& property, const State& x) {
+    switch (property.kind) {
+        case first: return rounding_tolerance(false, x);
+        case second: return rounding_tolerance(true, x);
+        case formula: return 3 * rounding_tolerance(true, x);
+        default: return std::max(1e-12, 3 * rounding_tolerance(true, x));
+    }
+}
+
+// The state of a family at given values, and what is added to the tolerance; none where the family
+// has no single phase there.
+struct Found {
+    Known x;
+    double extra = 0;
+};
+using Resolver = std::optional<Found> (*)(const strata::State&);
+
+Found in_region(int region, double p, double t, Quad d3) {
+    return {Known(region, region == 3 ? region3(d3, t) : state(region, p, t), p)};
+}
+bool single(const strata::State& at) { return at.region != 4; }
+
+// the volume of the published equation of region 3
+double v_of(const double* p, const double* t) {
+    int region = 3;
+    return VPT(p, t, &region);
+}
+
+// (p, T)
+template <auto V>
+std::optional<Found> of_pt(const strata::State& at) {
+    if (!single(at)) return {};
+    return in_region(at.region, at[bound::p], at[bound::T],
+                     1 / Quad(call<V>(at[bound::p], at[bound::T])));
+}
+std::optional<Found> of_pt_o(const strata::State& at) {
+    if (!single(at)) return {};
+    return in_region(at.region, at[bound::p], at[bound::T], call<DOTP>(at[bound::T], at[bound::p]));
+}
+template <int region>
+std::optional<Found> native(const strata::State& at) {
+    if (at.region != region) return {};
+    return in_region(region, at[bound::p], at[bound::T], 1 / Quad(at[bound::v]));
+}
+// (T, density): what a rounding of the density makes of a pressure that is solved for is much in a
+// liquid. Beside a boundary the density may belong to the neighbour.
+std::optional<Found> of_td(const strata::State& at) {
+    const double p = at[bound::p], t = at[bound::T], d = at[bound::d];
+    if (!single(at) || call<REGIONTV>(t, 1 / d) != at.region || call<XOTD>(t, d) >= 0) return {};
+    Found found = in_region(at.region, p, t, d);
+    if (at.region == 3) found.x.given = found.x.p;
+    found.extra = 4e-16 * static_cast<double>(1 / (p * magnitude(found.x.v_p) / found.x.v));
+    return found;
+}
+// p and a second variable: the temperature is the family's, and so is the density of region 3 (D,
+// unused where the volume is given)
+template <auto Region, auto T, auto D, bound::Name y>
+std::optional<Found> of_py(const strata::State& at) {
+    const double p = at[bound::p];
+    const int region = static_cast<int>(call<Region>(p, at[y]));
+    const double t = call<T>(p, at[y]);
+    // at the saturation line of region 3 the O-family keeps a distance of 1e-12 K and may mix
+    const bool at_line = p < 22.064 && std::fabs(t - call<TOP>(p)) < 2e-12;
+    if (!single(at) || region == 0 || region == 4 || at_line) return {};
+    if constexpr (y == bound::v) return in_region(region, p, t, 1 / Quad(at[y]));
+    return in_region(region, p, t, call<D>(p, at[y]));
+}
+// the B-family: by (p, T) at its temperature, but its density by the backward equation of the volume
+template <auto Region, auto T, bound::Name y, published::Choice<Quad> choice = nullptr>
+std::optional<Found> of_py_b(const strata::State& at) {
+    const double p = at[bound::p], t = call<T>(p, at[y]);
+    const int region = static_cast<int>(call<Region>(p, at[y]));
+    if (!single(at) || region == 0 || region == 4) return {};
+    if (region != 3) return in_region(region, p, t, 0);
+    if constexpr (choice == nullptr) return in_region(region, p, t, 1 / Quad(call<v_of>(p, t)));
+    return in_region(region, p, t, 1 / choice(p, at[y])(p, at[y]));
+}
+// Saturated states: T as given or made of p; densities above 623.15 K by temperature or pressure.
+enum Phase { liquid, vapour };
+enum By { given_t, t_of_p, p_backward, p_exact };
+template <By by, Phase phase>
+std::optional<Found> saturated(const strata::State& at) {
+    constexpr double T_13 = 623.15, T_solved = 647.09;  // closer to Tc it is a matter of rounding
+    if (single(at) || at[bound::T] > T_solved) return {};
+    const double p = by == given_t || by == t_of_p ? call<POT>(at[bound::T]) : at[bound::p];
+    const double t = by == given_t ? at[bound::T] : by == p_backward ? call<TBP>(p) : call<TOP>(p);
+    if ((t > T_13) != (at[bound::T] > T_13)) return {};
+    const double d = by == given_t      ? (phase == liquid ? call<DLOT>(t) : call<DVOT>(t))
+                     : by == p_backward ? 1 / (phase == liquid ? call<V1BP>(p) : call<V2BP>(p))
+                                        : (phase == liquid ? call<DLOP>(p) : call<DVOP>(p));
+    Found found = in_region(t > T_13 ? 3 : phase == liquid ? 1 : 2, p, t, d);
+    // a reciprocal of the density that the export has
+    if (by == p_backward && t > T_13)
+        found.extra = static_cast<double>(1e-16 * found.x.p / (found.x.p_d * found.x.d));
+    return found;
+}
+
+struct Family {
+    const char* suffix;
+    Resolver resolve;
+    std::string except;  // stems that are resolved by `other`
+    Resolver other = nullptr;
+};
+const Family families[] = {
+    {"PT1N", native<1>, ""},
+    {"PT2N", native<2>, ""},
+    {"PT5N", native<5>, ""},
+    {"VT3N", native<3>, ""},
+    {"BPT", of_pt<VBPT>, ""},
+    {"OPT", of_pt_o, ""},
+    {"OTP", of_pt_o, ""},
+    {"OTD", of_td, ""},
+    {"BPH", of_py_b<REGIONPH, TBPH, bound::h>, " D ",
+     of_py_b<REGIONPH, TBPH, bound::h, published::v3_ph<Quad>>},
+    {"BPS", of_py_b<REGIONPS, TBPS, bound::s>, " D ",
+     of_py_b<REGIONPS, TBPS, bound::s, published::v3_ps<Quad>>},
+    {"OPH", of_py<REGIONPH, TOPH, DOPH, bound::h>, ""},
+    {"OPS", of_py<REGIONPS, TOPS, DOPS, bound::s>, ""},
+    {"BPV", of_py<REGIONPV, TBPV, VOPT, bound::v>, ""},
+    {"OPV", of_py<REGIONPV, TOPV, VOPT, bound::v>, ""},
+    {"1BT", saturated<given_t, liquid>, ""},
+    {"2BT", saturated<given_t, vapour>, ""},
+    {"LOT", saturated<given_t, liquid>, ""},
+    {"VOT", saturated<given_t, vapour>, ""},
+    {"1OT", saturated<given_t, liquid>, " H S V CP W ", saturated<t_of_p, liquid>},
+    {"2OT", saturated<given_t, vapour>, " H S V CP W ", saturated<t_of_p, vapour>},
+    {"1BP", saturated<p_backward, liquid>, ""},
+    {"2BP", saturated<p_backward, vapour>, ""},
+    {"1OP", saturated<p_exact, liquid>, ""},
+    {"2OP", saturated<p_exact, vapour>, ""},
+    {"LOP", saturated<p_exact, liquid>, ""},
+    {"VOP", saturated<p_exact, vapour>, ""},
+    {"PT", of_pt<v_of>, ""},  // region given
+};
+
+struct Case {
+    const bound::Export* function;
+    const Property* property;
+    const Family* family;
+    bool other;
+};
+std::vector<Case> cases() {
+    std::vector<Case> all;
+    for (const bound::Export& function : bound::exports())
+        for (const Family& family : families) {
+            const std::string& name = function.name;
+            const std::string suffix = family.suffix;
+            if (name.size() <= suffix.size() ||
+                name.compare(name.size() - suffix.size(), suffix.size(), suffix) != 0)
+                continue;
+            if ((suffix == "PT") != function.region) continue;
+            const std::string stem = name.substr(0, name.size() - suffix.size());
+            const auto property = properties.find(stem);
+            if (property == properties.end()) continue;
+            const bool other = family.except.find(" " + stem + " ") != std::string::npos;
+            all.push_back({&function, &property->second, &family, other});
+        }
+    return all;
+}
+
+// Where every export of a transport property has an answer.
+bool answers(const Case& row, const Known& x) {
+    const double hottest = row.function->name.rfind("REF", 0) == 0 ? 773.15 : 1073.15;
+    return row.property->kind != transport || (x.t >= 273.15 && x.t <= hottest);
+}
+
+TEST(Properties, OfEveryFamily) {
+    const std::vector<Case> all = cases();
+    EXPECT_EQ(all.size(), 299u);  // of the 439 exports
+    Deviations deviations;
+    std::map<const bound::Export*, int> visits;
+    strata::sweep(0.003, 100, [&](const strata::Stratum&, const strata::State& at) {
+        std::map<Resolver, std::optional<Found>> found;
+        for (const Case& row : all) {
+            const Resolver resolve = row.other ? row.family->other : row.family->resolve;
+            if (found.count(resolve) == 0) found.emplace(resolve, resolve(at));
+            const auto& of = found.at(resolve);
+            if (!of || !answers(row, of->x)) continue;
+            const Known& x = of->x;
+            ++visits[row.function];
+            deviations.check(row.function->name + " region " + std::to_string(of->x.region),
+                             (*row.function)(at, of->x.region), row.property->of(x),
+                             scale_of(*row.property, x), tolerance_of(*row.property, x) + of->extra,
+                             {at[bound::p], at[bound::T], at[bound::x]});
+        }
+    });
+    for (const Case& row : all) EXPECT_GT(visits[row.function], 0) << row.function->name;
+}
+
+}  // namespace

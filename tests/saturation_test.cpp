@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+// The saturation line, the boundary of regions 2 and 3 and the coexisting densities against
+// quadruple precision, and what thermodynamics says of both phases.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "reference/basic_equations.hpp"
+#include "reference/region3_density.hpp"
+#include "reference/sampling.hpp"
+#include "regions/b23.hpp"
+#include "regions/saturation_line.hpp"
+
+namespace {
+
+using namespace reference;
+using bound::call;
+
+constexpr double t_low = 273.15, t_13 = 623.15, tc = 647.096, p_low = 0.0005, pc = 22.064, dc = 322;
+constexpr double auxiliary_zone = 1e-5;  // MPa below pc
+
+double any_pressure(Random& random, double low) {
+    return random.coin() ? random.uniform(low, pc) : random.log_uniform(low, pc);
+}
+
+TEST(SaturationLine, AgreesWithTheEquations) {
+    // The quadratics cancel by about one digit in ps (the root is taken of nearly equal parts, then
+    // raised to the fourth power) and not at all in Ts.
+    constexpr double tolerance_p = 1e-13, tolerance_t = 1e-14, tolerance_t_p = 2e-13;
+    Random random(4);
+    Deviations deviations;
+    for (int k = strata::states(0.1); k > 0; --k) {
+        const double t = random.uniform(t_low, tc), p = any_pressure(random, p_low);
+        const Quad ps = reference::psat(t), ts = reference::tsat(p);
+        const Quad slope = reference::tsat_p(p);
+        deviations.check("PBT", call<PBT>(t), ps, ps, tolerance_p, {t});
+        deviations.check("TBP", call<TBP>(p), ts, ts, tolerance_t, {p});
+        deviations.check("DTBPDP", call<DTBPDP>(p), slope, slope, tolerance_t_p, {p});
+        const auto tangent = vaprix::psat_tangent(t);
+        const Quad ps_t = 1 / reference::tsat_p(ps);
+        deviations.check("dps/dT", tangent.y_x, ps_t, ps_t, tolerance_t_p, {t});
+        EXPECT_EQ(tangent.y, call<PBT>(t));
+        EXPECT_EQ(call<POT>(t), call<PBT>(t)) << digits({t});
+        EXPECT_EQ(call<PSATOT>(t), call<PBT>(t)) << digits({t});
+        EXPECT_EQ(call<TSATOP>(p), call<TOP>(p)) << digits({p});
+    }
+}
+
+// TOP inverts PSATOT as far as doubles go: it stops at a residual of 1e-15 MPa or at a bracket of
+// 1e-15 T, worth up to 8e-15 of ps, and Eq. (30) itself is rounded by up to 1e-14.
+TEST(SaturationLine, TopInvertsPsatot) {
+    constexpr double residual = 1e-15, resolution = 2e-14;
+    Random random(41);
+    Deviations deviations;
+    for (int k = strata::states(1); k > 0; --k) {
+        // one in ten close to the upper end, where the bracket is cut at the critical temperature
+        const double p =
+            k % 10 == 0 ? pc - random.log_uniform(1e-14, 1e-2) : any_pressure(random, 0.000611213);
+        deviations.check("PSATOT(TOP)", call<PSATOT>(call<TOP>(p)), p, p, resolution + residual / p,
+                         {p});
+    }
+    // Below the line's lower end the secant steps run on; the figure is the root of Eq. (30).
+    EXPECT_NEAR(call<TOP>(1e-6), 207.8634, 5e-5);
+}
+
+TEST(SaturationLine, CriticalPointIsExact) {
+    for (const double p : {call<PSATOT>(tc), call<POT>(tc), call<PBT>(tc)}) EXPECT_EQ(p, pc);
+    for (const double t : {call<TOP>(pc), call<TSATOP>(pc)}) EXPECT_EQ(t, tc);
+    // The backward equation is not snapped and ends a little short.
+    EXPECT_LT(call<TBP>(pc), tc);
+    EXPECT_NEAR(call<TBP>(pc), 647.0959999988, 1e-10);
+    for (const double d : {call<DLOT>(tc), call<DVOT>(tc), call<DLOP>(pc), call<DVOP>(pc)})
+        EXPECT_EQ(d, dc);
+}
+
+// No check of the argument.
+TEST(SaturationLine, B23LineGoesOn) {
+    const double outside = 2000;
+    EXPECT_NEAR(call<FB23>(outside), static_cast<double>(reference::p_b23(outside)), 1e-10);
+}
+
+// From 623.15 K until 1e-5 MPa below the critical pressure: even steps, then ever smaller distances
+// from Tc.
+std::vector<double> temperatures() {
+    std::vector<double> all;
+    const int steps = strata::states(0.01);
+    for (int k = 1; k < steps; ++k) all.push_back(t_13 + (646.0 - t_13) * k / steps);
+    for (double distance = tc - 646; call<PBT>(tc - distance) < pc - auxiliary_zone;
+         distance *= 0.99)
+        all.push_back(tc - distance);
+    return all;
+}
+
+TEST(SaturatedDensities, PhasesAreInEquilibrium) {
+    constexpr double tolerance = 1e-10;  // of p, and of g, which is some 700 to 900 kJ/kg here
+    // The densities themselves: the pair is refined until its step falls below 1e-8. Beyond 647.09
+    // K rounding wins: a few 1e-14 of g are worth 1e-12 of p, divided by the vanishing slope of the
+    // isotherm, while p and g of the pair agree all the better.
+    constexpr double step = 1e-8, rounding = 1e-12;
+    Deviations deviations;
+    double d2 = 0, d1 = 1000;
+    for (const double t : temperatures()) {
+        const double vapour = call<DVOT>(t), liquid = call<DLOT>(t);
+        const State gas = region3(vapour, t), drop = region3(liquid, t);
+        deviations.check("p", static_cast<double>(drop.p), gas.p, gas.p, tolerance, {t});
+        deviations.check("g", static_cast<double>(drop.g), gas.g, gas.g, tolerance, {t});
+        const Coexistence exact = coexistence3(t, vapour, liquid);
+        const auto density_tolerance = [&](const State& x) {
+            return step + rounding * static_cast<double>(x.p / (x.p_d * x.d));
+        };
+        deviations.check("vapour", vapour, exact.vapour, exact.vapour, density_tolerance(gas), {t});
+        deviations.check("liquid", liquid, exact.liquid, exact.liquid, density_tolerance(drop),
+                         {t});
+        // by pressure: at the temperature that the pressure gives back
+        const double p = call<PBT>(t), back = call<TOP>(p), back_b = call<TBP>(p);
+        EXPECT_EQ(call<DLOP>(p), call<DLOT>(back)) << digits({p});
+        EXPECT_EQ(call<DVOP>(p), call<DVOT>(back)) << digits({p});
+        EXPECT_EQ(call<V1BP>(p), 1 / call<DLOT>(back_b)) << digits({p});
+        EXPECT_EQ(call<V2BP>(p), 1 / call<DVOT>(back_b)) << digits({p});
+        EXPECT_TRUE(d2 < vapour && vapour < dc && dc < liquid && liquid < d1) << digits({t});
+        d2 = vapour, d1 = liquid;
+    }
+}
+
+// IAPWS SR1-86(1992), Eqs. (2) and (3): d' = 322 (1 + sum b tau^e), d'' = 322 exp(sum c tau^e).
+struct Auxiliary {
+    const char* set;   // of the table
+    int root;          // the base of the powers is tau^(1/root)
+    double floors[6];  // a term counts only while its base lies above
+    Quad sum(Quad tau) const {
+        const auto terms = published::saturated_density_terms<Quad>(set);
+        const Quad base = published::power(tau, Quad(1) / root);
+        Quad total = 0;
+        for (std::size_t k = 0; k < terms.size(); ++k)
+            if (base > floors[k]) total += published::sum<Quad>({terms[k]}, tau, 1).value;
+        return total;
+    }
+};
+const Auxiliary liquid_sum = {"b", 3, {0, 1e-8, 0.0001, 0.1, 0.424528622, 0.715394265}};
+const Auxiliary vapour_sum = {"c", 6, {1e-8, 0.0001, 0.01, 0.129154966, 0.36946012, 0.595179394}};
+
+// 1 - T/Tc keeps few digits in doubles; both series start with about 2 tau^(1/3). Far from Tc
+// powers up to 110 and the exponential, of -11 at the cold end, magnify the rounding.
+void check_auxiliary(Deviations& deviations, double vapour, double liquid, double t) {
+    constexpr double u = 0x1p-53;
+    const Quad tau = 1 - t / t_crit;
+    const Quad want_liquid = dc * (1 + liquid_sum.sum(tau));
+    const Quad want_vapour = dc * published::exponential(vapour_sum.sum(tau));
+    const double tolerance =
+        300 * u + 2 * u / static_cast<double>(published::power(tau, Quad(2) / 3));
+    deviations.check("auxiliary liquid", liquid, want_liquid, want_liquid, tolerance, {t});
+    deviations.check("auxiliary vapour", vapour, want_vapour, want_vapour, tolerance, {t});
+}
+
+// The estimates of the whole line, with the terms that the thresholds leave out; they stand for the
+// densities next to the critical pressure.
+TEST(SaturatedDensities, AuxiliaryEquations) {
+    Random random(27);
+    Deviations deviations;
+    for (int k = strata::states(0.02); k > 0; --k) {
+        const double t =
+            random.coin() ? random.uniform(t_low, tc) : tc - random.log_uniform(1e-9, 100);
+        check_auxiliary(deviations, call<DVEST>(t), call<DLEST>(t), t);
+        const double p = pc - random.log_uniform(1.1e-9, 0.999 * auxiliary_zone);
+        check_auxiliary(deviations, call<DVOP>(p), call<DLOP>(p), call<TBP>(p));
+    }
+    // On either side of the switch the two sources differ by about 2 kg/m3.
+    const double inside = pc - 0.99 * auxiliary_zone, outside = pc - 1.01 * auxiliary_zone;
+    EXPECT_GT(call<DLOP>(inside) - call<DLOP>(outside), 1);
+    EXPECT_GT(call<DVOP>(outside) - call<DVOP>(inside), 1);
+}
+
+// Both phases of one temperature: g is the same as far as the equations fit each other (IAPWS
+// R7-97(2012), Table 44: 0.012 kJ/kg), so is the fugacity; r = T (s'' - s') = T (v'' - v') dp/dT.
+// The saturation line is an equation of its own; it fits less well as r vanishes.
+TEST(Saturation, PhasesFitEachOther) {
+    Random random(51);
+    Deviations deviations;
+    for (int k = strata::states(0.02); k > 0; --k) {
+        const double t = random.coin() ? random.uniform(t_low, 647.09) : random.uniform(t_13, 647);
+        const double p = call<POT>(t), r = call<HVAPOT>(t), s = call<SVAPOT>(t);
+        const bool dense = t > t_13;
+        const double h1 = call<H1BT>(t), h2 = call<H2BT>(t), s1 = call<S1BT>(t), s2 = call<S2BT>(t);
+        deviations.check("HVAPOT", r, Quad(h2) - h1, h2, 1e-15, {t});
+        deviations.check("SVAPOT", s, Quad(s2) - s1, s2, 1e-15, {t});
+        deviations.check(dense ? "g' = g'', dense" : "g' = g''", call<G1BT>(t), call<G2BT>(t), 1,
+                         dense ? 1e-8 : 0.012, {t});
+        deviations.check(dense ? "FUG' = FUG'', dense" : "FUG' = FUG''", call<FUG1BT>(t),
+                         call<FUG2BT>(t), call<FUG2BT>(t), dense ? 1e-12 : 7e-5, {t});
+        EXPECT_EQ(call<FUGOTX>(t, 0.5), call<FUG1BT>(t)) << t;
+        deviations.check("g = h - T s", call<G1BT>(t), Quad(h1) - t * Quad(s1),
+                         std::fabs(h1) + t * std::fabs(s1) + 0.46 * t, 2e-13, {t});
+        const Quad clapeyron =
+            1000 * t * Quad(call<V2BT>(t) - call<V1BT>(t)) / reference::tsat_p(p);
+        deviations.check(t < 590 ? "Clausius-Clapeyron" : "Clausius-Clapeyron, hot", r, clapeyron,
+                         clapeyron, t < 590 ? 1e-4 : 1e-3, {t});
+    }
+}
+
+}  // namespace
