@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <fstream>
+#include <map>
 #include <sstream>
 #include <stdexcept>
 
@@ -53,7 +54,8 @@ double Export::operator()(const Pointers& at, int* region_given, double* result)
     if (name == "ECODETUL") return invoke<int>(symbol);
     const double* in[4] = {};
     for (std::size_t k = 0; k < inputs.size(); ++k) in[k] = at[inputs[k]];
-    if (region && out) return invoke<void>(symbol, in[0], in[1], in[2], region_given, result), *result;
+    if (region && out)
+        return invoke<void>(symbol, in[0], in[1], in[2], region_given, result), *result;
     if (out) return invoke<void>(symbol, in[0], in[1], result), *result;
     if (region) return invoke<double>(symbol, in[0], in[1], region_given);
     switch (inputs.size()) {
@@ -78,9 +80,14 @@ const std::vector<Export>& exports() {
 }
 
 const Export& find(const std::string& name) {
-    for (const Export& each : exports())
-        if (each.name == name) return each;
-    throw std::runtime_error("no export " + name);
+    static const std::map<std::string, const Export*> by_name = [] {
+        std::map<std::string, const Export*> all;
+        for (const Export& each : exports()) all[each.name] = &each;
+        return all;
+    }();
+    const auto found = by_name.find(name);
+    if (found == by_name.end()) throw std::runtime_error("no export " + name);
+    return *found->second;
 }
 
 int& code() {
