@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <fstream>
+#include <map>
 #include <sstream>
 #include <stdexcept>
 
@@ -78,9 +79,14 @@ const std::vector<Export>& exports() {
 }
 
 const Export& find(const std::string& name) {
-    for (const Export& each : exports())
-        if (each.name == name) return each;
-    throw std::runtime_error("no export " + name);
+    static const std::map<std::string, const Export*> by_name = [] {
+        std::map<std::string, const Export*> all;
+        for (const Export& each : exports()) all[each.name] = &each;
+        return all;
+    }();
+    const auto found = by_name.find(name);
+    if (found == by_name.end()) throw std::runtime_error("no export " + name);
+    return *found->second;
 }
 
 int& code() {
