@@ -54,7 +54,8 @@ double Export::operator()(const Pointers& at, int* region_given, double* result)
     if (name == "ECODETUL") return invoke<int>(symbol);
     const double* in[4] = {};
     for (std::size_t k = 0; k < inputs.size(); ++k) in[k] = at[inputs[k]];
-    if (region && out) return invoke<void>(symbol, in[0], in[1], in[2], region_given, result), *result;
+    if (region && out)
+        return invoke<void>(symbol, in[0], in[1], in[2], region_given, result), *result;
     if (out) return invoke<void>(symbol, in[0], in[1], result), *result;
     if (region) return invoke<double>(symbol, in[0], in[1], region_given);
     switch (inputs.size()) {

@@ -18,8 +18,8 @@ inline constexpr double not_a_number = std::numeric_limits<double>::quiet_NaN();
 
 // What an export may be given by reference, without region and result.
 enum Name : unsigned { p, T, v, d, h, s, x, wavelength, d_start, tolerance, names };
-inline constexpr const char* spelling[names] = {
-    "p", "T", "v", "d", "h", "s", "x", "wavelength", "d_start", "tolerance"};
+inline constexpr const char* spelling[names] = {"p", "T", "v",          "d",       "h",
+                                                "s", "x", "wavelength", "d_start", "tolerance"};
 
 using Values = std::array<double, names>;
 using Pointers = std::array<const double*, names>;

@@ -53,7 +53,8 @@ std::vector<Coefficient> published(const char* name) {
     std::ifstream file(std::string(VAPRIX_PUBLISHED) + name);
     for (std::string line; std::getline(file, line);) {
         Coefficient one{};
-        if (std::sscanf(line.c_str(), "%*d,%d,%d,%lf", &one.I, &one.J, &one.n) == 3) all.push_back(one);
+        if (std::sscanf(line.c_str(), "%*d,%d,%d,%lf", &one.I, &one.J, &one.n) == 3)
+            all.push_back(one);
     }
     return all;
 }
@@ -72,7 +73,9 @@ double p3sat_s(double of_s) {
     return p3sat(table, of_s / 5.2 - 1.03, of_s / 5.2 - 0.699);
 }
 // Temperature of the B23 line, IAPWS R7-97(2012), Eq. (6).
-double T_b23(double of_p) { return 0.57254459862746e3 + std::sqrt((of_p - 0.13918839778870e2) / 0.10192970039326e-2); }
+double T_b23(double of_p) {
+    return 0.57254459862746e3 + std::sqrt((of_p - 0.13918839778870e2) / 0.10192970039326e-2);
+}
 
 struct Pair {
     Name y;
@@ -88,8 +91,8 @@ struct Pair {
 };
 const Pair pairs[] = {{h, REGIONPH, HPT1N, HPT2N, HPT5N, p3sat_h, -0.04158782623017032, 7376.98028,
                        4084.04905441735, infinity, T_high},
-                      {s, REGIONPS, SPT1N, SPT2N, SPT5N, p3sat_s, -0.008582287092621963, 13.9049560904359,
-                       7.15370696228142, 9.2, 2273.2}};
+                      {s, REGIONPS, SPT1N, SPT2N, SPT5N, p3sat_s, -0.008582287092621963,
+                       13.9049560904359, 7.15370696228142, 9.2, 2273.2}};
 
 // The lines of an isobar in the order they are met, and the regions between them.
 struct Isobar {
@@ -113,8 +116,12 @@ int region_py(const Pair& pair, double of_p, double y, const Isobar& at) {
 // Lines that are not known to the last digit: B23 in T, p3sat, the corner of four regions, where the
 // printed limits are rounded, and the end of region 5, which a search settles.
 bool unsure(const Pair& pair, double of_p, double y, const Isobar& at) {
-    const auto within = [y](double line, double relative) { return std::fabs(y - line) <= relative * std::fabs(line); };
-    return (at.dense && within(at.vapour, 1e-14)) || (at.dense && of_p < 16.53 && within(at.liquid, 1e-9)) || (!at.dense && within(at.hot, 1e-5)) ||
+    const auto within = [y](double line, double relative) {
+        return std::fabs(y - line) <= relative * std::fabs(line);
+    };
+    return (at.dense && within(at.vapour, 1e-14)) ||
+           (at.dense && of_p < 16.53 && within(at.liquid, 1e-9)) ||
+           (!at.dense && within(at.hot, 1e-5)) ||
            (at.dense && of_p < p_crit && y > at.liquid && y < at.vapour &&
             std::fabs(of_p / pair.p3sat(y) - 1) < 1e-11);
 }
@@ -135,23 +142,26 @@ TEST(Regions, OfPressureAndEnthalpyOrEntropy) {
             ASSERT_EQ(static_cast<int>(pair.region(&of_p, &y)), region_py(pair, of_p, y, at))
                 << digits(find(pair.y == h ? "TOPH" : "TOPS"), values(pair, of_p, y));
         };
-        for (int k = states(0.05); k > 0; --k) {
-            const double of_p =
-                k % 4 != 0 ? random.pressure() : steps(random.one_of({p_low, p_13, p_crit, p_high_5, p_high}), random.integer(-2, 2));
+        for (int k = states(0.4); k > 0; --k) {
+            const double of_p = k % 4 != 0
+                                    ? random.pressure()
+                                    : steps(random.one_of({p_low, p_13, p_crit, p_high_5, p_high}),
+                                            random.integer(-2, 2));
             const Isobar at(pair, of_p);
-            for (const double line : {at.cold, at.liquid, at.vapour, at.T25, at.hot, pair.low, pair.high, pair.first_5}) {
+            for (const double line : {at.cold, at.liquid, at.vapour, at.T25, at.hot, pair.low,
+                                      pair.high, pair.first_5}) {
                 check(of_p, steps(line, random.integer(-3, 3)), at);
                 check(of_p, line * (1 + random.offset(1e-14, 1e-2)), at);
             }
             check(of_p, random.uniform(pair.low, pair.high), at);
             check(of_p, random.uniform(at.liquid, at.vapour), at);
         }
-        for (int k = states(0.05); k > 0; --k) {  // beside the line of wet steam in region 3
+        for (int k = states(0.4); k > 0; --k) {  // beside the line of wet steam in region 3
             const double y = random.uniform(pair.y1(&p_13, &T_13), pair.y2(&p_13, &T_13));
             const double of_p = pair.p3sat(y) * (1 + random.offset(1e-11, 1e-2));
             if (of_p > p_13 && of_p < p_high) check(of_p, y, Isobar(pair, of_p));
         }
-        EXPECT_LT(unknown, states(0.15));
+        EXPECT_LT(unknown, states(1.2));
     }
 }
 

@@ -15,10 +15,10 @@
 namespace strata {
 
 // Limits of the formulation, MPa and K.
-inline constexpr double p_low = 0.0006112127, p_13 = 16.52916425260452, p_crit = 22.064, p_high_5 = 50,
-                        p_high = 100;
-inline constexpr double T_low = 273.15, T_13 = 623.15, T_crit = 647.096, T_23 = 863.15, T_25 = 1073.15,
-                        T_high = 2273.15;
+inline constexpr double p_low = 0.0006112127, p_13 = 16.52916425260452, p_crit = 22.064,
+                        p_high_5 = 50, p_high = 100;
+inline constexpr double T_low = 273.15, T_13 = 623.15, T_crit = 647.096, T_23 = 863.15,
+                        T_25 = 1073.15, T_high = 2273.15;
 inline constexpr double R = 0.461526;  // kJ/(kg K)
 
 inline double up(double number) { return std::nextafter(number, bound::infinity); }

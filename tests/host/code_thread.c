@@ -2,16 +2,19 @@
 // The error code as a host sees it: CODE is the initial thread's storage, ECODETUL the calling
 // thread's code; a thread starts at 0, and a code stays until that thread stores another.
 //
-//   code_thread LIBRARY initial|other|reload
+//   code_thread LIBRARY initial|other|reload|fork
 //
 // says which thread loads the library and fails first: the initial one, another one, or the initial
-// one after it has loaded and unloaded the library many times.
+// one after it has loaded and unloaded the library many times; fork: and that a child has the code
+// of the thread that forked, which is 0 if that had never called the library.
 #define _POSIX_C_SOURCE 200809L
 #include "host.h"
 
 #include <math.h>
 #include <pthread.h>
 #include <sched.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 enum { outside = -10055, no_such_t_sat = -10019, no_such_p_sat = -10020 };
 static const double failed = -99999.0;
@@ -123,6 +126,23 @@ static void* keep_apart(void* first) {
     return NULL;
 }
 
+static void* fork_child(void* calls) {
+    if (calls != NULL) store(1);
+    const int expected_code = calls != NULL ? no_such_t_sat : 0;
+    const pid_t child = fork();
+    if (child == 0) {
+        int right = lib.ecodetul() == expected_code;
+        store(0);
+        right &= lib.ecodetul() == outside;
+        _exit(right ? 0 : 1);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    CHECK(child > 0 && status == 0, "a child forked from a thread that %s the library",
+          calls != NULL ? "called" : "never called");
+    return NULL;
+}
+
 static void check_threads(void) {
     enum { thread_count = 16 };
     static pthread_t threads[thread_count];
@@ -150,7 +170,7 @@ static void check_threads(void) {
 
 int main(int argc, char* argv[]) {
     if (argc != 3) {
-        fputs("usage: code_thread LIBRARY initial|other|reload\n", stderr);
+        fputs("usage: code_thread LIBRARY initial|other|reload|fork\n", stderr);
         return 2;
     }
     library_path = argv[1];
@@ -161,5 +181,9 @@ int main(int argc, char* argv[]) {
     check_initial_thread();
     check_code_sticks();
     check_threads();
+    if (strcmp(argv[2], "fork") == 0) {
+        run(fork_child, NULL);
+        run(fork_child, argv);
+    }
     return atomic_load(&failures) == 0 ? 0 : 1;
 }
