@@ -229,10 +229,13 @@ private:
             (given(p) && (given(h) || given(s))) || (given(T) && (given(v) || given(d)));
         EXPECT_TRUE(!mended || !strict || region == 4 || call<REGIONPT>(f[p], f[T]) != 0) << tell();
         if (region != 3 || f[T] > T_crit - 1e-9 || f[p] > p_crit) return;
-        const double ts = call<TOP>(f[p]);
+        const double ts = call<TOP>(f[p]), ps = call<PBT>(f[T]);
         if (given(p)) {
             EXPECT_GT(std::fabs(f[T] - ts), 0.85e-12) << tell();
             EXPECT_TRUE(stopped || f[p] > 22.06 || (f[d] > 322) == (f[T] < ts)) << tell();
+        } else if (given(T) && !given(v) && !given(d)) {
+            EXPECT_GT(std::fabs(f[p] / ps - 1), 0.85e-12) << tell();
+            EXPECT_TRUE(f[T] > 647 || (f[d] > 322) == (f[p] > ps)) << tell();
         }
     }
     void check_others() const {
