@@ -5,9 +5,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
-#include <fstream>
-#include <string>
 #include <vector>
 
 #include "bound.hpp"
@@ -44,37 +41,24 @@ TEST(Regions, OfPressureAndTemperature) {
     }
 }
 
-struct Coefficient {
-    int I, J;
-    double n;
-};
-std::vector<Coefficient> published(const char* name) {
-    std::vector<Coefficient> all;
-    std::ifstream file(std::string(VAPRIX_PUBLISHED) + name);
-    for (std::string line; std::getline(file, line);) {
-        Coefficient one{};
-        if (std::sscanf(line.c_str(), "%*d,%d,%d,%lf", &one.I, &one.J, &one.n) == 3)
-            all.push_back(one);
-    }
-    return all;
-}
 // IAPWS SR3-03(2014), Eqs. (10) and (11).
-double p3sat(const std::vector<Coefficient>& table, double a, double b) {
+double p3sat(const std::vector<std::vector<double>>& table, double a, double b) {
     double sum = 0;
-    for (const auto& [I, J, n] : table) sum += n * std::pow(a, I) * std::pow(b, J);
+    for (const auto& row : table) sum += row[3] * std::pow(a, row[1]) * std::pow(b, row[2]);
     return 22 * sum;
 }
 double p3sat_h(double of_h) {
-    static const auto table = published("/region3_phps/p3sat_h.csv");
+    static const auto table = published("region3_phps/p3sat_h.csv");
     return p3sat(table, of_h / 2600 - 1.02, of_h / 2600 - 0.608);
 }
 double p3sat_s(double of_s) {
-    static const auto table = published("/region3_phps/p3sat_s.csv");
+    static const auto table = published("region3_phps/p3sat_s.csv");
     return p3sat(table, of_s / 5.2 - 1.03, of_s / 5.2 - 0.699);
 }
 // Temperature of the B23 line, IAPWS R7-97(2012), Eq. (6).
 double T_b23(double of_p) {
-    return 0.57254459862746e3 + std::sqrt((of_p - 0.13918839778870e2) / 0.10192970039326e-2);
+    static const auto n = published("if97/t01_b23.csv");
+    return n[3][1] + std::sqrt((of_p - n[4][1]) / n[2][1]);
 }
 
 struct Pair {
