@@ -4,7 +4,9 @@
 #include <dlfcn.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
 #include <map>
 #include <sstream>
@@ -102,6 +104,20 @@ Answer ask(const Export& function, const Values& at, int region) {
     code() = untouched;
     const double value = function(in, &region, &result);
     return {value, code(), region};
+}
+
+std::vector<std::vector<double>> published(const std::string& file) {
+    std::vector<std::vector<double>> rows;
+    std::ifstream table(VAPRIX_PUBLISHED "/" + file);
+    for (std::string line; std::getline(table, line);) {
+        if (std::isdigit(static_cast<unsigned char>(line[0])) == 0) continue;
+        std::istringstream columns(line);
+        rows.emplace_back();
+        for (std::string column; std::getline(columns, column, ',');)
+            rows.back().push_back(std::strtod(column.c_str(), nullptr));
+    }
+    if (rows.empty()) throw std::runtime_error("no published table " + file);
+    return rows;
 }
 
 std::string digits(const Export& function, const Values& at) {

@@ -53,6 +53,9 @@ double call(Doubles... of) {
     return Function(&of...);
 }
 
+// The rows of a published table; a number that is left out is 0.
+std::vector<std::vector<double>> published(const std::string& file);
+
 // The numbers of the named arguments, with 17 digits.
 std::string digits(const Export& function, const Values& at);
 
