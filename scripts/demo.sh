@@ -14,4 +14,4 @@ cmake --preset release -DVAPRIX_BUILD_TESTS=OFF -DVAPRIX_BUILD_BENCHMARKS=OFF -B
     cat build/demo.log >&2
     exit 1
 }
-build/demo/examples/plant --library build/demo/VAPRIX/libvaprix.so "$stations"
+build/demo/examples/plant build/demo/VAPRIX/libvaprix.so "$stations"
