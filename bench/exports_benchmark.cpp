@@ -1,101 +1,371 @@
 // SPDX-License-Identifier: MIT
 //
-// Cost of each export through its exported symbol, over random states of its region; beside it the
-// term-by-term evaluation of the same equation, and the floor, in the same run. Prints Markdown.
+// Cost of each export through its exported symbol, by reference, over random states; beside it, in the
+// same loop and over the same states, the term-by-term evaluation of the same equation and the floor:
+// the library's own equation alone, inlined, with no region decision and no call.
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
-#include <cstdio>
 #include <map>
 #include <regex>
 #include <string>
-#include <string_view>
-#include <vector>
+#include <utility>
 
-#include "machine.hpp"
-#include "rows.hpp"
+#include "pt/properties.hpp"
+#include "reference/published.hpp"
+#include "regions/b23.hpp"
+#include "states.hpp"
+// clang-format off: the equations as source, so that they inline into the loops
+#include "regions/region1.cpp"
+#include "regions/region2.cpp"
+#include "regions/region3.cpp"
+#include "regions/region3_density.cpp"
+#include "regions/region5.cpp"
+#include "regions/saturation_line.cpp"
+// clang-format on
 
 namespace {
 
-std::string title(const Row& row) { return std::string(row.name) + "/" + name_of(row.set); }
+namespace pt = vaprix::pt;
+using pt::Property;
+using vaprix::region1;
+using vaprix::region2;
+using vaprix::region3;
 
-// Median of the repetitions of each loop, ns a call of processor time. Loops that rows share are
-// measured once.
-class Medians : public benchmark::BenchmarkReporter {
-    std::map<Loop, std::map<Set, std::string>> names;
-    std::map<std::string, double> ns;
+using Variable = double State::*;
+constexpr Variable p = &State::p, T = &State::t, d = &State::d, v = &State::v, h = &State::h,
+                   s = &State::s, x = &State::x;
+
+// Times one call on one state after the other: the one loop everything is measured in.
+using Loop = void (*)(benchmark::State&, const State*);
+template <class Call>
+[[gnu::flatten]] void loop(benchmark::State& run, const State* all) {
+    std::size_t k = 0;
+    for (auto _ : run) {
+        benchmark::DoNotOptimize(Call::of(all[k]));
+        k = (k + 1) & (count - 1);
+    }
+}
+
+template <auto function, Variable... variables>
+struct ByReference {
+    static double of(const State& a) { return function(&(a.*variables)...); }
+};
+template <auto function, Variable... variables>
+struct ByValue {
+    static double of(const State& a) { return function((a.*variables)...); }
+};
+// An export of these variables, and an equation of these variables.
+template <auto function, Variable... variables>
+constexpr Loop call = loop<ByReference<function, variables...>>;
+template <auto function, Variable... variables>
+constexpr Loop equation = loop<ByValue<function, variables...>>;
+
+// What an export is compared with.
+struct Beside {
+    Loop plain = nullptr;  // term by term
+    Loop floor = nullptr;
+};
+
+// Registers an export of a set of states if the filter lets it through. Loops that exports share are
+// measured once; the label of an export names what it is compared with.
+class Rows {
+    Set set;
+
+    [[nodiscard]] std::string measure(Loop timed, const std::string& name,
+                                      const std::string& label = "") const {
+        static std::map<std::pair<Loop, Set>, std::string> names;
+        if (timed == nullptr) return "";
+        const auto [known, is_new] = names.try_emplace({timed, set}, name);
+        if (is_new) {
+            const auto run = [timed, set = set, label](benchmark::State& state) {
+                timed(state, states(set).data());
+                state.SetLabel(label);
+            };
+            benchmark::RegisterBenchmark(name.c_str(), run)->MinTime(0.05);
+        }
+        return known->second;
+    }
 
 public:
-    void measure(Loop loop, const Row& row, const char* what) {
-        if (loop == nullptr) return;
-        std::string& name = names[loop][row.set];
-        if (!name.empty()) return;
-        name = title(row) + what;
-        const std::vector<State>& all = states(row.set);
-        benchmark::RegisterBenchmark(name.c_str(), [loop, &all](benchmark::State& run) {
-            loop(run, all);
-        })->MinTime(0.05);
-    }
-
-    // 0 where nothing was measured.
-    double of(Loop loop, Set set) const {
-        return loop == nullptr ? 0 : ns.at(names.at(loop).at(set));
-    }
-
-    bool ReportContext(const Context& /* context */) override { return true; }
-    void ReportRuns(const std::vector<Run>& runs) override {
-        std::vector<double> times;
-        for (const Run& run : runs) {
-            if (run.run_type == Run::RT_Iteration) times.push_back(run.GetAdjustedCPUTime());
-        }
-        if (times.empty()) return;
-        const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-        std::nth_element(times.begin(), middle, times.end());
-        const std::string& name = runs[0].run_name.function_name;
-        ns[name] = *middle;
-        std::fprintf(stderr, "%10.1f ns  %s\n", *middle, name.c_str());
+    explicit Rows(Set of) : set(of) {}
+    void operator()(const char* name, Loop library, Beside beside = {}) const {
+        static const std::regex filter(benchmark::GetBenchmarkFilter());
+        const auto index = static_cast<std::size_t>(set);
+        const std::string title = std::string(name) + "/" + set_names[index];
+        if (!std::regex_search(title, filter)) return;
+        const std::string plain = measure(beside.plain, title + ", term by term");
+        const std::string floor = measure(beside.floor, title + ", floor");
+        (void)measure(library, title, plain + "|" + floor);
     }
 };
 
-std::string cell(double value, int digits) {
-    if (!(value > 0)) return "-";
-    char text[32];
-    std::snprintf(text, sizeof text, "%.*f", digits, value);
-    return text;
+// Term by term: the published equations. They are not to be inlined.
+using Published = published::State<double>;
+using Of = double (Published::*)() const;
+template <int region, Of property>
+[[gnu::noinline]] double published_of(double p_or_d, double t) {
+    return (Published(region, p_or_d, t).*property)();
+}
+template <published::Choice<double> choice>
+[[gnu::noinline]] double published_by(double a, double b) {
+    return choice(a, b)(a, b);
+}
+const published::Equation<double>& t1_ph(double /* p */, double /* h */) {
+    static const auto& found = published::equation<double>("t1_ph");
+    return found;
+}
+const published::Equation<double>& t1_ps(double /* p */, double /* s */) {
+    static const auto& found = published::equation<double>("t1_ps");
+    return found;
+}
+template <auto function>
+[[gnu::noinline]] double published_line(double of) {
+    return function(of);
+}
+[[gnu::noinline]] double published_region(double of_p, double of_t) {
+    return published::region(of_p, of_t);
+}
+constexpr auto h1 = published_of<1, &Published::h>, h2 = published_of<2, &Published::h>;
+constexpr auto v1 = published_of<1, &Published::v>, v2 = published_of<2, &Published::v>;
+constexpr auto ps = published_line<published::psat<double>>,
+               ts = published_line<published::tsat<double>>;
+
+// The library's equation of a property in a region, of (p, T), in region 3 of (density, T). Of the
+// volume of region 3 it is the pressure, on which a search for the volume is made.
+constexpr Property volume{region1::v, region2::v, region3::p, vaprix::region5::v};
+template <int region, const Property& property>
+constexpr Property::Function in = region == 1   ? property.region1
+                                  : region == 2 ? property.region2
+                                  : region == 3 ? property.region3
+                                                : property.region5;
+
+// Region 3 of (p, T) by the published backward volume.
+template <const Property& property>
+double by_backward_volume(double of_p, double of_t) {
+    const double found = region3::v_pt(of_p, of_t);
+    return &property == &volume ? found : property.region3(1 / found, of_t);
 }
 
-void print_table(const std::vector<Row>& table, const Medians& ns) {
-    std::puts("| export | states | ns a call | times faster than term by term | times the floor |");
-    std::puts("|---|---|---|---|---|");
-    for (const Row& row : table) {
-        const double own = ns.of(row.library, row.set);
-        const double floor = ns.of(row.floor, row.set);
-        std::printf("| `%s` | %s | %s | %s | %s |\n", row.name, name_of(row.set),
-                    cell(own, 1).c_str(), cell(ns.of(row.baseline, row.set) / own, 1).c_str(),
-                    cell(floor > 0 ? own / floor : 0, 2).c_str());
-    }
+// A property at the temperature of (p, y), at the saturation pressure of T, at the saturation
+// temperature of p; vapour less liquid; wet steam of (T, x) and (p, x); quality of (p, y) and (T, y).
+template <auto y, auto t_of>
+double at_t(double of_p, double given) {
+    return y(of_p, t_of(of_p, given));
+}
+template <auto y, auto psat>
+double of_t(double t) {
+    return y(psat(t), t);
+}
+template <auto y, auto tsat>
+double of_p(double pressure) {
+    return y(pressure, tsat(pressure));
+}
+template <auto y1, auto y2, auto psat>
+double vaporisation(double t) {
+    return of_t<y2, psat>(t) - of_t<y1, psat>(t);
+}
+template <auto y1, auto y2>
+double mixture(double pressure, double t, double quality) {
+    const double liquid = y1(pressure, t);
+    return liquid + quality * (y2(pressure, t) - liquid);
+}
+template <auto y1, auto y2, auto psat>
+double of_tx(double t, double quality) {
+    return mixture<y1, y2>(psat(t), t, quality);
+}
+template <auto y1, auto y2, auto tsat>
+double of_px(double pressure, double quality) {
+    return mixture<y1, y2>(pressure, tsat(pressure), quality);
+}
+template <auto y1, auto y2>
+double quality_at(double pressure, double t, double y) {
+    const double liquid = y1(pressure, t);
+    return (y - liquid) / (y2(pressure, t) - liquid);
+}
+template <auto y1, auto y2, auto tsat>
+double x_of_py(double pressure, double y) {
+    return quality_at<y1, y2>(pressure, tsat(pressure), y);
+}
+template <auto y1, auto y2, auto psat>
+double x_of_ty(double t, double y) {
+    return quality_at<y1, y2>(psat(t), t, y);
 }
 
-// The weighted mix as one figure, if all of it was measured.
-void print_mix(const std::vector<Row>& table, const Medians& ns) {
-    double own = 0;
-    double baseline = 0;
-    double floor = 0;
-    double percent = 0;
-    for (const Share& share : mix) {
-        const auto row = std::find_if(table.begin(), table.end(), [&](const Row& a) {
-            return a.set == share.set && std::string_view(a.name) == share.name;
-        });
-        if (row == table.end()) return;
-        own += share.percent * ns.of(row->library, row->set);
-        baseline += share.percent * ns.of(row->baseline, row->set);
-        floor += share.percent * ns.of(row->floor, row->set);
-        percent += share.percent;
+// Comparisons of the O- and of the B-family. Where a result is searched for: one evaluation of what is
+// searched on.
+template <int region>
+constexpr Variable first = region == 3 ? d : p;
+template <int region, Of property>
+constexpr Of searched_on = region == 3 && property == &Published::v ? &Published::p : property;
+template <int k, Of plain, const Property& own>
+constexpr Beside o = {equation<published_of<k, searched_on<k, plain>>, first<k>, T>,
+                      equation<in<k, own>, first<k>, T>};
+template <int k, Of plain, const Property& own>
+constexpr Beside b = o<k, plain, own>;
+template <Of plain, const Property& own>
+constexpr Beside b<3, plain, own> = {o<3, plain, own>.plain,
+                                     equation<by_backward_volume<own>, p, T>};
+template <auto plain, auto own, Variable... variables>
+constexpr Beside both = {equation<plain, variables...>, equation<own, variables...>};
+
+template <int region>
+constexpr Set set_of = region == 5 ? Set::region5 : static_cast<Set>(region - 1);
+
+template <int region>
+struct HptGiven {
+    static double of(const State& a) {
+        int given = region;
+        return HPT(&a.p, &a.t, &given);
     }
-    std::printf(
-        "\nMix weighted by frequency of use (IAPWS R7-97(2012), Tables 45 and 46): %.1f ns a call, "
-        "%.1f times faster than term by term, %.2f times the floor.\n",
-        own / percent, baseline / own, own / floor);
+};
+struct Diter3 {
+    static double of(const State& a) {
+        const double start = 1.01 * a.d;
+        const double tolerance = 1e-6;
+        return DITER3(&a.p, &a.t, &start, &tolerance);
+    }
+};
+
+template <int k>
+void add_pt() {
+    using P = Published;
+    const Rows add(set_of<k>);
+    add("REGIONPT", call<REGIONPT, p, T>, {equation<published_region, p, T>});
+    add("HPT", loop<HptGiven<k>>, b<k, &P::h, pt::h>);
+    add("VBPT", call<VBPT, p, T>, b<k, &P::v, volume>);
+    add("HBPT", call<HBPT, p, T>, b<k, &P::h, pt::h>);
+    add("SBPT", call<SBPT, p, T>, b<k, &P::s, pt::s>);
+    add("UBPT", call<UBPT, p, T>, b<k, &P::u, pt::u>);
+    add("FBPT", call<FBPT, p, T>, b<k, &P::f, pt::f>);
+    add("GBPT", call<GBPT, p, T>, b<k, &P::g, pt::g>);
+    add("CPBPT", call<CPBPT, p, T>, b<k, &P::cp, pt::cp>);
+    add("CVBPT", call<CVBPT, p, T>, b<k, &P::cv, pt::cv>);
+    add("WBPT", call<WBPT, p, T>, b<k, &P::w, pt::w>);
+    add("DOPT", call<DOPT, p, T>, o<k, &P::v, volume>);
+    add("VOPT", call<VOPT, p, T>, o<k, &P::v, volume>);
+    add("HOPT", call<HOPT, p, T>, o<k, &P::h, pt::h>);
+    add("SOPT", call<SOPT, p, T>, o<k, &P::s, pt::s>);
+    add("CPOPT", call<CPOPT, p, T>, o<k, &P::cp, pt::cp>);
+    add("WOPT", call<WOPT, p, T>, o<k, &P::w, pt::w>);
+    add("POTD", call<POTD, T, d>, o<k, &P::v, volume>);
+    add("HOTD", call<HOTD, T, d>, o<k, &P::h, pt::h>);
+}
+
+template <int k, auto plain_t_ph, auto t_ph, auto plain_t_ps, auto t_ps>
+void add_backward() {
+    using P = Published;
+    constexpr auto v_k = published_of<k, &P::v>, h_k = published_of<k, &P::h>;
+    constexpr auto s_k = published_of<k, &P::s>, w_k = published_of<k, &P::w>;
+    const Rows add(set_of<k>);
+    add("TBPH", call<TBPH, p, h>, both<plain_t_ph, t_ph, p, h>);
+    add("VBPH", call<VBPH, p, h>, both<at_t<v_k, plain_t_ph>, at_t<in<k, volume>, t_ph>, p, h>);
+    add("SBPH", call<SBPH, p, h>, both<at_t<s_k, plain_t_ph>, at_t<in<k, pt::s>, t_ph>, p, h>);
+    add("WBPH", call<WBPH, p, h>, both<at_t<w_k, plain_t_ph>, at_t<in<k, pt::w>, t_ph>, p, h>);
+    add("TBPS", call<TBPS, p, s>, both<plain_t_ps, t_ps, p, s>);
+    add("HBPS", call<HBPS, p, s>, both<at_t<h_k, plain_t_ps>, at_t<in<k, pt::h>, t_ps>, p, s>);
+}
+
+template <int k>
+void add_searched() {
+    using P = Published;
+    const Rows add(set_of<k>);
+    add("REGIONPH", call<REGIONPH, p, h>);
+    add("TOPH", call<TOPH, p, h>, o<k, &P::h, pt::h>);
+    add("VOPH", call<VOPH, p, h>, o<k, &P::h, pt::h>);
+    add("SOPH", call<SOPH, p, h>, o<k, &P::h, pt::h>);
+    add("CPOPH", call<CPOPH, p, h>, o<k, &P::h, pt::h>);
+    add("REGIONPS", call<REGIONPS, p, s>);
+    add("TOPS", call<TOPS, p, s>, o<k, &P::s, pt::s>);
+    add("HOPS", call<HOPS, p, s>, o<k, &P::s, pt::s>);
+}
+
+void add_region3() {
+    using namespace published;
+    const Rows add(Set::region3);
+    add("HVT3N", call<HVT3N, v, T>, o<3, &Published::h, pt::h>);
+    add("DITER3", loop<Diter3>, o<3, &Published::v, volume>);
+    add("TBPH", call<TBPH, p, h>, both<published_by<t3_ph<double>>, region3::t_ph, p, h>);
+    add("DBPH", call<DBPH, p, h>, both<published_by<v3_ph<double>>, region3::v_ph, p, h>);
+    add("SBPH", call<SBPH, p, h>);
+    add("TBPS", call<TBPS, p, s>, both<published_by<t3_ps<double>>, region3::t_ps, p, s>);
+    add("DBPS", call<DBPS, p, s>, both<published_by<v3_ps<double>>, region3::v_ps, p, s>);
+    add("HBPS", call<HBPS, p, s>);
+}
+
+void add_region5() {
+    const Rows add(Set::region5);
+    add("TPH5N", call<TPH5N, p, h>, o<5, &Published::h, pt::h>);
+    add("TPS5N", call<TPS5N, p, s>, o<5, &Published::s, pt::s>);
+}
+
+// Transport and other physical properties, derived properties and pairs: compared with nothing.
+void add_further(Set set) {
+    const Rows add(set);
+    add("ETABPT", call<ETABPT, p, T>);
+    add("TCOBPT", call<TCOBPT, p, T>);
+    add("PRBPT", call<PRBPT, p, T>);
+    add("EPSBPT", call<EPSBPT, p, T>);
+    add("ETAOTD", call<ETAOTD, T, d>);
+    add("ALVBPT", call<ALVBPT, p, T>);
+    add("CAPBPT", call<CAPBPT, p, T>);
+    add("FUGBPT", call<FUGBPT, p, T>);
+    add("PBHS", call<PBHS, h, s>);
+    add("TBHS", call<TBHS, h, s>);
+    add("TOHS", call<TOHS, h, s>);
+    add("TOPV", call<TOPV, p, v>);
+    add("POTH", call<POTH, T, h>);
+    add("POTS", call<POTS, T, s>);
+    add("TBVH", call<TBVH, v, h>);
+    add("TBVS", call<TBVS, v, s>);
+}
+
+void add_line() {
+    constexpr auto psat = vaprix::psat<double>, tsat = vaprix::tsat<double>;
+    constexpr Beside h1_t = both<of_t<h1, ps>, of_t<region1::h, psat>, T>;
+    constexpr auto ts_p = published_line<published::tsat_p<double>>;
+    const Rows add(Set::line);
+    add("PBT", call<PBT, T>, both<ps, psat, T>);
+    add("TBP", call<TBP, p>, both<ts, tsat, p>);
+    add("TOP", call<TOP, p>, both<ts, tsat, p>);
+    add("DTBPDP", call<DTBPDP, p>, both<ts_p, vaprix::tsat_p<double>, p>);
+    add("H1BT", call<H1BT, T>, h1_t);
+    add("H2BT", call<H2BT, T>, both<of_t<h2, ps>, of_t<region2::h, psat>, T>);
+    add("H1BP", call<H1BP, p>, both<of_p<h1, ts>, of_p<region1::h, tsat>, p>);
+    add("H2BP", call<H2BP, p>, both<of_p<h2, ts>, of_p<region2::h, tsat>, p>);
+    add("H1OT", call<H1OT, T>, h1_t);
+    add("HVAPOT", call<HVAPOT, T>,
+        both<vaporisation<h1, h2, ps>, vaporisation<region1::h, region2::h, psat>, T>);
+    Rows{Set::dense}("H1BT", call<H1BT, T>, o<3, &Published::h, pt::h>);
+}
+
+void add_wet() {
+    constexpr auto psat = vaprix::psat<double>, tsat = vaprix::tsat<double>;
+    constexpr Beside h_tx = both<of_tx<h1, h2, ps>, of_tx<region1::h, region2::h, psat>, T, x>;
+    constexpr Beside x_ph = both<x_of_py<h1, h2, ts>, x_of_py<region1::h, region2::h, tsat>, p, h>;
+    const Rows add(Set::wet);
+    add("HBTX", call<HBTX, T, x>, h_tx);
+    add("HOTX", call<HOTX, T, x>, h_tx);
+    add("DOPX", call<DOPX, p, x>,
+        both<of_px<v1, v2, ts>, of_px<region1::v, region2::v, tsat>, p, x>);
+    add("REGIONPH", call<REGIONPH, p, h>);
+    add("TBPH", call<TBPH, p, h>, both<ts, tsat, p>);
+    add("XBPH", call<XBPH, p, h>, x_ph);
+    add("SBPH", call<SBPH, p, h>);
+    add("TOPH", call<TOPH, p, h>, both<ts, tsat, p>);
+    add("XOTD", call<XOTD, T, d>,
+        both<x_of_ty<v1, v2, ps>, x_of_ty<region1::v, region2::v, psat>, T, v>);
+    add("POTD", call<POTD, T, d>, both<ps, psat, T>);
+    add("HOTD", call<HOTD, T, d>);
+}
+
+void add_mixed() {
+    const Rows add(Set::mixed);
+    add("REGIONPT", call<REGIONPT, p, T>, {equation<published_region, p, T>});
+    add("HBPT", call<HBPT, p, T>);
+    add("HOPT", call<HOPT, p, T>);
+    add("TBPH", call<TBPH, p, h>);
+    add("TOPH", call<TOPH, p, h>);
+    add("HOTD", call<HOTD, T, d>);
 }
 
 }  // namespace
@@ -103,21 +373,27 @@ void print_mix(const std::vector<Row>& table, const Medians& ns) {
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    const std::string given = benchmark::GetBenchmarkFilter();
-    const std::regex filter(given.empty() ? "." : given);
-
-    std::vector<Row> table;
-    Medians medians;
-    for (const Row& row : rows()) {
-        if (!std::regex_search(title(row), filter)) continue;
-        table.push_back(row);
-        medians.measure(row.library, row, "");
-        medians.measure(row.baseline, row, ", term by term");
-        medians.measure(row.floor, row, ", floor");
-    }
-    benchmark::RunSpecifiedBenchmarks(&medians, ".");
-    std::printf("%s\n", machine().c_str());
-    print_table(table, medians);
-    print_mix(table, medians);
-    benchmark::Shutdown();
+    benchmark::AddCustomContext("compiler", BENCH_COMPILER);
+    benchmark::AddCustomContext("flags", BENCH_FLAGS);
+    published::equations<double>();  // read before anything is timed
+    // a bare call
+    Rows{Set::region1}("HPT1N", call<HPT1N, p, T>, o<1, &Published::h, pt::h>);
+    add_pt<1>();
+    add_pt<2>();
+    add_pt<3>();
+    add_pt<5>();
+    add_backward<1, published_by<t1_ph>, region1::t_ph, published_by<t1_ps>, region1::t_ps>();
+    add_backward<2, published_by<published::t2_ph<double>>, region2::t_ph,
+                 published_by<published::t2_ps<double>>, region2::t_ps>();
+    add_region3();
+    add_region5();
+    add_searched<1>();
+    add_searched<2>();
+    add_searched<3>();
+    add_searched<5>();
+    for (const Set set : {Set::region1, Set::region2, Set::region3}) add_further(set);
+    add_line();
+    add_wet();
+    add_mixed();
+    benchmark::RunSpecifiedBenchmarks(".");
 }

@@ -1,22 +1,19 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
 #
-# Installs what the build and the tests need, as Debian packages; the one place that names them.
+# Installs what is missing, as Debian packages; the one place that names them. The parts build on each other.
+# Usage: scripts/setup.sh [demo | test | bench]   (default: all of them)
 set -eu
 
-packages="
-  binutils
-  clang
-  clang-format
-  clang-tidy
-  cmake
-  g++
-  libbenchmark-dev
-  libclang-rt-14-dev
-  libgtest-dev
-  ninja-build
-  python3
-"
+demo="cmake g++ ninja-build python3"
+test="binutils clang clang-format clang-tidy libbenchmark-dev libclang-rt-14-dev libgtest-dev"
+bench="python3-matplotlib"
+case ${1:-bench} in
+    demo) packages=$demo ;;
+    test) packages="$demo $test" ;;
+    bench) packages="$demo $test $bench" ;;
+    *) sed -n 's/^# Usage/Usage/p' "$0" >&2 && exit 2 ;;
+esac
 
 missing=""
 for package in $packages; do

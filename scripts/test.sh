@@ -7,7 +7,7 @@
 set -eu
 cd "$(dirname "$0")/.."
 
-sh scripts/setup.sh
+sh scripts/setup.sh test
 sh scripts/lint.sh
 [ $# -gt 0 ] || set -- release release-clang asan asan-clang tsan tsan-clang
 for preset in "$@"; do

@@ -11,22 +11,23 @@
 #include <vector>
 
 using Real = long double;
+using Row = std::vector<Real>;
 
 // Solution of the normal equations m, an augmented matrix, by elimination with pivoting.
-inline std::vector<Real> solve(std::vector<std::vector<Real>> m) {
+inline Row solve(std::vector<Row> m) {
     const std::size_t n = m.size();
     for (std::size_t i = 0; i < n; ++i) {
-        const auto larger = [i](const auto& a, const auto& b) {
-            return std::fabs(a[i]) < std::fabs(b[i]);
-        };
-        std::swap(m[i],
-                  *std::max_element(m.begin() + static_cast<std::ptrdiff_t>(i), m.end(), larger));
+        std::size_t pivot = i;
+        for (std::size_t r = i + 1; r < n; ++r) {
+            if (std::fabs(m[r][i]) > std::fabs(m[pivot][i])) pivot = r;
+        }
+        std::swap(m[i], m[pivot]);
         for (std::size_t r = i + 1; r < n; ++r) {
             const Real factor = m[r][i] / m[i][i];
             for (std::size_t c = i; c <= n; ++c) m[r][c] -= factor * m[i][c];
         }
     }
-    std::vector<Real> x(n);
+    Row x(n);
     for (std::size_t i = n; i-- > 0;) {
         x[i] = m[i][n];
         for (std::size_t c = i + 1; c < n; ++c) x[i] -= m[i][c] * x[c];
@@ -36,19 +37,18 @@ inline std::vector<Real> solve(std::vector<std::vector<Real>> m) {
 }
 
 struct Fit {
-    std::vector<Real> x;  // coefficients of the terms
-    Real worst;           // greatest error left
+    Row x;       // coefficients of the terms
+    Real worst;  // greatest error left
 };
 
 // Fit of rows that hold the terms at a sample and, last, the value there.
-inline Fit fit(const std::vector<std::vector<Real>>& rows) {
+inline Fit fit(const std::vector<Row>& rows) {
     constexpr int weightings = 25;
     const std::size_t terms = rows.front().size() - 1;
-    std::vector<Real> weight(rows.size(), 1);
-    std::vector<Real> error(rows.size());
+    Row weight(rows.size(), 1), error(rows.size());
     Fit found{};
     for (int k = 0; k < weightings; ++k) {
-        std::vector<std::vector<Real>> m(terms, std::vector<Real>(terms + 1));
+        std::vector<Row> m(terms, Row(terms + 1));
         for (std::size_t i = 0; i < rows.size(); ++i) {
             for (std::size_t r = 0; r < terms; ++r) {
                 for (std::size_t c = 0; c <= terms; ++c) {

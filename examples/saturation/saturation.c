@@ -1,139 +1,131 @@
 // SPDX-License-Identifier: MIT
-// The classical saturation table of water, by temperature or by pressure.
-#include "binding.h"
-#include "csv.h"
-#include "table.h"
-#include "units.h"
-
-#include <getopt.h>
+//
+// The classical saturation table of water, by temperature (degC) or by pressure (MPa). Nothing of
+// the library is linked or included: it is opened by file name and each function bound by name.
+// Usage: saturation LIBRARY t [FROM TO STEP]
+//        saturation LIBRARY p
+// Exit status: 0 all good, 1 lines outside the saturation line, 2 nothing could be done.
+#include <dlfcn.h>
 #include <math.h>
+#include <stdbool.h>
 #include <stdio.h>
+#include <stdlib.h>
 #include <string.h>
 
-enum { exit_good, exit_bad_input, exit_unusable };  // the program's exit status
+typedef double OfOne(const double* argument);
+typedef double Constant(void);
 
-static const char usage[] =
-    "Usage: saturation [--library PATH] [--pressure] [--from X] [--to X] [--step X]\n"
-    "                  [--unit UNIT] [--family B|O] [--csv]\n";
+static const struct {
+    const char *symbol, *unit, *format;
+    int width;
+} columns[] = {
+    {"t", "degC", "%.3f", 9},         {"p", "MPa", "%#.6g", 13},
+    {"v'", "m3/kg", "%.8f", 12},      {"v''", "m3/kg", "%#.6g", 11},
+    {"h'", "kJ/kg", "%.2f", 9},       {"r", "kJ/kg", "%.2f", 9},
+    {"h''", "kJ/kg", "%.2f", 9},      {"s'", "kJ/(kg K)", "%.4f", 11},
+    {"s''", "kJ/(kg K)", "%.4f", 11},
+};
+enum { column_count = sizeof columns / sizeof *columns };
 
-static const char help[] =
-    "Prints the saturation table of water: t, p, v', v'', h', r, h'', s', s''.\n"
-    "\n"
-    "  --library PATH  library to open (libvaprix.so, searched by the system's loader)\n"
-    "  --pressure      by pressure: p first, at 1, 2, 5, 10 ...; else by temperature, in\n"
-    "                  steps of 5 degC\n"
-    "  --from X        first line, in degC or in the unit of pressure\n"
-    "  --to X          last line\n"
-    "  --step X        even distance of lines; the first is X if a pressure is not told\n"
-    "  --unit UNIT     of the absolute pressure, bar unless given: " PRESSURE_UNITS
-    "\n"
-    "  --family B|O    family of the library's functions, B unless given\n"
-    "  --csv           comma-separated, with all digits\n"
-    "  --help          this text\n"
-    "\n"
-    "The table covers 0 degC or the triple point to the critical point unless told\n"
-    "otherwise; both points have lines of their own.\n"
-    "\n"
-    "Exit status: 0 all good, 1 lines outside the saturation line (reported on stderr,\n"
-    "the good ones are printed), 2 nothing could be done.\n";
+// The functions of temperature, K, or of pressure, MPa.
+typedef struct {
+    char argument;  // 'T' or 'P'
+    OfOne* other;   // the saturation pressure of T, the saturation temperature of p
+    OfOne *v[2], *h[2], *s[2];
+    Constant *triple, *critical;
+} Library;
 
-// The names follow one scheme: quantity, 1 or 2 for the phase, family, argument; H1BT, S2OP ...
-static bool open_library(const char* path, char family, int by, Library* library) {
-    static const char quantities[quantity_count] = {
-        [quantity_v] = 'V', [quantity_h] = 'H', [quantity_s] = 'S'};
-    const char argument = by == by_temperature ? 'T' : 'P';
-    const char name_of_other[] = {by == by_temperature ? 'P' : 'T', family, argument, '\0'};
-    Binding binding;
-    if (!open_binding("saturation", path, &binding)) {
+static void* handle;
+static bool complete = true;  // every name asked for was found
+
+// ISO C has no cast from an object pointer to a function; POSIX vouches for a copy of its bytes.
+static void bind_name(const char* name, void* function) {
+    void* symbol = dlsym(handle, name);
+    if (symbol == NULL) {
+        fprintf(stderr, "saturation: the library has no function %s\n", name);
+        complete = false;
+    }
+    memcpy(function, &symbol, sizeof symbol);
+}
+
+static bool open_library(const char* path, Library* library) {
+    handle = dlopen(path, RTLD_NOW | RTLD_LOCAL);
+    if (handle == NULL) {
+        fprintf(stderr, "saturation: cannot open the library: %s\n", dlerror());
         return false;
     }
-    library->other = (OfOne*)bind_name(&binding, name_of_other);
-    for (int q = 0; q < quantity_count; ++q) {
-        for (int phase = 0; phase < phase_count; ++phase) {
-            const char name[] = {quantities[q], phase == liquid ? '1' : '2', family, argument,
-                                 '\0'};
-            library->saturated[q][phase] = (OfOne*)bind_name(&binding, name);
-        }
+    const char argument = library->argument;
+    bind_name(argument == 'T' ? "POT" : "TOP", &library->other);
+    bind_name(argument == 'T' ? "TTRIPLE" : "PTRIPLE", &library->triple);
+    bind_name(argument == 'T' ? "TCRIT" : "PCRIT", &library->critical);
+    for (int phase = 0; phase < 2; ++phase) {
+        const char digit = phase == 0 ? '1' : '2';  // liquid, vapour
+        bind_name((char[]){'V', digit, 'O', argument, '\0'}, &library->v[phase]);
+        bind_name((char[]){'H', digit, 'O', argument, '\0'}, &library->h[phase]);
+        bind_name((char[]){'S', digit, 'O', argument, '\0'}, &library->s[phase]);
     }
-    const char* triple = by == by_temperature ? "TTRIPLE" : "PTRIPLE";
-    const char* critical = by == by_temperature ? "TCRIT" : "PCRIT";
-    library->triple = (Constant*)bind_name(&binding, triple);
-    library->critical = (Constant*)bind_name(&binding, critical);
-    return binding.complete;
+    return complete;
 }
 
-static bool complain(const char* option, const char* fault, const char* text) {
-    fprintf(stderr, "saturation: --%s: %s (%s)\n", option, fault, text);
-    return false;
+static void print_head(void) {
+    for (int i = 0; i < column_count; ++i) printf("%*s", columns[i].width, columns[i].symbol);
+    putchar('\n');
+    for (int i = 0; i < column_count; ++i) printf("%*s", columns[i].width, columns[i].unit);
+    putchar('\n');
 }
 
-static bool read_number(const char* option, const char* text, double* value) {
-    const char* wrong = parse_number(text, value);
-    return wrong == NULL || complain(option, wrong, text);
-}
-
-static int flush_output(int status) {
-    if (fflush(stdout) != 0 || ferror(stdout)) {
-        perror("saturation: cannot write");
-        return exit_unusable;
+// The line of a temperature or a pressure; returns 1 if there is none.
+static int print_line(const Library* library, double y) {
+    const double other = library->other(&y);
+    if (!(other > 0)) {
+        fprintf(stderr, "saturation: outside the saturation line (%g %s)\n", y,
+                library->argument == 'T' ? "K" : "MPa");
+        return 1;
     }
-    return status;
+    const double h_liquid = library->h[0](&y), h_vapour = library->h[1](&y);
+    const double values[column_count] = {(library->argument == 'T' ? y : other) - 273.15,
+                                         library->argument == 'T' ? other : y,
+                                         library->v[0](&y),
+                                         library->v[1](&y),
+                                         h_liquid,
+                                         h_vapour - h_liquid,
+                                         h_vapour,
+                                         library->s[0](&y),
+                                         library->s[1](&y)};
+    for (int i = 0; i < column_count; ++i) {
+        char text[40];
+        snprintf(text, sizeof text, columns[i].format, values[i]);
+        // no -0.0000 at the triple point, where h' and s' vanish
+        if (strtod(text, NULL) == 0) snprintf(text, sizeof text, columns[i].format, 0.0);
+        printf("%*s", columns[i].width, text);
+    }
+    putchar('\n');
+    return 0;
 }
 
 int main(int argc, char* argv[]) {
-    static const struct option long_options[] = {
-        {"library", required_argument, NULL, 'l'}, {"pressure", no_argument, NULL, 'p'},
-        {"from", required_argument, NULL, 'f'},    {"to", required_argument, NULL, 't'},
-        {"step", required_argument, NULL, 's'},    {"unit", required_argument, NULL, 'u'},
-        {"family", required_argument, NULL, 'y'},  {"csv", no_argument, NULL, 'c'},
-        {"help", no_argument, NULL, 'h'},          {NULL, 0, NULL, 0},
-    };
-    const char* path = "libvaprix.so";
-    char family = 'B';
-    Wishes wishes = {.by = by_temperature,
-                     .pressure_unit = "bar",
-                     .from = (double)NAN,
-                     .to = (double)NAN,
-                     .step = (double)NAN};
-    bool good = true;
-    for (int option; (option = getopt_long(argc, argv, "", long_options, NULL)) != -1;) {
-        double unit;
-        switch (option) {
-            case 'l': path = optarg; break;
-            case 'p': wishes.by = by_pressure; break;
-            case 'f': good &= read_number("from", optarg, &wishes.from); break;
-            case 't': good &= read_number("to", optarg, &wishes.to); break;
-            case 's':
-                good &= read_number("step", optarg, &wishes.step) &&
-                        (wishes.step > 0.0 || complain("step", "not greater than 0", optarg));
-                break;
-            case 'u':
-                wishes.pressure_unit = optarg;
-                good &= pressure_of(1.0, optarg, &unit) ||
-                        complain("unit", "unknown, known are " PRESSURE_UNITS, optarg);
-                break;
-            case 'y':
-                family = *optarg;
-                good &= strcmp(optarg, "B") == 0 || strcmp(optarg, "O") == 0 ||
-                        complain("family", "B or O", optarg);
-                break;
-            case 'c': wishes.csv = true; break;
-            case 'h': printf("%s%s", usage, help); return flush_output(exit_good);
-            default: good = false;
-        }
+    const bool of_t = argc > 2 && strcmp(argv[2], "t") == 0, all = argc == 3;
+    const double from = all ? 10 : argc == 6 ? atof(argv[3]) : (double)NAN;  // degC
+    const double to = all ? 370 : argc == 6 ? atof(argv[4]) : (double)NAN;
+    const double step = all ? 10 : argc == 6 ? atof(argv[5]) : (double)NAN;
+    if (argc < 3 || (!of_t && (strcmp(argv[2], "p") != 0 || !all)) || !(step > 0) ||
+        !(from <= to)) {
+        fputs("Usage: saturation LIBRARY t [FROM TO STEP]\n       saturation LIBRARY p\n", stderr);
+        return 2;
     }
-    if (!good || optind != argc) {
-        fputs(usage, stderr);
-        return exit_unusable;
+    Library library = {.argument = of_t ? 'T' : 'P'};
+    if (!open_library(argv[1], &library)) return 2;
+
+    static const double pressures[] = {0.001, 0.002, 0.005, 0.01, 0.02, 0.05, 0.1,
+                                       0.2,   0.5,   1,     2,    5,    10,   20};
+    const int count =
+        of_t ? (int)((to - from) / step + 1e-9) + 1 : (int)(sizeof pressures / sizeof *pressures);
+    int failures = 0;
+    print_head();
+    if (all) failures += print_line(&library, library.triple());
+    for (int i = 0; i < count; ++i) {
+        failures += print_line(&library, of_t ? from + i * step + 273.15 : pressures[i]);
     }
-    Library library;
-    if (!open_library(path, family, wishes.by, &library)) {
-        return exit_unusable;
-    }
-    const char* wrong = settle(&library, &wishes);
-    if (wrong != NULL) {
-        fprintf(stderr, "saturation: %s\n", wrong);
-        return exit_unusable;
-    }
-    return flush_output(print_table(&library, &wishes) == 0 ? exit_good : exit_bad_input);
+    if (all) failures += print_line(&library, library.critical());
+    return fflush(stdout) != 0 ? 2 : failures > 0;
 }

@@ -6,10 +6,8 @@
 // The region determination by equations is bisected at many pressures of a band; the bounds are the
 // extremes with a margin for what lies between the samples.
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdio>
-#include <limits>
 #include <vector>
 
 #include "inverse/region_by_pressure.hpp"
@@ -18,42 +16,30 @@ namespace {
 
 using namespace vaprix;
 
-constexpr int samples = 256;  // pressures in a band
-constexpr std::size_t limits = 5;
-
-// Rank of a region along the isobar. Outside stands at both ends.
+// Rank of a region along the isobar, 0 to 5. Outside stands at both ends: what is outside below
+// `cold_side` lies below region 1.
 template <class Y>
-int rank(double p, double y) {
+int rank(double p, double y, double cold_side) {
     switch (inverse::region_by_equations<Y>(p, y)) {
         case 1: return 1;
         case 3:
         case inverse::two_phase: return 2;
         case 2: return 3;
         case 5: return 4;
-        default: return y < Y::cold_side ? 0 : 5;
+        default: return y < cold_side ? 0 : 5;
     }
 }
 
 // Where the rank reaches at least `wanted`.
 template <class Y>
-double limit(double p, int wanted) {
+double limit(double p, int wanted, double cold_side) {
     double low = Y::lowest - 1;
     double high = Y::highest + 1;
-    while (true) {
-        const double middle = low + 0.5 * (high - low);
-        if (middle <= low || middle >= high) return high;
-        (rank<Y>(p, middle) >= wanted ? high : low) = middle;
+    for (double middle; middle = low + 0.5 * (high - low), middle > low && middle < high;) {
+        (rank<Y>(p, middle, cold_side) >= wanted ? high : low) = middle;
     }
+    return high;
 }
-
-struct H : inverse::Enthalpy {
-    static constexpr double cold_side = 500;  // what is outside below this lies below region 1
-    static constexpr double margin = 0.02;
-};
-struct S : inverse::Entropy {
-    static constexpr double cold_side = 1;
-    static constexpr double margin = 5e-5;
-};
 
 double pressure(std::size_t band) {
     return std::bit_cast<double>(static_cast<std::uint64_t>(first_band + band)
@@ -63,38 +49,29 @@ double pressure(std::size_t band) {
 // The pressures of a band that are sampled: evenly, its ends, and either side of those at which the
 // determination changes.
 std::vector<double> sampled(std::size_t band) {
+    constexpr int samples = 256;
     const double low = std::max(p_min, pressure(band));
     const double high = std::min(p_max, std::nextafter(pressure(band + 1), 0.0));
     std::vector<double> found;
     for (int k = 0; k < samples; ++k) found.push_back(low + (high - low) * k / (samples - 1));
-    for (const double change : {psat_13, p_max_5}) {
-        for (const double p : {change, std::nextafter(change, p_max)}) {
-            if (p >= low && p <= high) found.push_back(p);
-        }
+    for (const double p : {psat_13, p_max_5}) {
+        if (p >= low && p <= high) found.insert(found.end(), {p, std::nextafter(p, p_max)});
     }
     return found;
 }
 
 template <class Y>
-void print(const char* name) {
+void print(const char* name, double cold_side, double margin) {
     std::printf("\ninline constexpr IsobarLimits %s[] = {\n", name);
     for (std::size_t band = 0; band < isobar_bands; ++band) {
-        std::printf("    {");
-        std::array<double, limits> low{};
-        std::array<double, limits> high{};
-        low.fill(std::numeric_limits<double>::max());
-        high.fill(std::numeric_limits<double>::lowest());
-        for (const double p : sampled(band)) {
-            for (std::size_t k = 0; k < limits; ++k) {
-                const double y = limit<Y>(p, static_cast<int>(k) + 1);
-                low[k] = std::min(low[k], y);
-                high[k] = std::max(high[k], y);
-            }
-        }
-        for (std::size_t k = 0; k < limits; ++k) {
+        const std::vector<double> pressures = sampled(band);
+        for (int k = 1; k <= 5; ++k) {
+            std::vector<double> y;
+            for (const double p : pressures) y.push_back(limit<Y>(p, k, cold_side));
+            const auto [low, high] = std::minmax_element(y.begin(), y.end());
             // 7 digits: the rounding of the print and of the float is within the margin
-            std::printf("{%#.7gf, %#.7gf}%s", low[k] - Y::margin, high[k] + Y::margin,
-                        k + 1 < limits ? ", " : "},\n");
+            std::printf("%s{%#.7gf, %#.7gf}%s", k == 1 ? "    {" : "", *low - margin,
+                        *high + margin, k < 5 ? ", " : "},\n");
         }
     }
     std::printf("};\n");
@@ -111,7 +88,7 @@ int main() {
         "#pragma once\n\n"
         "#include \"regions/isobar_limits.hpp\"\n\n"
         "namespace vaprix::tables {\n");
-    print<H>("isobar_limits_h");
-    print<S>("isobar_limits_s");
+    print<inverse::Enthalpy>("isobar_limits_h", 500, 0.02);
+    print<inverse::Entropy>("isobar_limits_s", 1, 5e-5);
     std::printf("\n}  // namespace vaprix::tables\n");
 }

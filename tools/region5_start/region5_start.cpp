@@ -3,59 +3,47 @@
 // Fits the temperature of region 5 as polynomials of (h, p) and of (s + R ln p, p), where Newton's method
 // starts, and prints regions/tables/region5_start.hpp.
 #include <cmath>
-#include <cstddef>
 #include <cstdio>
 #include <random>
 #include <vector>
 
 #include "frame/constants.hpp"
-#include "frame/polynomial.hpp"
 #include "least_squares.hpp"
 #include "regions/region5.hpp"
 
 namespace {
 
-constexpr int samples = 8000;
-
-struct Sample {
-    double p, t, h, s;
+struct Exponents {
+    int I, J;
 };
 
-std::vector<Sample> sample() {
+// Prints the fit of t - 1073.15 K by terms x^I q^J, x = (y - y0) / scale.
+void print_fit(const char* name, const char* symbol, double (*y)(double p, double t), double y0,
+               double scale, const std::vector<Exponents>& terms) {
+    constexpr int samples = 8000;
     using namespace vaprix;
     std::mt19937_64 random(3);
     std::uniform_real_distribution<double> p_of(p_min, p_max_5);
     std::uniform_real_distribution<double> t_of(T_25, T_max);
-    std::vector<Sample> found;
+    std::vector<Row> rows;
     for (int i = 0; i < samples; ++i) {
         double p = p_of(random);
         double t = t_of(random);
         if (i % 8 == 0) p = i % 16 != 0 ? p_max_5 : p_min;  // the edges count most
         if (i % 10 == 1) t = i % 20 == 1 ? T_25 : T_max;
-        found.push_back({p, t, region5::h(p, t), region5::s(p, t) + R * std::log(p)});
-    }
-    return found;
-}
-
-// Prints the fit of t - 1073.15 K by terms x^I q^J of the given exponents, x = (y - y0) / scale.
-void print_fit(const char* name, double Sample::*y, double y0, double scale,
-               const std::vector<vaprix::Term>& terms) {
-    const std::vector<Sample> all = sample();
-    std::vector<std::vector<Real>> rows;
-    for (const Sample& at : all) {
-        std::vector<Real> row;
-        for (const vaprix::Term& term : terms) {
-            row.push_back(std::pow(Real(at.*y - y0) / Real(scale), term.I) *
-                          std::pow(Real(at.p) / Real(vaprix::p_max_5), term.J));
+        Row row;
+        for (const auto& [I, J] : terms) {
+            row.push_back(std::pow(Real(y(p, t) - y0) / Real(scale), I) *
+                          std::pow(Real(p) / Real(p_max_5), J));
         }
-        row.push_back(Real(at.t - vaprix::T_25));
+        row.push_back(Real(t - T_25));
         rows.push_back(row);
     }
-    const auto [x, worst] = fit(rows);
+    const auto [n, worst] = fit(rows);
     std::printf("\n// Within %.2Lf K. x = (%s - %g) / %g.\ninline constexpr Term %s[] = {\n", worst,
-                y == &Sample::h ? "h" : "s + R ln p", y0, scale, name);
+                symbol, y0, scale, name);
     for (std::size_t c = 0; c < terms.size(); ++c) {
-        std::printf("    {%d, %d, %.9Le},\n", terms[c].I, terms[c].J, x[c]);
+        std::printf("    {%d, %d, %.9Le},\n", terms[c].I, terms[c].J, n[c]);
     }
     std::printf("};\n");
 }
@@ -70,26 +58,11 @@ int main() {
         "// Our own start values for the temperature of region 5: t - 1073.15 K as sum n x^I q^J,\n"
         "// q = p / 50 MPa, h in kJ/kg, s in kJ/(kg K).\n"
         "#pragma once\n\n#include \"frame/polynomial.hpp\"\n\nnamespace vaprix::tables {\n");
-    print_fit("t5_start_h", &Sample::h, 4160, 1000,
-              {{0, 0, 0},
-               {1, 0, 0},
-               {2, 0, 0},
-               {3, 0, 0},
-               {0, 1, 0},
-               {1, 1, 0},
-               {2, 1, 0},
-               {3, 1, 0},
-               {0, 2, 0},
-               {1, 2, 0}});
-    print_fit("t5_start_s", &Sample::s, 8.5058, 1,
-              {{0, 0, 0},
-               {1, 0, 0},
-               {2, 0, 0},
-               {3, 0, 0},
-               {0, 1, 0},
-               {1, 1, 0},
-               {2, 1, 0},
-               {0, 2, 0},
-               {1, 2, 0}});
+    print_fit("t5_start_h", "h", [](double p, double t) { return vaprix::region5::h(p, t); }, 4160,
+              1000,
+              {{0, 0}, {1, 0}, {2, 0}, {3, 0}, {0, 1}, {1, 1}, {2, 1}, {3, 1}, {0, 2}, {1, 2}});
+    print_fit("t5_start_s", "s + R ln p",
+              [](double p, double t) { return vaprix::region5::s(p, t) + vaprix::R * std::log(p); },
+              8.5058, 1, {{0, 0}, {1, 0}, {2, 0}, {3, 0}, {0, 1}, {1, 1}, {2, 1}, {0, 2}, {1, 2}});
     std::printf("\n}  // namespace vaprix::tables\n");
 }

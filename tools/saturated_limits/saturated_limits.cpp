@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdio>
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "frame/constants.hpp"
@@ -25,9 +26,9 @@ double at(const Of& y, double t) { return y({psat(t), t}); }
 double greatest(const Of& y, double low, double high) {
     const double golden = (std::sqrt(5.0) - 1) / 2;
     while (high - low > 1e-7) {
-        const double width = golden * (high - low);
-        (at(y, high - width) > at(y, low + width) ? high : low) =
-            at(y, high - width) > at(y, low + width) ? low + width : high - width;
+        const double a = high - golden * (high - low);
+        const double b = low + golden * (high - low);
+        (at(y, a) > at(y, b) ? high : low) = at(y, a) > at(y, b) ? b : a;
     }
     return 0.5 * (low + high);
 }
@@ -43,61 +44,57 @@ double last_solved() {
     return low;
 }
 
-struct Property {
-    const char* name;
-    Of y;
-    double critical;
-    bool has_maximum;
-    double from, to;  // K, between which the maximum is
-};
-
 // Prints T as a polynomial in x between two temperatures.
-void print_fit(const char* name, const char* branch, double from, double to, int degree,
+void print_fit(const std::string& name, double from, double to, int degree,
                const std::function<Real(double)>& x_of) {
     constexpr int samples = 4000;
-    std::vector<std::vector<Real>> rows;
+    std::vector<Row> rows;
     for (int i = 0; i <= samples; ++i) {
         // dense at the ends
         const double t = from + (to - from) * 0.5 * (1 - std::cos(i * std::acos(-1.0) / samples));
-        std::vector<Real> row;
+        Row row;
         for (int k = 0; k <= degree; ++k) row.push_back(std::pow(x_of(t), k));
         row.push_back(Real(t));
         rows.push_back(row);
     }
     const auto [n, worst] = fit(rows);
-    std::printf("\n// Within %.2Lg K.\ninline constexpr Term start_%s%s[] = {\n", worst, name,
-                branch);
+    std::printf("\n// Within %.2Lg K.\ninline constexpr Term start_%s[] = {\n", worst,
+                name.c_str());
     for (int k = 0; k <= degree; ++k) {
         std::printf("    {%d, 0, %.9Le},\n", k, n[static_cast<std::size_t>(k)]);
     }
     std::printf("};\n");
 }
 
-void print(const Property& property, double edge) {
-    const auto& [name, y, critical, has_maximum, from, to] = property;
-    const double t_max = has_maximum ? greatest(y, from, to) : T_min;
-    const double y_max = at(y, t_max);
+// t_max: where y is greatest, T_min where it has no maximum.
+void print_limits(const std::string& name, const Of& y, double t_max, double edge,
+                  double critical) {
     std::printf(
         "\ninline constexpr SaturatedLimits limits_%s{\n    %.17g, %.17g, %.17g, %.17g,\n"
         "    %.17g, %.17g, %.17g, %.17g};\n",
-        name, t_max, at(y, T_min), y_max, at(y, T_13), at(y, std::nextafter(T_13, T_crit)),
-        at(y, edge), at(y, std::nextafter(edge, T_crit)), critical);
+        name.c_str(), t_max, at(y, T_min), at(y, t_max), at(y, T_13),
+        at(y, std::nextafter(T_13, T_crit)), at(y, edge), at(y, std::nextafter(edge, T_crit)),
+        critical);
+}
 
-    if (!has_maximum) {
-        const bool logarithmic = y_max < 1 && y_max > 0 && at(y, T_13) > 100;
-        print_fit(name, "", T_min, T_13, logarithmic ? 7 : 6,
-                  [&, &y = y, critical = critical](double t) -> Real {
-                      return logarithmic ? std::log(Real(at(y, t)))
-                                         : Real(at(y, t)) / Real(critical);
-                  });
-        return;
-    }
-    const auto root = [&, &y = y](double t) -> Real {
-        const double below = y_max - at(y, t);
-        return below > 0 ? std::sqrt(Real(below)) : 0;
+void print_monotonic(const std::string& name, const Of& y, double edge, double critical) {
+    print_limits(name, y, T_min, edge, critical);
+    const bool logarithmic = name == "d2";
+    print_fit(name, T_min, T_13, logarithmic ? 7 : 6, [&](double t) {
+        return logarithmic ? std::log(Real(at(y, t))) : Real(at(y, t)) / Real(critical);
+    });
+}
+
+// The maximum is between two temperatures.
+void print_with_maximum(const std::string& name, const Of& y, double from, double to, double edge,
+                        double critical) {
+    const double t_max = greatest(y, from, to);
+    print_limits(name, y, t_max, edge, critical);
+    const auto root = [&, y_max = at(y, t_max)](double t) {
+        return std::sqrt(std::fmax(Real(y_max - at(y, t)), Real(0)));
     };
-    print_fit(name, "", t_max, T_13, 8, root);
-    print_fit(name, "_cold", T_min, t_max, 8, root);
+    print_fit(name, t_max, T_13, 8, root);
+    print_fit(name + "_cold", T_min, t_max, 8, root);
 }
 
 }  // namespace
@@ -129,18 +126,14 @@ int main() {
         "// Up to here dsat3 solves for the coexisting densities, beyond it estimates them.\n"
         "inline constexpr double t_solved = %.17g;  // K\n",
         edge);
-    const Property properties[] = {
-        {"d1", [](const auto& s) { return s.liquid_density(); }, d_crit, true, 275, 280},
-        {"d2", [](const auto& s) { return s.vapour_density(); }, d_crit, false, 0, 0},
-        {"h1", [](const auto& s) { return s.template liquid<pt::h>(); }, region3::h(d_crit, T_crit),
-         false, 0, 0},
-        {"h2", [](const auto& s) { return s.template vapour<pt::h>(); }, region3::h(d_crit, T_crit),
-         true, 480, 530},
-        {"s1", [](const auto& s) { return s.template liquid<pt::s>(); }, region3::s(d_crit, T_crit),
-         false, 0, 0},
-        {"s2", [](const auto& s) { return s.template vapour<pt::s>(); }, region3::s(d_crit, T_crit),
-         false, 0, 0},
-    };
-    for (const Property& property : properties) print(property, edge);
+    const double h_crit = region3::h(d_crit, T_crit);
+    const double s_crit = region3::s(d_crit, T_crit);
+    using Saturated = pt::SaturatedState;
+    print_with_maximum("d1", &Saturated::liquid_density, 275, 280, edge, d_crit);
+    print_monotonic("d2", &Saturated::vapour_density, edge, d_crit);
+    print_monotonic("h1", &Saturated::liquid<pt::h>, edge, h_crit);
+    print_with_maximum("h2", &Saturated::vapour<pt::h>, 480, 530, edge, h_crit);
+    print_monotonic("s1", &Saturated::liquid<pt::s>, edge, s_crit);
+    print_monotonic("s2", &Saturated::vapour<pt::s>, edge, s_crit);
     std::printf("\n}  // namespace vaprix::tables\n");
 }
