@@ -21,8 +21,10 @@ __attribute__((tls_model("initial-exec"))) thread_local int* slot = nullptr;
 // library.
 bool is_initial_thread() noexcept { return syscall(SYS_gettid) == getpid(); }
 
+// A child process of another thread takes the initial thread's place with the parent's CODE, which
+// is not its own: it starts with 0.
 int& code_of_this_thread() noexcept {
-    if (slot == nullptr) slot = is_initial_thread() ? &CODE : &own_code;
+    if (slot == nullptr) slot = is_initial_thread() ? &(CODE = 0) : &own_code;
     return *slot;
 }
 
