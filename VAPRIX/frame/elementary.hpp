@@ -18,8 +18,6 @@ template <>
 struct Elementary<double> {
     static double fabs(double x) noexcept { return std::fabs(x); }
     static double copysign(double x, double y) noexcept { return std::copysign(x, y); }
-    static double fmin(double x, double y) noexcept { return std::fmin(x, y); }
-    static double fmax(double x, double y) noexcept { return std::fmax(x, y); }
     static double sqrt(double x) noexcept { return std::sqrt(x); }
     static double cbrt(double x) noexcept { return std::cbrt(x); }
     static double exp(double x) noexcept { return std::exp(x); }
@@ -36,16 +34,6 @@ VAPRIX_INLINE Number fabs(Number x) noexcept {
 template <class Number>
 VAPRIX_INLINE Number copysign(Number x, std::type_identity_t<Number> y) noexcept {
     return Elementary<Number>::copysign(x, y);
-}
-
-template <class Number>
-VAPRIX_INLINE Number fmin(Number x, std::type_identity_t<Number> y) noexcept {
-    return Elementary<Number>::fmin(x, y);
-}
-
-template <class Number>
-VAPRIX_INLINE Number fmax(Number x, std::type_identity_t<Number> y) noexcept {
-    return Elementary<Number>::fmax(x, y);
 }
 
 template <class Number>

@@ -182,10 +182,10 @@ private:
     }
 
     template <auto const& Terms, auto const& form>
-    static Number volume(Number p, Number t) noexcept;
-    static Number volume_3n(Number p, Number t) noexcept;
+    VAPRIX_INLINE static Number volume(Number p, Number t) noexcept;
+    VAPRIX_INLINE static Number volume_3n(Number p, Number t) noexcept;
     static Subregion near_critical_subregion(Number p, Number t) noexcept;
-    static Subregion subregion_table2(Number p, Number t) noexcept;
+    VAPRIX_INLINE static Subregion subregion_table2(Number p, Number t) noexcept;
 };
 
 using region3 = Region3<double>;

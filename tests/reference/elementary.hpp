@@ -10,8 +10,6 @@
 extern "C" {
 __float128 fabsq(__float128) noexcept;
 __float128 copysignq(__float128, __float128) noexcept;
-__float128 fminq(__float128, __float128) noexcept;
-__float128 fmaxq(__float128, __float128) noexcept;
 __float128 cbrtq(__float128) noexcept;
 __float128 log1pq(__float128) noexcept;
 }
@@ -21,8 +19,6 @@ struct vaprix::Elementary<__float128> {
     using Quad = __float128;
     static Quad fabs(Quad x) noexcept { return fabsq(x); }
     static Quad copysign(Quad x, Quad y) noexcept { return copysignq(x, y); }
-    static Quad fmin(Quad x, Quad y) noexcept { return fminq(x, y); }
-    static Quad fmax(Quad x, Quad y) noexcept { return fmaxq(x, y); }
     static Quad sqrt(Quad x) noexcept { return sqrtq(x); }
     static Quad cbrt(Quad x) noexcept { return cbrtq(x); }
     static Quad exp(Quad x) noexcept { return expq(x); }
