@@ -3,7 +3,7 @@
 // the number.
 #pragma once
 
-#include "quad.hpp"
+#include "number.hpp"
 
 #include "frame/elementary.hpp"
 
