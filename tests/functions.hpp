@@ -22,22 +22,22 @@ using Function = std::function<double(double, double)>;
 
 inline Function function(const std::string& name) {
     namespace lines = vaprix::boundaries_hs;
-    namespace dense = vaprix::region3;
+    using dense = vaprix::region3;
     const auto one = [](double (*f)(double)) { return [f](double x, double) { return f(x); }; };
     static const std::map<std::string, Function> internal = {
         {"p_b2bc", one(vaprix::region2::p_b2bc)},
-        {"t_b23", one(vaprix::t_b23)},
+        {"t_b23", one(vaprix::t_b23<double>)},
         {"h_2ab", one(vaprix::region2::h_2ab)},
         {"p1_hs", vaprix::region1::p_hs},
         {"p2_hs", vaprix::region2::p_hs},
         {"p3_hs", vaprix::region3::p_hs},
-        {"h1_liq", one(lines::h_liquid_1)},
-        {"h3a_liq", one(lines::h_liquid_3a)},
-        {"h2ab_vap", one(lines::h_vapour_2ab)},
-        {"h2c3b_vap", one(lines::h_vapour_2c3b)},
-        {"h_13", one(lines::h_13)},
-        {"t_23", lines::t_23},
-        {"tsat_hs", vaprix::tsat_hs},
+        {"h1_liq", one(lines::h_liquid_1<double>)},
+        {"h3a_liq", one(lines::h_liquid_3a<double>)},
+        {"h2ab_vap", one(lines::h_vapour_2ab<double>)},
+        {"h2c3b_vap", one(lines::h_vapour_2c3b<double>)},
+        {"h_13", one(lines::h_13<double>)},
+        {"t_23", lines::t_23<double>},
+        {"tsat_hs", vaprix::tsat_hs<double>},
         {"h3ab", one(vaprix::region3::h3ab)},
         {"v3_ph", vaprix::region3::v_ph},
         {"v3_ps", vaprix::region3::v_ps},
@@ -57,7 +57,7 @@ inline Function function(const std::string& name) {
         {"T3rx", one(dense::t3rx)},
         {"T3uv", one(dense::t3uv)},
         {"T3wx", one(dense::t3wx)},
-        {"viscosity", vaprix::transport::viscosity}};
+        {"viscosity", vaprix::transport::viscosity<double>}};
     if (const auto found = internal.find(name); found != internal.end()) return found->second;
     if (name.size() == 3 && name.rfind("v3", 0) == 0) {
         const auto subregion = static_cast<dense::Subregion>(name[2] - 'a');
