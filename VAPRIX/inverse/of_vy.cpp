@@ -49,18 +49,21 @@ double on_end(double x, double low, double high) noexcept {
     return x;
 }
 
-// A pair of a volume and a y.
+// A pair of a volume and a y. Its attempts set the state where they find one, and say whether they
+// have.
 template <class Y>
 struct Pair {
     double v, y;
 
     // What rounding may make of y, worst at the dense end of region 3.
     [[nodiscard]] double rounding() const noexcept { return 5e-13 * (std::fabs(y) + Y::unit); }
+    [[nodiscard]] bool reproduces(const State& at) const noexcept {
+        return std::fabs(single<Y::y>(at) - y) <= rounding();
+    }
 
-    // State in region 1, 2 or 5 by Newton's method on (p, T); outside where it does not converge to
-    // a state of the region.
+    // Region 1, 2 or 5 by Newton's method on (p, T), which may converge beyond the region.
     template <Region region>
-    [[nodiscard]] State gibbs(Point<double> start) const noexcept {
+    [[nodiscard]] bool gibbs(Point<double> start, State& state) const noexcept {
         static constexpr Box<double> around{{1e-4, 250},
                                             {2 * p_max, region == Region::one ? 640 : 1.1 * T_max}};
         const auto tangents = [](double p, double t) noexcept -> TangentPair<double> {
@@ -91,11 +94,13 @@ struct Pair {
                                 region == Region::five ? p_max_5
                                 : beside_3             ? p_b23(t)
                                                        : p_max);
-        return converged && region_pt(p, t) == region ? gibbs_state(region, p, t) : outside;
+        if (!converged || region_pt(p, t) != region) return false;
+        state = gibbs_state(region, p, t);
+        return true;
     }
 
-    // State in region 3 by Newton's method on T, held between its ends.
-    [[nodiscard]] State dense(double start) const noexcept {
+    // Region 3 by Newton's method on T, held between its ends.
+    [[nodiscard]] bool dense(double start, State& state) const noexcept {
         const double d = 1 / v;
         const auto tangent = [=](double t) noexcept {
             const TangentPair<double> at = Y::tangents3(d, t);
@@ -103,78 +108,83 @@ struct Pair {
         };
         const auto [t, converged] = bracketed_newton(tangent, y, T_13_dense, T_23_max,
                                                      std::clamp(start, T_13_dense, T_23_max), step);
-        if (!converged) return outside;
+        if (!converged) return false;
         const bool at_end = t <= T_13_dense || t >= T_23_max;
+        if (at_end && !reproduces(dense_state(0, t, d))) return false;
         const double lowest = p_b23(t);
-        const State at = dense_state(on_end(region3::p(d, t), lowest, p_max), t, d);
-        if (at_end && !(std::fabs(single<Y::y>(at) - y) <= rounding())) return outside;
-        if (!(at.p >= lowest && at.p <= p_max)) return outside;
+        const double p = on_end(region3::p(d, t), lowest, p_max);
+        if (!(p >= lowest && p <= p_max)) return false;
         if (t < T_crit) {
             const SaturatedDensities saturated = dsat3(t, psat(t));
-            if (d < saturated.liquid && d > saturated.vapour) return outside;
+            if (d < saturated.liquid && d > saturated.vapour) return false;
         }
-        return at;
+        state = dense_state(p, t, d);
+        return true;
     }
 
     // The whole isochore searched for y. Where the equations of two regions leave a gap between
     // their values of y at the boundary, the boundary answers for it; where they overlap, either
     // region.
-    [[nodiscard]] State search() const noexcept {
+    void search(State& state) const noexcept {
         constexpr double beyond = 1e9;   // residual of a temperature at which v is out of range
         constexpr double any_dense = 1;  // m3/kg: v out of range below it is too small, else large
-        constexpr Asked evaluated{.single = true, .wet = true};
 
         const auto residual = [this](double t) noexcept {
-            const State at = of_tv<evaluated>(t, v);
+            const State at = of_tv<Asked{.single = true, .wet = true}>(t, v);
             if (!found(at)) return v < any_dense ? beyond : -beyond;
             return mixed<Y::y>(at) - y;
         };
-        const auto state = [this](double t) noexcept { return of_tv<Asked{.p = true}>(t, v); };
+        const auto settle = [&](double t) noexcept { state = of_tv<Asked{.p = true}>(t, v); };
         const double allowed = rounding();
 
         const double highest = v < region1_end ? T_13 : v < region5_end ? T_25 : T_max;
         const Residual<double> low{T_min, residual(T_min)};
-        if (low.f >= 0) return low.f <= allowed ? state(low.x) : outside;
+        if (low.f >= 0) {
+            if (low.f <= allowed) settle(low.x);
+            return;
+        }
         const Residual<double> high{highest, residual(highest)};
-        if (high.f <= 0) return high.f >= -allowed ? state(high.x) : outside;
+        if (high.f <= 0) {
+            if (high.f >= -allowed) settle(high.x);
+            return;
+        }
 
         const Residual<double> root = chandrupatla(residual, low, high, spacing);
-        if (std::fabs(root.f) <= allowed) return state(root.x);
+        if (std::fabs(root.f) <= allowed) return settle(root.x);
 
         // A jump, or an end of the range beside a corner, where the equations of the two regions
         // that meet do not end at the same volume: the state may be on the other one's ground.
         const double t = root.x;
-        if (v < region5_end) {
-            if (const State at = dense(t); found(at)) return at;
-            if (const State at = gibbs<Region::one>({p_max, t}); found(at)) return at;
-        }
+        if (v < region5_end && (dense(t, state) || gibbs<Region::one>({p_max, t}, state))) return;
         const double p = std::clamp(R / 1000 * t / v, p_min, p_max);
-        if (const State at = gibbs<Region::two>({p, t}); found(at)) return at;
+        if (gibbs<Region::two>({p, t}, state)) return;
         constexpr double neighbour = 1e-9;  // relative, beyond what of_tv rounds to a limit
         const bool within = found(of_tv<Asked{}>(t * (1 - neighbour), v)) &&
                             found(of_tv<Asked{}>(t * (1 + neighbour), v));
-        return within ? state(t) : outside;
+        if (within) settle(t);
     }
 
     // Wet steam up to 623.15 K.
-    [[nodiscard]] State wet() const noexcept {
+    [[nodiscard]] bool wet(State& state) const noexcept {
         const auto residual = [this](double t) noexcept {
             return mixed<Y::y>(wet_state_by<Asked{.wet = true}, property::v>(psat(t), t, v)) - y;
         };
         const Residual<double> low{T_min, residual(T_min)};
         const Residual<double> high{T_13, residual(T_13)};
-        if (!(low.f < 0 && high.f >= -rounding())) return outside;
+        if (!(low.f < 0 && high.f >= -rounding())) return false;
         const double t = high.f > 0 ? chandrupatla(residual, low, high, spacing).x : T_13;
         const State at = of_tv<Asked{.p = true}>(t, v);
-        if (at.region == Region::wet) return at;
-        // a saturated phase, which region 3 has too beside 623.15 K
-        const bool is_end = found(at) && std::fabs(single<Y::y>(at) - y) <= rounding();
-        return is_end && t > T_13 - beside ? at : outside;
+        // or a saturated phase, which region 3 has too beside 623.15 K
+        if (at.region == Region::wet || (t > T_13 - beside && found(at) && reproduces(at))) {
+            state = at;
+            return true;
+        }
+        return false;
     }
 
     // The state by the region that it is likely in, without a search. As the isochore has one state
     // for y, a state that is found is the one.
-    [[nodiscard]] State guess() const noexcept {
+    [[nodiscard]] bool guess(State& state) const noexcept {
         const auto ideal = [this](double t) noexcept { return Point<double>{R / 1000 * t / v, t}; };
         // the backward equation at the pressure of an ideal gas of middling temperature
         const auto backward = [this, ideal](double t) noexcept {
@@ -184,51 +194,47 @@ struct Pair {
         if (v >= region5_end) {
             if (y >= Y::wet_below) {
                 const bool hot = Y::along_isobar(ideal(T_25).x, y) > Y::hot_above;
-                const State vapour =
-                    hot ? gibbs<Region::five>(ideal(1500)) : gibbs<Region::two>(backward(600));
-                if (found(vapour)) return vapour;
+                if (hot ? gibbs<Region::five>(ideal(1500), state)
+                        : gibbs<Region::two>(backward(600), state)) {
+                    return true;
+                }
             }
-            return wet();
+            return wet(state);
         }
         if (v > region1_end && y > Y::dense_above) {
-            if (y < Y::thin_above) {
-                if (const State at = dense(700); found(at)) return at;
-            }
-            if (const State at = gibbs<Region::two>(ideal(900)); found(at)) return at;
+            if (y < Y::thin_above && dense(700, state)) return true;
+            if (gibbs<Region::two>(ideal(900), state)) return true;
         }
         if (v < hot_liquid_end) {
             constexpr double p = 20;
             const Point<double> start{p, std::clamp(Y::t1(p, y), T_min, T_13)};
-            if (const State at = gibbs<Region::one>(start); found(at)) return at;
+            if (gibbs<Region::one>(start, state)) return true;
         }
-        return wet();
+        return wet(state);
     }
 
     // Beside a limit the equations of both regions may reproduce the pair: the state of the one that
     // owns the limit for (p, T), 623.15 K, 1073.15 K or the B23 line, if it has one.
-    [[nodiscard]] State owner(const State& at) const noexcept {
-        if (at.region == Region::five && at.t < T_25 + beside) {
-            if (const State cold = gibbs<Region::two>({at.p, T_25}); found(cold)) return cold;
+    void prefer_owner(State& state) const noexcept {
+        const double p = state.p;
+        const double t = state.t;
+        if (state.region == Region::five && t < T_25 + beside) {
+            (void)gibbs<Region::two>({p, T_25}, state);
+            return;
         }
-        if (at.t > T_13 && (at.region == Region::three || at.region == Region::wet)) {
-            if (at.t < T_13 + beside) {
-                const State liquid = gibbs<Region::one>({at.p, T_13});
-                if (found(liquid)) return liquid;
-                if (const State mixture = wet(); found(mixture)) return mixture;
-            }
-            if (at.t > t_b23(at.p) - beside) {
-                const State vapour = gibbs<Region::two>({at.p, at.t});
-                if (found(vapour)) return vapour;
-            }
-        }
-        return at;
+        const bool is_dense = state.region == Region::three || state.region == Region::wet;
+        if (!(is_dense && t > T_13)) return;
+        if (t < T_13 + beside && (gibbs<Region::one>({p, T_13}, state) || wet(state))) return;
+        if (t > t_b23(p) - beside) (void)gibbs<Region::two>({p, t}, state);
     }
 
     [[nodiscard]] State solve() const noexcept {
+        State state = outside;
         const bool possible = v > inverse::smallest && v < inverse::largest;
-        if (!(possible && std::fabs(y) < 2 * Y::highest)) return outside;
-        const State guessed = guess();
-        return owner(found(guessed) ? guessed : search());
+        if (!(possible && std::fabs(y) < 2 * Y::highest)) return state;
+        if (!guess(state)) search(state);
+        prefer_owner(state);
+        return state;
     }
 };
 
