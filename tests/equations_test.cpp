@@ -52,8 +52,8 @@ public:
         deviations_.check(name, got, want, scale, permitted, at);
     }
     ~Sweep() {
-        if (strata::states(1) < 20000) return;  // a short sweep may miss where a term shows
-        constexpr double detectable = 1e9;      // a coefficient off by 1e-9
+        if (strata::states(1) < 100000) return;  // a short sweep may miss where a term shows
+        constexpr double detectable = 1e9;       // a coefficient off by 1e-9
         for (const auto& [name, seen] : seen_)
             for (std::size_t k = 0; k < seen.size(); ++k)
                 EXPECT_GT(seen[k], detectable) << name << " term " << k + 1;

@@ -13,6 +13,10 @@
 #include "reference/basic_equations.hpp"
 #include "reference/region3_density.hpp"
 #include "reference/sampling.hpp"
+#include "regions/region1.hpp"
+#include "regions/region2.hpp"
+#include "regions/region3.hpp"
+#include "regions/region5.hpp"
 
 namespace {
 
@@ -284,6 +288,72 @@ TEST(Properties, OfEveryFamily) {
         }
     });
     for (const Case& row : all) EXPECT_GT(visits[row.function], 0) << row.function->name;
+}
+
+// A value with its slopes, as the iterations take them from shared sums.
+TEST(Properties, SlopesForTheIterations) {
+    Deviations deviations;
+    strata::sweep(0.001, 200, [&](const strata::Stratum&, const strata::State& at) {
+        const double p = at[bound::p], t = at[bound::T], d = at[bound::d];
+        const auto found = single(at) ? of_pt_o(at) : std::nullopt;
+        if (!found) return;
+        const Known& x = found->x;
+        const Quad RT = gas_constant * t, R = gas_constant, s_p = -1000 * x.v_t;
+        const Quad h_scale = magnitude(x.h) + RT, s_scale = magnitude(x.s) + R;
+        const Quad v_t_scale = magnitude(x.v_t) + x.v / t, h_p_scale = magnitude(x.h_p) + 1;
+        const auto check = [&](const char* name, double got, Quad want, Quad scale) {
+            deviations.check(name + std::string(" region ") + std::to_string(x.region), got, want,
+                             scale, 3 * rounding_tolerance(true, x), {p, t});
+        };
+        const auto tangent = [&](const char* name, const vaprix::Tangent& got, Quad y, Quad y_scale,
+                                 Quad slope, Quad slope_scale) {
+            check(name, got.y, y, y_scale);
+            check((name + std::string(", slope")).c_str(), got.y_x, slope, slope_scale);
+        };
+        const auto pair = [&](const char* name, const vaprix::TangentPair& got,
+                              const Quad(&want)[6], const Quad(&scale)[6]) {
+            const double all[] = {got.a, got.a_x, got.a_y, got.b, got.b_x, got.b_y};
+            for (std::size_t k = 0; k < 6; ++k)
+                check((name + std::to_string(k)).c_str(), all[k], want[k], scale[k]);
+        };
+#define COMMON(equation)                                                              \
+    tangent("h by T", equation::h_tangent_t(p, t), x.h, h_scale, x.cp, x.cp);         \
+    tangent("h by p", equation::h_tangent_p(p, t), x.h, h_scale, x.h_p, h_p_scale);   \
+    tangent("v by T", equation::v_tangent_t(p, t), x.v, x.v, x.v_t, v_t_scale);       \
+    tangent("v by p", equation::v_tangent_p(p, t), x.v, x.v, x.v_p, -x.v_p);          \
+    pair("h, s", equation::hs_tangents(p, t), {x.h, x.h_p, x.cp, x.s, s_p, x.cp / t}, \
+         {h_scale, h_p_scale, x.cp, s_scale, 1000 * v_t_scale, x.cp / t})
+#define VAPOUR(equation)                                                                         \
+    COMMON(equation);                                                                            \
+    tangent("s + R ln p by T", equation::s_plus_r_ln_p_tangent_t(p, t), s_ln, s_scale, x.cp / t, \
+            x.cp / t);                                                                           \
+    tangent("s + R ln p by p", equation::s_plus_r_ln_p_tangent_p(p, t), s_ln, s_scale,           \
+            s_p + R / p, 1000 * v_t_scale)
+        const Quad s_ln = x.s + R * published::logarithm(Quad(p));
+        namespace lib = vaprix;
+        if (x.region == 1) {
+            COMMON(lib::region1);
+            tangent("s by T", lib::region1::s_tangent_t(p, t), x.s, s_scale, x.cp / t, x.cp / t);
+            tangent("s by p", lib::region1::s_tangent_p(p, t), x.s, s_scale, s_p, 1000 * v_t_scale);
+        } else if (x.region == 2) {
+            VAPOUR(lib::region2);
+        } else if (x.region == 5) {
+            VAPOUR(lib::region5);
+        } else {
+            const Quad tp = t / x.d * x.p_t, h_d = (x.p_d - tp) * 1000 / x.d,
+                       s_d = -1000 * x.p_t / x.d / x.d;
+            const Quad h_d_scale = (x.p_d + tp) * 1000 / x.d, h_t = x.cv + 1000 * x.p_t / x.d;
+            pair("p, h", lib::region3::ph_tangents(d, t), {x.p, x.p_d, x.p_t, x.h, h_d, h_t},
+                 {x.p, x.p_d, x.p_t, h_scale, h_d_scale, h_t});
+            pair("p, s", lib::region3::ps_tangents(d, t), {x.p, x.p_d, x.p_t, x.s, s_d, x.cv / t},
+                 {x.p, x.p_d, x.p_t, s_scale, -s_d, x.cv / t});
+            pair("h, s", lib::region3::hs_tangents(d, t), {x.h, h_d, h_t, x.s, s_d, x.cv / t},
+                 {h_scale, h_d_scale, h_t, s_scale, -s_d, x.cv / t});
+            tangent("p by T", lib::region3::p_tangent_t(d, t), x.p, x.p, x.p_t, x.p_t);
+            tangent("h by d", lib::region3::h_tangent_d(d, t), x.h, h_scale, h_d, h_d_scale);
+            tangent("s by d", lib::region3::s_tangent_d(d, t), x.s, s_scale, s_d, -s_d);
+        }
+    });
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 // library. Units: p MPa, t K, v m3/kg, d kg/m3, energies kJ/kg, s cp cv kJ/(kg K), w m/s.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <map>
 #include <regex>
@@ -122,8 +123,8 @@ Variable<N> variable(const std::string& text, const std::string& arguments) {
 template <class N>
 struct Equation {
     std::string name, arguments, low, high, permitted;
-    std::vector<Term<N>> terms;
-    Variable<N> x, y;
+    std::vector<Term<N>> terms{};
+    Variable<N> x{}, y{};
     N scale = 1, exponent = 1;
     bool exponential_form = false;
 
@@ -151,17 +152,12 @@ std::map<std::string, Equation<N>> read_equations() {
         const auto cell = [&](const char* column) { return forms.cell(row, column); };
         const std::string of = cell("arguments"), outer = cell("outer");
         const bool exp = outer == "exp";
-        all[cell("name")] = {cell("name"),
-                             of,
-                             cell("low"),
-                             cell("high"),
-                             cell("permitted"),
-                             read_terms<N>(cell("file"), cell("set")),
-                             variable<N>(cell("x"), of),
-                             variable<N>(cell("y"), of),
-                             number<N>(cell("scale")),
-                             number<N>(exp ? "1" : outer),
-                             exp};
+        Equation<N>& one = all[cell("name")];
+        one = {cell("name"), of, cell("low"), cell("high"), cell("permitted")};
+        one.terms = read_terms<N>(cell("file"), cell("set"));
+        one.x = variable<N>(cell("x"), of), one.y = variable<N>(cell("y"), of);
+        one.scale = number<N>(cell("scale")), one.exponent = number<N>(exp ? "1" : outer);
+        one.exponential_form = exp;
     }
     // IAPWS SR5-05(2016), Eq. (4), and Eq. (5), which is exponential and has no c, d, e
     const Table volumes = read_table("region3_vpt/reducing.csv");
@@ -172,17 +168,12 @@ std::map<std::string, Equation<N>> read_equations() {
             const std::string& text = volumes.cell(row, column);
             return number<N>(text.empty() ? "1" : text);
         };
-        all[name] = {name,
-                     "pT",
-                     "",
-                     "",
-                     "",
-                     read_terms<N>("region3_vpt/" + name + ".csv"),
-                     {0, false, false, 1, value("p_star"), -value("a"), value("c")},
-                     {1, false, false, 1, value("T_star"), -value("b"), value("d")},
-                     value("v_star"),
-                     value("e"),
-                     exp};
+        Equation<N>& one = all[name];
+        one = {name, "pT", "", "", ""};
+        one.terms = read_terms<N>("region3_vpt/" + name + ".csv");
+        one.x = {0, false, false, 1, value("p_star"), -value("a"), value("c")};
+        one.y = {1, false, false, 1, value("T_star"), -value("b"), value("d")};
+        one.scale = value("v_star"), one.exponent = value("e"), one.exponential_form = exp;
     }
     return all;
 }
@@ -195,6 +186,23 @@ const std::map<std::string, Equation<N>>& equations() {
 template <class N>
 const Equation<N>& equation(const std::string& name) {
     return equations<N>().at(name);
+}
+
+// An equation or a constant by its text, looked up once.
+template <std::size_t size>
+struct Text {
+    char characters[size];
+    constexpr Text(const char (&text)[size]) { std::copy_n(text, size, characters); }
+};
+template <class N, Text name>
+const Equation<N>& of() {
+    static const auto& found = equation<N>(name.characters);
+    return found;
+}
+template <class N, Text digits>
+const N& constant() {
+    static const N value = number<N>(digits.characters);
+    return value;
 }
 
 // IAPWS R7-97(2012), Eqs. (30) and (31), and dTs/dp of the implicit form, Eq. (29).
@@ -236,8 +244,7 @@ N tsat_p(N p) {
 // The boundary of regions 2 and 3 and that of 2b and 2c, Eqs. (5), (6), (20) and (21).
 template <class N>
 N p_b23(N t) {
-    static const auto& line = equation<N>("p_b23");
-    return line(t);
+    return of<N, "p_b23">()(t);
 }
 template <class N>
 N t_b23(N p) {
@@ -246,17 +253,14 @@ N t_b23(N p) {
 }
 template <class N>
 N p_b2bc(N h) {
-    static const auto& line = equation<N>("p_b2bc");
-    return line(h);
+    return of<N, "p_b2bc">()(h);
 }
 
 // Region of (p, T) away from the ends of the range; a state on a boundary counts as the denser one.
 template <class N>
 int region(N p, N t) {
-    static const N t_13 = number<N>("623.15"), t_23 = number<N>("863.15"),
-                   t_25 = number<N>("1073.15");
-    if (t > t_23) return t > t_25 ? 5 : 2;
-    if (t <= t_13) return p < psat(t) ? 2 : 1;
+    if (t > constant<N, "863.15">()) return t > constant<N, "1073.15">() ? 5 : 2;
+    if (t <= constant<N, "623.15">()) return p < psat(t) ? 2 : 1;
     return p > p_b23(t) ? 3 : 2;
 }
 
@@ -266,66 +270,56 @@ template <class N>
 using Choice = const Equation<N>& (*)(N, N);
 template <class N>
 const Equation<N>& t2_ph(N p, N h) {
-    static const auto &a = equation<N>("t2a_ph"), &b = equation<N>("t2b_ph"),
-                      &c = equation<N>("t2c_ph");
-    return p <= 4 ? a : p > p_b2bc(h) ? c : b;
+    return p <= 4 ? of<N, "t2a_ph">() : p > p_b2bc(h) ? of<N, "t2c_ph">() : of<N, "t2b_ph">();
+}
+template <class N>
+bool in_2c(N s) {
+    return s < constant<N, "5.85">();
 }
 template <class N>
 const Equation<N>& t2_ps(N p, N s) {
-    static const auto &a = equation<N>("t2a_ps"), &b = equation<N>("t2b_ps"),
-                      &c = equation<N>("t2c_ps");
-    static const N s_2bc = number<N>("5.85");
-    return p <= 4 ? a : s < s_2bc ? c : b;
+    return p <= 4 ? of<N, "t2a_ps">() : in_2c(s) ? of<N, "t2c_ps">() : of<N, "t2b_ps">();
 }
 template <class N>
 const Equation<N>& p2_hs(N h, N s) {
-    static const auto &a = equation<N>("p2a_hs"), &b = equation<N>("p2b_hs"),
-                      &c = equation<N>("p2c_hs"), &h_2ab = equation<N>("h_2ab");
-    static const N s_2bc = number<N>("5.85");
-    return s < s_2bc ? c : h <= h_2ab(s) ? a : b;
+    return in_2c(s)                   ? of<N, "p2c_hs">()
+           : h <= of<N, "h_2ab">()(s) ? of<N, "p2a_hs">()
+                                      : of<N, "p2b_hs">();
 }
 template <class N>
 bool in_3a_ph(N p, N h) {
-    static const auto& h3ab = equation<N>("h3ab");
-    return h <= h3ab(p);
+    return h <= of<N, "h3ab">()(p);
 }
 template <class N>
 bool in_3a_s(N s) {
-    static const N s_crit = number<N>("4.41202148223476");
-    return s <= s_crit;
+    return s <= constant<N, "4.41202148223476">();
 }
 template <class N>
 const Equation<N>& t3_ph(N p, N h) {
-    static const auto &a = equation<N>("t3a_ph"), &b = equation<N>("t3b_ph");
-    return in_3a_ph(p, h) ? a : b;
+    return in_3a_ph(p, h) ? of<N, "t3a_ph">() : of<N, "t3b_ph">();
 }
 template <class N>
 const Equation<N>& v3_ph(N p, N h) {
-    static const auto &a = equation<N>("v3a_ph"), &b = equation<N>("v3b_ph");
-    return in_3a_ph(p, h) ? a : b;
+    return in_3a_ph(p, h) ? of<N, "v3a_ph">() : of<N, "v3b_ph">();
 }
 template <class N>
 const Equation<N>& t3_ps(N /* p */, N s) {
-    static const auto &a = equation<N>("t3a_ps"), &b = equation<N>("t3b_ps");
-    return in_3a_s(s) ? a : b;
+    return in_3a_s(s) ? of<N, "t3a_ps">() : of<N, "t3b_ps">();
 }
 template <class N>
 const Equation<N>& v3_ps(N /* p */, N s) {
-    static const auto &a = equation<N>("v3a_ps"), &b = equation<N>("v3b_ps");
-    return in_3a_s(s) ? a : b;
+    return in_3a_s(s) ? of<N, "v3a_ps">() : of<N, "v3b_ps">();
 }
 template <class N>
 const Equation<N>& p3_hs(N /* h */, N s) {
-    static const auto &a = equation<N>("p3a_hs"), &b = equation<N>("p3b_hs");
-    return in_3a_s(s) ? a : b;
+    return in_3a_s(s) ? of<N, "p3a_hs">() : of<N, "p3b_hs">();
 }
 
 // Boundary temperature of the subregions of region 3 by its published name.
 template <class N>
 N boundary3(const std::string& name, N p) {
-    static const N slope = number<N>("3.727888004"), p_crit = number<N>("22.064"),
-                   T_crit = number<N>("647.096");
-    return name == "T3ef" ? slope * (p - p_crit) + T_crit : equation<N>(name)(p);
+    if (name != "T3ef") return equation<N>(name)(p);
+    return constant<N, "3.727888004">() * (p - constant<N, "22.064">()) + constant<N, "647.096">();
 }
 
 // Volume of region 3 by (p, T): the decision tables of IAPWS SR5-05(2016). The saturation line
@@ -401,23 +395,18 @@ public:
     // What cancellation makes of a rounding of the terms: the worst of the potential and its first
     // derivatives, in units of R T, and of the second derivatives.
     N first_condition() const {
-        const auto worst = [](N x, N y) { return x > y ? x : y; };
-        return worst(worst(size_(0, 0) / (magnitude(f_(0, 0)) + 1),
-                           tau_ * size_(0, 1) / (magnitude(tau_ * f_(0, 1)) + 1)),
-                     size_(1, 0) / magnitude(f_(1, 0)));
+        return std::max({size_(0, 0) / (magnitude(f_(0, 0)) + 1),
+                         tau_ * size_(0, 1) / (magnitude(tau_ * f_(0, 1)) + 1),
+                         size_(1, 0) / magnitude(f_(1, 0))});
     }
     N second_condition() const {
         const auto ratio = [this](int i, int j) { return size_(i, j) / magnitude(f_(i, j)); };
-        const auto worst = [](N x, N y) { return x > y ? x : y; };
-        if (!dense_) return worst(worst(ratio(2, 0), ratio(0, 2)), ratio(1, 1));
+        if (!dense_) return std::max({ratio(2, 0), ratio(0, 2), ratio(1, 1)});
         const N size = 2 * size_(1, 0) + a_ * size_(2, 0);
-        return worst(size / magnitude(2 * f_(1, 0) + a_ * f_(2, 0)), ratio(0, 2));
+        return std::max(size / magnitude(2 * f_(1, 0) + a_ * f_(2, 0)), ratio(0, 2));
     }
 
-    static N R() {
-        static const N constant = number<N>("0.461526");
-        return constant;
-    }
+    static N R() { return constant<N, "0.461526">(); }
 
 private:
     struct Basic {
@@ -487,9 +476,8 @@ template <class N>
 N viscosity(N t, N d) {
     static const auto dilute = read_terms<N>("transport/viscosity_H0.csv", "", "H", "i", "none");
     static const auto dense = read_terms<N>("transport/viscosity_H.csv", "", "H", "i", "j");
-    static const N T_star = number<N>("647.096"), micro = number<N>("1e-6");
-    const N y = T_star / t, r = d / 322;
-    return micro * 100 / root(y) / sum(dilute, y, N(1)).value *
+    const N y = constant<N, "647.096">() / t, r = d / 322;
+    return constant<N, "1e-6">() * 100 / root(y) / sum(dilute, y, N(1)).value *
            exponential(r * sum(dense, y - 1, r - 1).value);
 }
 
@@ -498,17 +486,15 @@ template <class N>
 N conductivity(N t, N d) {
     static const auto constants = read_constants<N>("transport/conductivity.csv");
     const auto c = [](const char* name) { return constants.at(name); };
-    static const N by_5[] = {number<N>("0.6"), number<N>("1.5"), number<N>("1.8"),
-                             number<N>("2.8")};
     const N tr = t / c("T_star"), r = d / c("rho_star"), shifted = r + c("B2");
-    const N dt = magnitude(tr - 1) + c("C4"), root_dt = power(dt, by_5[0]);
+    const N dt = magnitude(tr - 1) + c("C4"), root_dt = power(dt, constant<N, "0.6">());
     const N q = 2 + c("C5") / root_dt, s = tr >= 1 ? 1 / dt : c("C6") / root_dt;
     return root(tr) * (c("a0") + c("a1") * tr + c("a2") * tr * tr + c("a3") * tr * tr * tr) +
            c("b0") + c("b1") * r + c("b2") * exponential(c("B1") * shifted * shifted) +
-           (c("d1") / power(tr, N(10)) + c("d2")) * power(r, by_5[2]) *
-               exponential(c("C1") * (1 - power(r, by_5[3]))) +
+           (c("d1") / power(tr, N(10)) + c("d2")) * power(r, constant<N, "1.8">()) *
+               exponential(c("C1") * (1 - power(r, constant<N, "2.8">()))) +
            c("d3") * s * power(r, q) * exponential(q / (1 + q) * (1 - power(r, 1 + q))) +
-           c("d4") * exponential(c("C2") * power(tr, by_5[1]) + c("C3") / power(r, N(5)));
+           c("d4") * exponential(c("C2") * power(tr, N(1.5)) + c("C3") / power(r, N(5)));
 }
 
 // Static dielectric constant: IAPWS R8-97, Eqs. (3) to (5) and (7).
