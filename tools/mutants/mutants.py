@@ -1,0 +1,120 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""Plants one fault at a time in the library and says which ones the quick tests do not notice.
+
+    tools/mutants/mutants.py [--count 60] [--seed 1] [--tests regular-expression]
+
+A mutant changes one line of VAPRIX/**/*.hpp or *.cpp, tables apart: a numeric constant, a comparison or its strictness,
+a sign, the call of a sibling, a dropped statement. It is built and tested in one of two copies of the tree in
+build/mutants, which are kept for the next run; one that does not compile is drawn again and not counted. Survivors are
+printed with file, line and change. The digests are no quick test: they notice any change, right or wrong.
+Exit status: 0 none survived, 1 some did, 2 the tree fails without any fault. To be run on demand.
+"""
+import argparse
+import concurrent.futures
+import itertools
+import pathlib
+import queue
+import random
+import re
+import shutil
+import subprocess
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+TREES = [ROOT / "build" / "mutants" / name for name in ("a", "b")]
+SIBLINGS = [("liquid", "vapour"), ("region1", "region2"), ("region2", "region3"), ("p_min", "p_max"), ("T_min", "T_max"),
+            ("T_13", "T_25"), ("p_crit", "psat_13"), ("psat", "p_b23"), ("low", "high"), ("::h", "::s"), ("::v", "::h"),
+            ("std::min", "std::max"), ("true", "false"), ("_ph", "_ps"), ("cp", "cv"), ("&&", "||")]
+COMPARISONS = {"<": ["<=", ">"], "<=": ["<", ">="], ">": [">=", "<"], ">=": [">", "<="], "==": ["!="], "!=": ["=="]}
+NUMBER = re.compile(r"(?<![\w.])\d+\.?\d*(?:e[+-]?\d+)?(?![\w.])")
+COMPARISON = re.compile(r"(?<= )(?:<=|>=|==|!=|<|>)(?= )")
+SIGN = re.compile(r"(?<= )[+-](?= )")
+STATEMENT = re.compile(r"\s+(?=\S)(?!return|using|const|static|auto|double|int|bool|template|inline|struct|break|case)[^{}]*;\s*")
+NEVER = re.compile(r"\s*(#|template|using|namespace|static_assert|$)")
+
+
+def mutants_of(line):
+    """Every line that one fault makes of it; comments stay."""
+    code, mark, note = line.partition("//")
+    if NEVER.match(code):
+        return []
+    swaps = [(m, str(int(m[0]) + 1) if m[0].isdigit() else f"({m[0]} * 1.001)") for m in NUMBER.finditer(code)]
+    swaps += [(m, other) for m in COMPARISON.finditer(code) for other in COMPARISONS[m[0]]]
+    swaps += [(m, "-" if m[0] == "+" else "+") for m in SIGN.finditer(code)]
+    swaps += [(m, b) for pair in SIBLINGS for a, b in (pair, pair[::-1])
+              for m in re.finditer(rf"(?<![A-Za-z0-9]){re.escape(a)}(?![A-Za-z0-9])", code)]
+    return [code[:m.start()] + new + code[m.end():] + mark + note for m, new in swaps] + ([mark + note] if STATEMENT.fullmatch(code) else [])
+
+
+def all_mutants():
+    """(file, index of the line, line, mutant)"""
+    return [(path.relative_to(ROOT), index, line, mutant)
+            for path in sorted((ROOT / "VAPRIX").rglob("*.[hc]pp")) if "tables" not in path.parts
+            for index, line in enumerate(path.read_text(encoding="utf-8").splitlines()) for mutant in mutants_of(line)]
+
+
+def run(*command):
+    return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, check=False)
+
+
+def judge(tree, tests):
+    if run("cmake", "--build", tree / "build", "--parallel", "1").returncode != 0:
+        return "does not compile"
+    found = run("ctest", "--test-dir", tree / "build", "--stop-on-failure", "--timeout", "120", "--no-tests=error", *tests)
+    return "survived" if found.returncode == 0 else "killed"
+
+
+def prepare(tree, tests):
+    """Brings the copy up to date, writing only what differs; whether it passes."""
+    for name in run("git", "-C", ROOT, "ls-files").stdout.splitlines():
+        source, copy = ROOT / name, tree / name
+        if source.exists() and not (copy.exists() and copy.read_bytes() == source.read_bytes()):
+            copy.parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy(source, copy)
+    run("cmake", "-S", tree, "--preset", "release", "-B", tree / "build", "-DVAPRIX_BUILD_BENCHMARKS=OFF",
+        "-DVAPRIX_BUILD_VARIANTS=OFF", "-DVAPRIX_TEST_STATES=2000")
+    return judge(tree, tests) == "survived"
+
+
+def fate(free, mutant, tests):
+    path, index, _, changed = mutant
+    tree = free.get()
+    original = (tree / path).read_text(encoding="utf-8")
+    lines = original.splitlines(keepends=True)
+    lines[index] = changed + "\n"
+    try:
+        (tree / path).write_text("".join(lines), encoding="utf-8")
+        return judge(tree, tests)
+    finally:
+        (tree / path).write_text(original, encoding="utf-8")
+        free.put(tree)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("--count", type=int, default=60, help="mutants that compile")
+    parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--tests", help="names of the tests to run, instead of those labelled quick")
+    options = parser.parse_args()
+    tests = ["-R", options.tests] if options.tests else ["-L", "quick"]
+    drawn = all_mutants()
+    random.Random(options.seed).shuffle(drawn)
+    drawn, free, counts = iter(drawn), queue.Queue(), {"killed": 0, "survived": 0, "does not compile": 0}
+    with concurrent.futures.ThreadPoolExecutor(len(TREES)) as pool:
+        if not all(list(pool.map(lambda tree: prepare(tree, tests), TREES))):
+            print("the tree fails without any fault", file=sys.stderr)
+            return 2
+        for tree in TREES:
+            free.put(tree)
+        while batch := list(itertools.islice(drawn, options.count - counts["killed"] - counts["survived"])):
+            for mutant, found in zip(batch, pool.map(lambda mutant: fate(free, mutant, tests), batch)):
+                counts[found] += 1
+                if found == "survived":
+                    print(f"{mutant[0]}:{mutant[1] + 1}\n  - {mutant[2].strip()}\n  + {mutant[3].strip()}", flush=True)
+    print(", ".join(f"{count} {name}" for name, count in counts.items()))
+    return 1 if counts["survived"] else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
