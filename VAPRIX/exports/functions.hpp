@@ -5,10 +5,9 @@
 
 #include "frame/constants.hpp"
 #include "frame/error_code.hpp"
-#include "inverse/hs.hpp"
-#include "inverse/ph.hpp"
-#include "inverse/ps.hpp"
-#include "inverse/pv.hpp"
+#include "inverse/of_hs.hpp"
+#include "inverse/of_pv.hpp"
+#include "inverse/of_py.hpp"
 #include "inverse/of_tv.hpp"
 #include "inverse/of_ty.hpp"
 #include "inverse/of_vy.hpp"

@@ -85,35 +85,54 @@ struct Box {
     Point<Number> high;
 };
 
+// A variable after a step; by_ratio for a pressure on whose logarithm a and b depend: the
+// exponential of the relative step to third order.
+inline constexpr auto by_step = [](auto x, auto step) noexcept { return x + step; };
+inline constexpr auto by_ratio = [](auto x, auto step) noexcept {
+    const auto relative = step / x;
+    return x * ((2 + relative) / (2 - relative));
+};
+
 // Point at which a = a_given and b = b_given, by Newton's method in two variables.
 //
-// Given:    tangents  a and b with their slopes at (x, y);  at  start point;  tolerance  relative
-//           step of both variables that ends the iteration;  box  which no step leaves, after
-//           three that would have the search is given up.
+// Given:    tangents  a and b with their slopes at (x, y);  at  start point;  settled  of the point
+//           after a step, the step and what was left of a and b before it: whether it is the last;
+//           box  which no step leaves, after `patience` that would have the search is given up;
+//           advance  how x takes a step.
 // Returned: the point, converged; the last one, not converged, after 20 rounds.
-template <class TangentsOf, class Number>
+template <auto advance = by_step, class TangentsOf, class Number, class Settled>
 NewtonPoint<Number> newton(TangentsOf tangents, Number a_given, Number b_given,
-                           std::type_identity_t<Point<Number>> at, double tolerance,
-                           const std::type_identity_t<Box<Number>>* box = nullptr) noexcept {
+                           std::type_identity_t<Point<Number>> at, Settled settled,
+                           const std::type_identity_t<Box<Number>>* box, int patience) noexcept {
     constexpr int rounds = 20;
-    constexpr int patience = 3;
     int held_back = 0;
     for (int round = 0; round < rounds; ++round) {
-        const TangentPair<Number> f = tangents(at.x, at.y);
-        const Point<Number> step = newton_step(f, a_given - f.a, b_given - f.b);
-        at.x += step.x;
-        at.y += step.y;
-        if (fabs(step.x) < tolerance * at.x && fabs(step.y) < tolerance * at.y) {
-            return {at, true};
-        }
         if (box != nullptr) {
             const Point<Number> held{std::clamp(at.x, box->low.x, box->high.x),
                                      std::clamp(at.y, box->low.y, box->high.y)};
             if ((held.x != at.x || held.y != at.y) && ++held_back > patience) return {held, false};
             at = held;
         }
+        const TangentPair<Number> f = tangents(at.x, at.y);
+        const Point<Number> left{a_given - f.a, b_given - f.b};
+        const Point<Number> step = newton_step(f, left.x, left.y);
+        at = {advance(at.x, step.x), at.y + step.y};
+        if (settled(at, step, left)) return {at, true};
     }
     return {at, false};
+}
+
+// The same with a relative step of both variables that ends the iteration.
+template <class TangentsOf, class Number>
+NewtonPoint<Number> newton(TangentsOf tangents, Number a_given, Number b_given,
+                           std::type_identity_t<Point<Number>> at, double tolerance,
+                           const std::type_identity_t<Box<Number>>* box = nullptr) noexcept {
+    constexpr int patience = 3;
+    const auto small = [tolerance](Point<Number> point, Point<Number> step,
+                                   Point<Number> /* left */) noexcept {
+        return fabs(step.x) < tolerance * point.x && fabs(step.y) < tolerance * point.y;
+    };
+    return newton(tangents, a_given, b_given, at, small, box, patience);
 }
 
 }  // namespace vaprix

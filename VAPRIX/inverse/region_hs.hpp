@@ -12,9 +12,7 @@
 #include "regions/region2_backward.hpp"
 #include "regions/region3_backward.hpp"
 
-namespace vaprix::hs {
-
-using pt::two_phase;
+namespace vaprix::inverse {
 
 // Limits that hold every state, a little outside the range of validity.
 inline constexpr double h_lowest = -0.05, h_highest = 7377;      // kJ/kg
@@ -37,7 +35,7 @@ inline constexpr double beyond_region2 = 4160.7;   // h2(p, 1073.15 K) <= 4160.6
 // Whether h at p is below that of the isotherm 1073.15 K.
 [[nodiscard]] inline bool below_t25(double p, double h) noexcept {
     if (p >= p_min && p <= p_max) {
-        const LimitBounds t25 = inverse::Enthalpy::limits[isobar_band(p)].t25;
+        const LimitBounds t25 = Enthalpy::limits[isobar_band(p)].t25;
         if (h < static_cast<double>(t25.low)) return true;
         if (h > static_cast<double>(t25.high)) return false;
     }
@@ -46,34 +44,34 @@ inline constexpr double beyond_region2 = 4160.7;   // h2(p, 1073.15 K) <= 4160.6
 
 // Region of (h, s), with limits of pressure and temperature not examined but for that between
 // regions 2 and 5.
-// Returned: 1, 2, 3, 5, two_phase; pt::outside beyond the limits above, for wet steam colder than
+// Returned: the region; none beyond the limits above, for wet steam colder than
 //           273.15 K by more than 1 kJ/kg, and for a NaN.
-[[nodiscard]] inline int region_unlimited(double h, double s) noexcept {
+[[nodiscard]] inline Region region_unlimited(double h, double s) noexcept {
     using namespace boundaries_hs;
 
     if (!(h >= h_lowest && h <= h_highest && s >= s_lowest && s <= s_highest && h > T_min * s - 1 &&
           h < h_beyond_p_max(
                   s))) {  // h - T s of either saturated phase is 0.0006 kJ/kg at 273.15 K
-        return pt::outside;
+        return Region::none;
     }
     if (s <= s_liquid_13) {
-        if (s >= s_liquid_min && h < h_liquid_1(s)) return two_phase;
-        return s > s_13_min && h > h_13(s) ? 3 : 1;
+        if (s >= s_liquid_min && h < h_liquid_1(s)) return Region::wet;
+        return s > s_13_min && h > h_13(s) ? Region::three : Region::one;
     }
-    if (s <= region3::s_crit) return h < h_liquid_3a(s) ? two_phase : 3;
-    if (h > beyond_region2) return 5;
+    if (s <= region3::s_crit) return h < h_liquid_3a(s) ? Region::wet : Region::three;
+    if (h > beyond_region2) return Region::five;
     if (s < region2::s_2bc) {
-        if (h <= above_saturated && h < h_vapour_2c3b(s)) return two_phase;
-        if (s < s_23_min) return 3;
+        if (h <= above_saturated && h < h_vapour_2c3b(s)) return Region::wet;
+        if (s < s_23_min) return Region::three;
         if (s <= s_23_max && h < h_23_max &&
             (h <= h_23_min || region2::p_hs(h, s) > p_b23(t_23(h, s)))) {
-            return 3;
+            return Region::three;
         }
     } else if (s <= s_vapour_max && h <= above_saturated && h < h_vapour_2ab(s)) {
-        return two_phase;
+        return Region::wet;
     }
-    if (h < lowest_region5) return 2;
-    return below_t25(region2::p_hs(h, s), h) ? 2 : 5;
+    if (h < lowest_region5) return Region::two;
+    return below_t25(region2::p_hs(h, s), h) ? Region::two : Region::five;
 }
 
-}  // namespace vaprix::hs
+}  // namespace vaprix::inverse

@@ -9,8 +9,6 @@
 
 #include "frame/constants.hpp"
 #include "frame/polynomial.hpp"
-#include "pt/properties.hpp"
-#include "pt/saturated_state.hpp"
 #include "regions/region1_backward.hpp"
 #include "regions/region2_backward.hpp"
 #include "regions/region3.hpp"
@@ -19,6 +17,7 @@
 #include "regions/saturation_line.hpp"
 #include "regions/tables/isobar_limits.hpp"
 #include "regions/tables/region5_start.hpp"
+#include "state/wet.hpp"
 
 namespace vaprix::inverse {
 
@@ -26,8 +25,7 @@ inline constexpr auto t5_start_h = polynomial(tables::t5_start_h);
 inline constexpr auto t5_start_s = polynomial(tables::t5_start_s);
 
 struct Enthalpy {
-    static constexpr const pt::Property& y = pt::h;
-    static constexpr const pt::Property& other = pt::s;  // the property that the pair gives for it
+    static constexpr const Property& y = property::h;
     static constexpr double unit = R * T_min;  // what a rounding near its zero is measured by
 
     // range of validity
@@ -66,8 +64,8 @@ struct Enthalpy {
     // Phase of a dense state below the critical pressure by the basic equation that the O-family
     // then evaluates, so that the two agree next to the critical point.
     static bool is_wet_o(double p, double h) noexcept {
-        const pt::SaturatedState saturated(p, tsat(p));
-        return saturated.liquid<pt::h>() < h && h < saturated.vapour<pt::h>();
+        const State ends = wet_state<Asked{.wet = true}>(p, tsat(p));
+        return single<y>(liquid_end(ends)) < h && h < single<y>(vapour_end(ends));
     }
 
     // Which region a search along an isochore tries first, at a volume where the other cannot be:
@@ -90,8 +88,7 @@ struct Enthalpy {
 };
 
 struct Entropy {
-    static constexpr const pt::Property& y = pt::s;
-    static constexpr const pt::Property& other = pt::h;
+    static constexpr const Property& y = property::s;
     static constexpr double unit = R;
 
     static constexpr double lowest = -0.008582287092621963;

@@ -15,6 +15,15 @@ namespace vaprix {
 // alike.
 inline constexpr double limit_tolerance = 1e-12;
 
+// What the rounding of a given pair makes of its temperature, K: an inverse puts a temperature this
+// far beyond a limit on the limit, so that (p, T) does not refuse it.
+inline constexpr double t_rounding = 1e-10;
+[[nodiscard]] constexpr double onto_limit(double t, double low, double high) noexcept {
+    if (t < low && t >= low - t_rounding) return low;
+    if (t > high && t <= high + t_rounding) return high;
+    return t;
+}
+
 // Region of (p, t).
 // Given:    p  pressure, MPa;  t  temperature, K.
 // Returned: the region, wet on the saturation line. The limits themselves are inside; a NaN is

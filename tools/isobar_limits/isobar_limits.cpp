@@ -10,7 +10,7 @@
 #include <cstdio>
 #include <vector>
 
-#include "inverse/region_by_pressure.hpp"
+#include "inverse/region_py.hpp"
 
 namespace {
 
@@ -21,11 +21,11 @@ using namespace vaprix;
 template <class Y>
 int rank(double p, double y, double cold_side) {
     switch (inverse::region_by_equations<Y>(p, y)) {
-        case 1: return 1;
-        case 3:
-        case inverse::two_phase: return 2;
-        case 2: return 3;
-        case 5: return 4;
+        case Region::one: return 1;
+        case Region::three:
+        case Region::wet: return 2;
+        case Region::two: return 3;
+        case Region::five: return 4;
         default: return y < cold_side ? 0 : 5;
     }
 }

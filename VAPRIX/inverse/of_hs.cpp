@@ -1,0 +1,370 @@
+// SPDX-License-Identifier: MIT
+#include "inverse/of_hs.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+#include "frame/newton.hpp"
+#include "inverse/region_hs.hpp"
+#include "regions/saturated_energies.hpp"
+
+namespace vaprix::inverse {
+namespace {
+
+// What rounding of h and s makes of pressure and quality. A state this far outside a limit is put on
+// it.
+constexpr double p_rounding = 1e-9;          // MPa, dense fluid
+constexpr double p_rounding_line = 1e-12;    // MPa, liquid beside the saturation line
+constexpr double p_rounding_vapour = 1e-12;  // relative
+constexpr double x_rounding = 1e-12;
+
+// Above it the saturated densities are estimates (saturated_densities.hpp), which are not in
+// equilibrium: the region-3 equation answers for both phases. 40 microkelvin.
+constexpr double t_near_critical = T_crit - 4e-5;
+
+// A solution of h and s in the equation of one region, and the region it belongs to by p and T:
+// state.region itself, a neighbour, or none.
+struct Attempt {
+    State state;
+    Region belongs_to;
+    bool converged;
+};
+
+constexpr Attempt no_solution{refused(ErrorCode::outside_range), Region::none, false};
+
+// Puts x on a limit that it exceeds by no more than the rounding; whether it is within them then.
+bool settle(double& x, double low, double high, double rounding) noexcept {
+    if (!(x >= low - rounding && x <= high + rounding)) return false;
+    x = std::clamp(x, low, high);
+    return true;
+}
+
+// Newton's method from a start nearby, given up as soon as it leaves the box, where the equation has
+// no meaning. The residuals of the point before, kJ/kg, tell when the error, of second order in
+// them, is one of rounding.
+template <auto advance = by_step, class TangentsOf>
+bool newton_hs(TangentsOf tangents, double h, double s, const Box<double>& box, double rest,
+               double& x, double& t) noexcept {
+    const auto settled = [rest](Point<double> at, Point<double> /* step */,
+                                Point<double> left) noexcept {
+        return std::fabs(left.x) + at.y * std::fabs(left.y) < rest;
+    };
+    const NewtonPoint<double> solved = newton<advance>(tangents, h, s, {x, t}, settled, &box, 0);
+    x = solved.at.x;
+    t = solved.at.y;
+    return solved.converged;
+}
+
+constexpr double settled_12 = 1e-5;
+constexpr double settled_3 = 1e-6;
+constexpr double settled_5 = 1e-3;
+
+Attempt attempt1(double h, double s, double p, double t) noexcept {
+    constexpr Box<double> box{{-10, 250}, {200, 700}};
+    if (!newton_hs(region1::hs_tangents, h, s, box, settled_12, p, t)) return no_solution;
+    const auto result = [&](Region owner) noexcept {
+        return Attempt{gibbs_state(Region::one, p, t), owner, true};
+    };
+    if (t > T_13 + t_rounding) return result(Region::three);
+    const double ps = psat(t);
+    if (p < ps - p_rounding_line) return result(Region::wet);
+    if (!settle(t, T_min, T_13, t_rounding)) return result(Region::none);
+    return result(settle(p, std::max(ps, p_min), p_max, p_rounding) ? Region::one : Region::none);
+}
+
+constexpr double p_near_max_5 = 1.01 * p_max_5;  // from here no state of region 5 is mistaken for 2
+
+Attempt attempt2(double h, double s, double p, double t) noexcept {
+    constexpr Box<double> box{{1e-5, 250}, {200, 1400}};
+    if (!newton_hs(region2::hs_tangents, h, s, box, settled_12, p, t)) return no_solution;
+    const auto result = [&](Region owner) noexcept {
+        return Attempt{gibbs_state(Region::two, p, t), owner, true};
+    };
+    if (t > T_25 + t_rounding) return result(p < p_near_max_5 ? Region::five : Region::none);
+    if (t < T_min - t_rounding) return result(Region::wet);
+    t = std::clamp(t, T_min, T_25);
+    const double high = t <= T_13 ? psat(t) : t <= T_23_max ? std::min(p_b23(t), p_max) : p_max;
+    const double rounding = p * (t <= T_13 ? p_rounding_vapour : p_rounding / p_max);
+    // at 273.15 K itself the saturation pressure is 2e-11 MPa below the least pressure
+    if (settle(p, std::min(p_min, high), high, rounding)) return result(Region::two);
+    if (p < high || t > T_23_max) return result(Region::none);
+    return result(t <= T_13 ? Region::wet : Region::three);
+}
+
+// Whether a state of the region-3 equation is inside the dome. Far from the saturation line its
+// pressure tells the phase, close to it the coexisting densities do.
+bool in_dome(double d, double p, double t) noexcept {
+    constexpr double close = 1e-3;  // relative
+    if (t >= t_near_critical) return false;
+    const double ps = psat(t);
+    const bool liquid = d > d_crit;
+    if (std::fabs(p - ps) > close * ps) return liquid == (p < ps);
+    const auto saturated = dsat3(t, ps);
+    return d < saturated.liquid && d > saturated.vapour;
+}
+
+Attempt attempt3(double h, double s, double d, double t) noexcept {
+    constexpr Box<double> box{{50, 600}, {800, 900}};
+    if (!newton_hs(region3::hs_tangents, h, s, box, settled_3, d, t)) return no_solution;
+    double p = region3::p(d, t);
+    const auto result = [&](Region owner) noexcept {
+        return Attempt{dense_state(p, t, d), owner, true};
+    };
+    if (t < T_13 - t_rounding) return result(d > d_crit ? Region::one : Region::two);
+    t = std::max(t, T_13);
+    if (p > p_max + p_rounding) return result(Region::none);
+    p = std::min(p, p_max);
+    if (p < p_b23(t) - p_rounding) return result(Region::two);
+    return result(in_dome(d, p, t) ? Region::wet : Region::three);
+}
+
+Attempt attempt5(double h, double s, double p, double t) noexcept {
+    constexpr Box<double> box{{1e-5, 900}, {200, 3000}};
+    if (!newton_hs<by_ratio>(region5::hs_tangents, h, s, box, settled_5, p, t)) return no_solution;
+    const auto result = [&](Region owner) noexcept {
+        return Attempt{gibbs_state(Region::five, p, t), owner, true};
+    };
+    if (t < T_25 - t_rounding) return result(Region::two);
+    const bool inside =
+        settle(t, T_25, T_max, t_rounding) && settle(p, p_min, p_max_5, p * p_rounding_vapour);
+    return result(inside ? Region::five : Region::none);
+}
+
+// Outcome of the search for wet steam: none if h lies above the saturated liquid of s.
+enum class Wet { found, none, too_cold, near_critical };
+
+struct WetSolution {
+    double t;        // K
+    double quality;  // before the last step of t; outside 0 to 1 if not wet
+    Wet outcome;
+};
+
+constexpr Asked with_ends{.wet = true};
+
+// Wet steam: the saturation temperature at which the qualities by h and by s agree.
+//
+// With x = (s - s')/(s'' - s') and tau = (h'' - h')/(s'' - s'), which is T but for the small
+// mismatch of the equations, the condition is
+//     f = h - h' - (s - s') tau = 0,   f_t = -(s - s' + v' dps/dT) + (tau - T) ds'/dT,
+// with the slope of the mismatch left out, wherefore the secant takes over from the second step.
+// f falls with T and f_tt is about ds'/dT: the step is that to the root of the parabola, as f is
+// close to one where there is little vapour.
+//
+// At 623.15 K the equations of the phases change: the search keeps to one side until it has seen
+// that f has no root there. In the gap of some mK between the two it ends on the limit itself.
+WetSolution solve_wet(double h, double s) noexcept {
+    constexpr int rounds = 20;
+    // Steps after which the error is one of rounding: K; K2, the secant's together with the way
+    // that it was drawn over.
+    constexpr double settled = 1e-6;
+    constexpr double settled_secant = 1e-7;
+    constexpr double secant_way = 1e-5;  // K, from here f itself gives the better slope
+    constexpr double f_rounding = 1e-9;  // kJ/kg
+    constexpr double s_t_mean = 0.01;    // kJ/(kg K2), where there is vapour enough not to matter
+
+    const auto [start, s_t] = s >= boundaries_hs::s_vapour_13
+                                  ? WetTemperature<double>{tsat_hs(h, s), s_t_mean}
+                                  : wet_temperature_estimate(h, s);
+    double t = std::clamp(start, T_min, t_near_critical);
+    bool dense = t > T_13;
+    bool both_sides = false;
+    double t_before = t;
+    double f_before = 0;
+    for (int round = 0; round < rounds; ++round) {
+        const double p = psat(t);
+        const State at = wet_state<with_ends>(p, t);
+        const State liquid = liquid_end(at);
+        const State vapour = vapour_end(at);
+        const double s_liquid = single<property::s>(liquid);
+        const double h_liquid = single<property::h>(liquid);
+        const double s_vaporization = single<property::s>(vapour) - s_liquid;
+        const double tau = (single<property::h>(vapour) - h_liquid) / s_vaporization;
+        const double x = (s - s_liquid) / s_vaporization;
+        const double f = h - h_liquid - (s - s_liquid) * tau;
+        const double way = t - t_before;
+        const bool secant = std::fabs(way) > secant_way;
+        const double f_t = secant ? (f - f_before) / way + 0.5 * s_t * way
+                                  : s_liquid - s - 1000 * single<property::v>(liquid) / tsat_p(p) +
+                                        (tau - t) * s_t;
+        t_before = t;
+        f_before = f;
+        const double square = f_t * f_t - 2 * f * s_t;
+        const double step = -(f_t + std::sqrt(std::max(square, 0.0))) / s_t;
+
+        const double low = dense ? T_13_dense : T_min;
+        const double high = dense ? t_near_critical : T_13;
+        const double next = std::clamp(t + step, low, high);
+        if (next == t) {  // no farther on this side
+            if (std::fabs(step) < settled && std::fabs(f) < f_rounding) return {t, x, Wet::found};
+            if (square < 0) return {t, x, Wet::none};
+            if (next == T_min) return {t, x, Wet::too_cold};
+            if (next == t_near_critical) return {t, x, Wet::near_critical};
+            if (both_sides) return {T_13, x, Wet::found};
+            both_sides = true;
+            dense = !dense;
+            t = t_before = dense ? T_13_dense : T_13;
+            continue;
+        }
+        const bool at_limit = t + step != next;
+        t = next;
+        const bool small =
+            std::fabs(step) < settled || (secant && std::fabs(step * way) < settled_secant);
+        if (small && !at_limit) {
+            return {t, x, square >= 0 ? Wet::found : Wet::none};
+        }
+    }
+    return {t, 0, Wet::none};
+}
+
+Attempt attempt_wet(double h, double s) noexcept {
+    const WetSolution wet = solve_wet(h, s);
+    const auto result = [&wet](Region owner) noexcept {
+        const State state{.region = Region::wet, .p = psat(wet.t), .t = wet.t};
+        return Attempt{state, owner, wet.outcome == Wet::found};
+    };
+    const Region liquid = wet.t <= T_13 ? Region::one : Region::three;
+    const Region vapour = wet.t <= T_13 ? Region::two : Region::three;
+    if (wet.outcome == Wet::too_cold) return result(Region::none);
+    if (wet.outcome == Wet::near_critical) return result(Region::three);
+    if (wet.outcome == Wet::none) return result(liquid);
+    constexpr double close = 0.01;  // to an end, which the last step may have carried it across
+    double x = wet.quality;
+    if (x < close || x > 1 - close) {
+        x = wet_state_by<with_ends, property::s>(psat(wet.t), wet.t, s).x;
+    }
+    if (x < -x_rounding) return result(liquid);
+    return result(x > 1 + x_rounding ? vapour : Region::wet);
+}
+
+// Start for region 5, where h hardly depends on p and s + R ln p neither.
+Point<double> start5(double h, double s) noexcept {
+    const auto p_of = [s](double p, double t) noexcept {
+        return std::exp((region5::s_plus_r_ln_p_tangent_t(p, t).y - s) / R);
+    };
+    const double p = std::min(p_of(1, inverse::Enthalpy::t5_start(0, h)), p_max_5);
+    const double t = inverse::Enthalpy::t5_start(p, h);
+    return {std::clamp(p_of(p, t), p_min, p_max_5), t};
+}
+
+// The solution in a region's equation, from the backward equations or from a state nearby.
+Attempt attempt(Region region, double h, double s) noexcept {
+    if (region == Region::wet) return attempt_wet(h, s);
+    if (region == Region::one) {
+        const double p = region1::p_hs(h, s);
+        return attempt1(h, s, p, region1::t_ph(p, h));
+    }
+    if (region == Region::two) {
+        const double p = region2::p_hs(h, s);
+        return attempt2(h, s, p, region2::t_ph(p, h));
+    }
+    if (region == Region::three) {
+        const double p = region3::p_hs(h, s);
+        return attempt3(h, s, 1 / region3::v_ps(p, s), region3::t_ph(p, h));
+    }
+    const Point<double> start = start5(h, s);
+    return attempt5(h, s, start.x, start.y);
+}
+Attempt attempt_from(const State& near, Region region, double h, double s) noexcept {
+    if (near.region == Region::wet) return attempt(region, h, s);
+    if (region == Region::one) return attempt1(h, s, near.p, near.t);
+    if (region == Region::two) return attempt2(h, s, near.p, near.t);
+    if (region == Region::five) return attempt5(h, s, near.p, near.t);
+    if (region == Region::wet) return attempt_wet(h, s);
+    return attempt3(h, s, 1 / single<property::v>(near), near.t);
+}
+
+// Where the equations of two regions overlap at their common limit and both reproduce h and s, the
+// state is that of the region that owns the limit for (p, T): region 2 owns 1073.15 K and the line
+// to region 3, regions 1 and 2 own 623.15 K.
+State by_owner(const State& state, double h, double s) noexcept {
+    constexpr double overlap_25 = 0.04;  // K
+    constexpr double overlap_13 = 0.01;  // K
+    constexpr double overlap_23 = 0.01;  // MPa
+    const auto owned = [&](Region owner) noexcept {
+        const Attempt tried = attempt_from(state, owner, h, s);
+        return tried.belongs_to == owner ? tried.state : state;
+    };
+    if (state.region == Region::five && state.t < T_25 + overlap_25) return owned(Region::two);
+    if (state.region == Region::three) {
+        if (state.t < T_13 + overlap_13 && state.d > d_crit) return owned(Region::one);
+        if (state.p < p_b23(state.t) + overlap_23) return owned(Region::two);
+    }
+    return state;
+}
+
+}  // namespace
+
+// The equation that the boundaries of the releases choose; where its solution turns out to lie in a
+// neighbour, that one's. Where the equations of two regions leave a gap between them the first
+// solution stays, up to some mK beyond its region, and reproduces h and s all the same.
+State solve_hs(double h, double s) noexcept {
+    const State nothing = refused(ErrorCode::outside_range);
+    const Region region = region_unlimited(h, s);
+    if (region == Region::none) return nothing;
+    const Attempt first = attempt(region, h, s);
+    if (first.belongs_to == region) return by_owner(first.state, h, s);
+
+    const auto bit = [](Region of) noexcept { return 1u << static_cast<unsigned>(of); };
+    Attempt last = first;
+    unsigned tried = bit(region);
+    const auto neighbour_has_it = [&](Region next) noexcept {
+        tried |= bit(next);
+        last = attempt_from(last.state, next, h, s);
+        return last.belongs_to == next;
+    };
+    while (last.belongs_to != Region::none && (tried & bit(last.belongs_to)) == 0) {
+        if (neighbour_has_it(last.belongs_to)) return by_owner(last.state, h, s);
+    }
+    if (last.belongs_to != Region::none) {
+        const State& gap = first.converged ? first.state : last.state;
+        return gap.p <= (gap.t > T_25 ? p_max_5 : p_max) ? gap : nothing;
+    }
+    // In the corners of the range a state may have been lost to the mismatch of two equations.
+    const Attempt lost = last;
+    for (const Region next : {Region::one, Region::two, Region::three}) {
+        last = lost;
+        if (lost.converged && (tried & bit(next)) == 0 && neighbour_has_it(next)) {
+            return last.state;
+        }
+    }
+    return nothing;
+}
+
+State start_hs_b(double h, double s) noexcept {
+    // How far the backward equations may be from the basic ones, with a margin: closer to a limit
+    // than this it takes the exact state to tell on which side of it the given one is.
+    constexpr double p1_error = 0.02;         // MPa
+    constexpr double p_error = 2e-4;          // relative, regions 2 and 3
+    constexpr double t_error = 0.05;          // K
+    constexpr double h_error = 0.1;           // kJ/kg, on the isotherm 1073.15 K
+    constexpr double s_warm_liquid = 0.0015;  // from here region 1 is above 273.15 K + t_error
+
+    const Region region = region_unlimited(h, s);
+    State state{.region = region, .refusal = ErrorCode::outside_range};
+    bool surely_inside = false;
+    if (region == Region::none) return state;
+    if (region == Region::five) return solve_hs(h, s);
+    if (region == Region::wet) {
+        if (s < boundaries_hs::s_vapour_13) return solve_hs(h, s);
+        state.t = std::clamp(tsat_hs(h, s), T_min, T_13);
+        surely_inside = state.t > T_min + t_error;
+    } else if (region == Region::one) {
+        state.p = region1::p_hs(h, s);
+        surely_inside = state.p < p_max - p1_error && s > s_warm_liquid;
+    } else if (region == Region::two) {
+        state.p = region2::p_hs(h, s);
+        // above 50 MPa, where there is no region 5, the isotherm 1073.15 K is a limit
+        surely_inside = state.p > p_min * (1 + p_error) && state.p < p_max * (1 - p_error) &&
+                        (state.p < p_max_5 || below_t25(state.p, h + h_error));
+    } else {
+        state.p = region3::p_hs(h, s);
+        surely_inside = state.p < p_max * (1 - p_error);
+    }
+    if (!surely_inside && solve_hs(h, s).region == Region::none) {
+        return refused(ErrorCode::outside_range);
+    }
+    state.p = region == Region::wet ? psat(state.t) : std::clamp(state.p, p_min, p_max);
+    return state;
+}
+
+}  // namespace vaprix::inverse

@@ -1,0 +1,228 @@
+// SPDX-License-Identifier: MIT
+//
+// States of (p, h) and (p, s), written once: y stands for the second variable.
+// Given:    p  pressure, MPa, 0.0006112127 to 100;  h  specific enthalpy, kJ/kg,
+//           -0.04158782623017032 to 7376.98028, or s  specific entropy, kJ/(kg K),
+//           -0.008582287092621963 to 13.9049560904359.
+// Refused:  a state that (p, T) does not reach and that is not wet steam, -10055.
+// Notes:    the B-family answers by the backward equations, the O-family by the state that
+//           reproduces both given variables through the basic equations to rounding. Wet steam
+//           mixes the saturated states at Ts(p).
+// Source:   IAPWS R7-97(2012), Eqs. (11), (13) and (20) to (27); IAPWS SR3-03(2014) for region 3.
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+
+#include "frame/bracketed_newton.hpp"
+#include "frame/newton.hpp"
+#include "inverse/beside_line.hpp"
+#include "inverse/region_py.hpp"
+#include "pt/of_pt.hpp"
+#include "regions/region3_density.hpp"
+
+namespace vaprix {
+namespace inverse {
+
+// Temperature, K, by the backward equation of a single phase. One that misses the end of its region
+// by up to its own tolerance of 25 mK, that of region 5 by a rounding, is put on the end; a temperature on the wrong side of the
+// saturation line stays as it is.
+template <class Y>
+[[nodiscard]] double t_backward(Region region, double p, double y) noexcept {
+    constexpr double tolerance = 0.025;
+    constexpr double t_25_widened = 1073.175;
+    if (region == Region::one) {
+        const double t = Y::t1(p, y);
+        return t >= T_min - tolerance ? std::max(t, T_min) : t;
+    }
+    if (region == Region::two) {
+        const double t = Y::t2(p, y);
+        return t > T_25 && t <= t_25_widened ? T_25 : t;
+    }
+    return region == Region::three ? Y::t3(p, y) : onto_limit(Y::t5(p, y), T_25, T_max);
+}
+
+// State in a region that has been settled. The density of region 3 comes from the backward equation
+// v(p, y) where it is asked for, else from the volume at the backward temperature.
+template <Asked asked, class Y>
+[[nodiscard]] State in_region_py_b(Region region, double p, double y) noexcept {
+    if (region == Region::wet) {
+        if constexpr (asked.t || asked.wet) return wet_state_by<asked, Y::y>(p, tsat(p), y);
+    }
+    if constexpr (asked.density) {
+        if (region == Region::three) {
+            const double v = Y::v3(p, y);
+            return {.region = region, .p = p, .d = 1 / v, .v = v};
+        }
+    }
+    if constexpr (asked.t || asked.single || asked.density) {
+        return in_region_b<asked>(region, p, t_backward<Y>(region, p, y));
+    }
+    return {.region = region, .p = p};
+}
+
+template <Asked asked, class Y>
+[[nodiscard]] State of_py_b(double p, double y) noexcept {
+    const Region region = region_b<Y>(p, y);
+    return region == Region::none ? refused(ErrorCode::outside_range)
+                                  : in_region_py_b<asked, Y>(region, p, y);
+}
+
+// The region is the number given, unchecked; 0 is determined and written back. Refused, without a
+// code: a number that is no region's.
+template <Asked asked, class Y>
+[[nodiscard]] State of_py_given(double p, double y, int& number) noexcept {
+    if (number == 0) number = static_cast<int>(region_b<Y>(p, y));
+    const auto region = static_cast<Region>(number);
+    const bool known = (number >= 1 && number <= 3) || number == 5 || region == Region::wet;
+    return known ? in_region_py_b<asked, Y>(region, p, y) : refused(no_code);
+}
+
+// State of regions 1, 2 and 5: Newton's method, which needs two evaluations from the backward
+// temperature and in region 5 from a fit.
+template <class Y>
+[[nodiscard]] State solve_gibbs(Region region, double p, double y) noexcept {
+    // Relative steps after which the error, of second order in them, is one of rounding: the
+    // isobars of region 5 are straighter.
+    constexpr double step = 3e-8;
+    constexpr double step_5 = 3e-7;
+    const auto solve = [=](auto tangent, auto value, double target, double start,
+                           double tolerance) noexcept {
+        return newton_secant([=](double t) noexcept { return tangent(p, t); },
+                             [=](double t) noexcept { return value(p, t); }, target, start,
+                             tolerance);
+    };
+    const auto state = [=](NewtonRoot<double> root, double low, double high) noexcept {
+        return root.converged ? gibbs_state(region, p, onto_limit(root.x, low, high))
+                              : refused(ErrorCode::outside_range);
+    };
+    if (region == Region::one) {
+        return state(solve(Y::tangent1, Y::y.region1, y, Y::t1(p, y), step), T_min, T_13);
+    }
+    const double target = Y::along_isobar(p, y);
+    return region == Region::two
+               ? state(solve(Y::tangent2, Y::value2, target, Y::t2(p, y), step), T_min, T_25)
+               : state(solve(Y::tangent5, Y::value5, target, Y::t5_start(p, y), step_5), T_25,
+                       T_max);
+}
+
+// State of region 3: Newton's method on (density, T) from the backward equations. Along an isobar
+// the pair (p, y) stays regular through the critical point, so it converges quadratically
+// everywhere.
+template <class Y>
+[[nodiscard]] State solve_dense(double p, double y) noexcept {
+    constexpr double step = 1e-9;  // relative, after which the error is one of rounding
+    const NewtonPoint<double> solved =
+        newton(Y::tangents3, p, y, {1 / Y::v3(p, y), Y::t3(p, y)}, step);
+    return solved.converged ? dense_state(p, solved.at.y, solved.at.x)
+                            : refused(ErrorCode::outside_range);
+}
+
+// The temperature beside the saturation line on the side that the region determination chose.
+template <class Y>
+[[nodiscard]] double t_beside_line(double p, double y) noexcept {
+    return tsat_exact(p) + (Y::is_3a(p, y) ? -apart : apart);
+}
+
+// Whether a solution is on its side of the line.
+template <class Y>
+[[nodiscard]] bool is_on_side(const State& solved, double y) noexcept {
+    constexpr double close = 1e-6;  // distance at which the exact line is worth its cost, K
+    const double p = solved.p;
+    if (side_is_free(p)) return true;
+    const double side = Y::is_3a(p, y) ? -1 : 1;
+    return side * (solved.t - tsat(p)) > close || side * (solved.t - t_beside_line<Y>(p, y)) >= 0;
+}
+
+// State beside the line where no single phase on its side has p and y: the mixture of the two phases
+// that has y. Beyond the ends of the tie line, where the two lines differ, there is none: the single
+// phase that has y misses p by their difference.
+template <Asked asked, class Y>
+[[nodiscard]] State beside_line(double p, double y) noexcept {
+    const double t = t_beside_line<Y>(p, y);
+    if constexpr (!asked.single && !asked.density && !asked.wet) {
+        return {.region = Region::three, .p = p, .t = t};
+    }
+    constexpr Asked ends{.wet = true};
+    const State mixture = wet_state_by<ends, Y::y>(p, t, y);
+    if (mixture.x >= 0 && mixture.x <= 1) return mixture;
+
+    constexpr double step = 1e-9;   // relative, as above
+    constexpr double around = 0.1;  // relative, of the saturated density
+    const State end = mixture.x < 0 ? liquid_end(mixture) : vapour_end(mixture);
+    const double saturated = 1 / single<property::v>(end);
+    const auto isotherm = [t](double d) noexcept {
+        const TangentPair at = Y::tangents3(d, t);
+        return Tangent{at.b, at.b_x};
+    };
+    const NewtonRoot<double> d = bracketed_newton(isotherm, y, (1 - around) * saturated,
+                                                  (1 + around) * saturated, saturated, step);
+    return dense_state(p, t, d.x);
+}
+
+template <Asked asked, class Y>
+[[nodiscard]] State of_py_o(double p, double y) noexcept {
+    const Region region = region_o<Y>(p, y);
+    if (region == Region::none) return refused(ErrorCode::outside_range);
+    if (region == Region::wet) return wet_state_by<asked, Y::y>(p, tsat_exact(p), y);
+    if (region != Region::three) return solve_gibbs<Y>(region, p, y);
+    const State solved = solve_dense<Y>(p, y);
+    const bool kept = solved.region == Region::none || is_on_side<Y>(solved, y);
+    return kept ? solved : beside_line<asked, Y>(p, y);
+}
+
+// Region by the B form, where the O form agrees with it: a state on which the two differ, in the
+// narrow band between the two phase tests, is refused rather than mixed. A single phase kept beside
+// the line has p, not y.
+template <Asked asked, class Y>
+[[nodiscard]] State agreed_of_py_o(double p, double y) noexcept {
+    const Region region = region_b<Y>(p, y);
+    if (region == Region::none) return refused(ErrorCode::outside_range);
+    const bool dense =
+        p > psat_13 && p < p_crit && (region == Region::wet || region == Region::three);
+    if (dense && (region == Region::wet) != Y::is_wet_o(p, y)) return refused(no_code);
+    if (region == Region::wet) return wet_state_by<asked, Y::y>(p, tsat_exact(p), y);
+    if constexpr (!asked.single) return {.region = region, .p = p};
+    if (region != Region::three) return solve_gibbs<Y>(region, p, y);
+    const State solved = solve_dense<Y>(p, y);
+    if (solved.region == Region::none || is_on_side<Y>(solved, y)) return solved;
+    const double t = t_beside_line<Y>(p, y);
+    return dense_state(p, t, region3_density::density_beside(p, t, solved.d));
+}
+
+}  // namespace inverse
+
+template <Asked asked>
+[[nodiscard]] State of_ph_b(double p, double h) noexcept {
+    return inverse::of_py_b<asked, inverse::Enthalpy>(p, h);
+}
+template <Asked asked>
+[[nodiscard]] State of_ps_b(double p, double s) noexcept {
+    return inverse::of_py_b<asked, inverse::Entropy>(p, s);
+}
+template <Asked asked>
+[[nodiscard]] State of_ph_given(double p, double h, int& number) noexcept {
+    return inverse::of_py_given<asked, inverse::Enthalpy>(p, h, number);
+}
+template <Asked asked>
+[[nodiscard]] State of_ps_given(double p, double s, int& number) noexcept {
+    return inverse::of_py_given<asked, inverse::Entropy>(p, s, number);
+}
+template <Asked asked>
+[[nodiscard]] State of_ph_o(double p, double h) noexcept {
+    return inverse::of_py_o<asked, inverse::Enthalpy>(p, h);
+}
+template <Asked asked>
+[[nodiscard]] State of_ps_o(double p, double s) noexcept {
+    return inverse::of_py_o<asked, inverse::Entropy>(p, s);
+}
+template <Asked asked>
+[[nodiscard]] State agreed_of_ph_o(double p, double h) noexcept {
+    return inverse::agreed_of_py_o<asked, inverse::Enthalpy>(p, h);
+}
+template <Asked asked>
+[[nodiscard]] State agreed_of_ps_o(double p, double s) noexcept {
+    return inverse::agreed_of_py_o<asked, inverse::Entropy>(p, s);
+}
+
+}  // namespace vaprix
