@@ -8,13 +8,13 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <new>
 #include <regex>
 #include <string>
-#include <vector>
 
 #include "bound.hpp"
 #include "strata.hpp"
@@ -31,7 +31,7 @@ constexpr int watched = FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW;
 template <class Type>
 class Guarded {
 public:
-    explicit Guarded(bool written) : written_(written) {
+    explicit Guarded(bool written = false) : written_(written) {
         void* pages =
             mmap(nullptr, 2 * page_, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
         if (pages == MAP_FAILED) throw std::bad_alloc();
@@ -60,21 +60,12 @@ private:
 
 class EveryExport {
 public:
-    EveryExport() {
-        for (unsigned k = 0; k < names; ++k) arguments_.push_back(new Guarded<double>(false));
-    }
-    ~EveryExport() {
-        for (const auto* each : arguments_) delete each;
-    }
-    EveryExport(const EveryExport&) = delete;
-    EveryExport& operator=(const EveryExport&) = delete;
-
     // Visits the answer of each export that is meant for the state's region: bare formulas for their
     // own, and none of them where there is no state.
     template <class Visit>
     void call(const Values& at, int region_of_state, const Visit& visit) {
         Pointers in;
-        for (unsigned k = 0; k < names; ++k) in[k] = arguments_[k]->hold(at[k]);
+        for (unsigned k = 0; k < names; ++k) in[k] = arguments_[k].hold(at[k]);
         for (const Export& each : exports()) {
             const std::string& name = each.name;
             const int native = name.back() == 'N' ? name[name.size() - 2] - '0'
@@ -98,7 +89,7 @@ public:
     }
 
 private:
-    std::vector<Guarded<double>*> arguments_;
+    std::array<Guarded<double>, names> arguments_;
     Guarded<double> out_{true};
     Guarded<int> region_{true}, given_{false};
 };

@@ -127,7 +127,7 @@ public:
         f[T] = ask_for(row.T_o, at, at[T]);
         f[v] = ask_for(row.v_o, at, at[v]);
         f[d] = 1 / f[v];
-        region = static_cast<int>(find(row.region)(at));
+        region = reported = static_cast<int>(find(row.region)(at));
         if (region == 0) return;
         const double v1 = call<V1BT>(f[T]), v2 = call<V2BT>(f[T]);
         f[x] = v1 == v2 ? 0.5 : (f[v] - v1) / (v2 - v1);
@@ -221,8 +221,8 @@ private:
         if (of != v)
             return stopped ? void()
                            : close(name, got, property(of, region, f), 2 * allowed(of, region, f));
-        if (!inside()) return;
-        const bool answers = (letters == "X") == wet;
+        if (!inside() && reported == region) return;
+        const bool answers = (letters == "X") == wet && reported == region;  // else disputed
         const double want = !answers ? failed : wet ? at[x] : find(letters + "OTD")(f);
         close(name, got, want, wet ? 1e-9 : 1e-6 * std::fabs(want));
     }
@@ -259,9 +259,9 @@ private:
     const State& at;
     Worst& worst;
     const Export& function;
-    Values f;  // what was found
-    int region = 0;
-    bool stopped = false;  // beside the saturation line
+    Values f;                      // what was found
+    int region = 0, reported = 0;  // of the state found; by its export
+    bool stopped = false;          // beside the saturation line
 };
 
 TEST(Pairs, GiveBackBothVariables) {

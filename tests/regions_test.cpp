@@ -127,10 +127,12 @@ TEST(Regions, OfPressureAndEnthalpyOrEntropy) {
                 << digits(find(pair.y == h ? "TOPH" : "TOPS"), values(pair, of_p, y));
         };
         for (int k = states(0.4); k > 0; --k) {
-            const double of_p = k % 4 != 0
-                                    ? random.pressure()
-                                    : steps(random.one_of({p_low, p_13, p_crit, p_high_5, p_high}),
-                                            random.integer(-2, 2));
+            // round numbers too, decimal and binary
+            const double round =
+                k % 8 < 4 ? random.one_of({p_low, p_13, p_crit, p_high_5, p_high})
+                          : std::ldexp(128 + random.integer(0, 127), random.integer(-17, -1));
+            const double of_p =
+                k % 4 != 0 ? random.pressure() : steps(round, random.integer(-2, 2));
             const Isobar at(pair, of_p);
             for (const double line : {at.cold, at.liquid, at.vapour, at.T25, at.hot, pair.low,
                                       pair.high, pair.first_5}) {
