@@ -24,11 +24,10 @@ constexpr bool mended = VAPRIX_MENDED;
 // Pressure of region 3 from its published equation: wet steam and metastable states have one too.
 double p3(double of_d, double of_T) {
     static const auto table = published("if97/t30_region3.csv");
-    const long double delta = of_d / 322.0L, tau = 647.096L / of_T;
-    long double sum = table[0][3];  // delta phi_delta
-    for (const auto& row : table)
-        sum += row[1] * row[3] * std::pow(delta, row[1]) * std::pow(tau, row[2]);
-    return static_cast<double>(of_d * static_cast<long double>(R) * of_T * sum / 1000);
+    const double delta = of_d / 322, tau = T_crit / of_T;
+    double sum = table[0][3];  // delta phi_delta
+    for (const auto& n : table) sum += n[1] * n[3] * std::pow(delta, n[1]) * std::pow(tau, n[2]);
+    return of_d * R * of_T * sum / 1000;
 }
 
 // A row: the exports of a pair, none where the variable is given or has none. The pair is that of
