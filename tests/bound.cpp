@@ -93,7 +93,8 @@ const Export& find(const std::string& name) {
 }
 
 int& code() {
-    static int* const data = static_cast<int*>(dlsym(library(), "CODE"));
+    // The thread's first call sets it to 0.
+    static int* const data = (ECODETUL(), static_cast<int*>(dlsym(library(), "CODE")));
     return *data;
 }
 
