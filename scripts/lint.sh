@@ -8,8 +8,9 @@ mkdir -p build
 
 find VAPRIX bench examples tests tools -name '*.[ch]' -o -name '*.cpp' -o -name '*.hpp' |
     grep -v '^VAPRIX/[a-z]*/tables/' | xargs clang-format --dry-run --Werror
-python3 VAPRIX/exports/generate.py reference build/reference
-diff -r build/reference docs/reference
+python3 VAPRIX/exports/generate.py pages build/pages
+diff -r build/pages/reference docs/reference
+for page in build/pages/*.md; do diff "$page" "docs/${page##*/}"; done
 cmake --preset release >/dev/null
 cmake --build build/release --target tools/all >/dev/null
 python3 tools/check.py build/release/tools

@@ -9,17 +9,23 @@ FACE is one of
   version-script the linker's list of exported symbols
   names          the exported names, one a line
   signatures     the exported functions, one a line: name and arguments
-  reference      a page per family, in Markdown, into the folder OUTPUT
+  pages          the pages of docs/ that are made, in Markdown, into the folder OUTPUT
 
-catalogue.csv has a row an export: its name, its arguments in order, the quantity and unit of its result, its
-family, the C++ expression of the arguments that answers it, and a one-line description. families.csv has what
-the exports of a family share: range, failure and source. No other file lists exports.
+catalogue.csv has a row an export: its name, its arguments in order, the resolver of its state, the property of the
+state and the rule by which it answers, the quantity and unit of its result, its family, and a one-line description.
+families.csv has what the exports of a family share: page, title, source and facts that no rule knows. No other file
+lists exports. Ranges are in resolvers.csv, answer rules in rules.csv, codes in codes.csv, the pages and their examples
+in pages.csv and examples.csv.
 """
 import csv
 import pathlib
 import re
 import sys
 import textwrap
+
+sys.dont_write_bytecode = True  # the source tree may be read-only
+from answers import answers, grouped, prose, rows, shared
+from pages import pages
 
 HERE = pathlib.Path(__file__).resolve().parent
 TEMPLATE = HERE.parents[1] / "include" / "vaprix.h.in"
@@ -43,11 +49,6 @@ ARGUMENTS = {
 WRITTEN = {"eta", "out"}  # a function that writes one of these returns nothing
 BESIDE = {"wavelength"}  # arguments of the property, not of its state
 DATA = ["CODE"]  # exported data; everything else is a function
-
-
-def rows(name):
-    with open(HERE / name, newline="", encoding="utf-8") as file:
-        return list(csv.DictReader(file))
 
 
 def catalogue():
@@ -167,14 +168,16 @@ def comment(lines):
 
 def header(entries, families, version):
     out = []
-    for key, family in families.items():
-        members = [e for e in entries if e["family"] == key]
-        if not members:
-            continue
-        lines = [family["title"] + "."]
-        lines += [f"{label}: {family[column]}." for label, column in
-                  (("Range", "range"), ("Failure", "failure"), ("Source", "source")) if family[column]]
-        out.append("\n" + comment(lines))
+    by_title = grouped([e for key in families for e in entries if e["family"] == key],
+                       lambda e: families[e["family"]]["title"])
+    for title, members in by_title:
+        known = [e for e in members if e["property"]]
+        lines = [f"{label}: {text}." for label, text in
+                 (("Range", shared(known, lambda e: answers(e).range)),
+                  ("Failure", shared(known, lambda e: prose(answers(e)))),
+                  ("Note", shared(members, lambda e: families[e["family"]]["notes"])),
+                  ("Source", shared(members, lambda e: families[e["family"]]["source"]))) if text]
+        out.append("\n" + comment([title + ".", *lines]))
         for entry in members:
             unit = f", {entry['unit']}" if entry["unit"] else ""
             out.append(f"/* {entry['description']}{unit}. */\n"
@@ -205,45 +208,13 @@ def all_names(entries):
     return sorted([e["name"] for e in entries] + DATA)
 
 
-def signature(entry):
-    """The C call as a reader types it, with the meaning of each argument."""
-    return f"`{entry['name']}({', '.join(entry['arguments'])})`"
-
-
-def page(key, family, members):
-    out = [f"# {family['title']}\n\n"]
-    out += [f"- {label}: {family[column]}.\n" for label, column in
-            (("Range", "range"), ("Failure", "failure"), ("Source", "source")) if family[column]]
-    used = {a: ARGUMENTS[a] for e in members for a in e["arguments"]}
-    out += [f"- `{name}`: {meaning}.\n" for name, meaning in used.items()]
-    out.append("\n| Export | Result | Unit |\n|---|---|---|\n")
-    out += [f"| {signature(e)} | {e['description']} | {e['unit'] or '-'} |\n" for e in members]
-    return "".join(out)
-
-
-def slug(key):
-    words = "".join(c if c.isalnum() else " " for c in key).split()
-    return "-".join(words).lower() + ".md"
-
-
-def reference(entries, families, _version):
+def documents(entries, families, _version):
     """The pages by file name."""
-    pages = {}
-    index = [f"# Reference\n\nMade from the catalogue in `VAPRIX/exports/`; "
-             f"{len(entries)} functions and `CODE`.\n\n| Family | Exports |\n|---|---|\n"]
-    for key, family in families.items():
-        members = [e for e in entries if e["family"] == key]
-        if not members:
-            continue
-        pages[slug(key)] = page(key, family, members)
-        names_of = ", ".join(f"`{e['name']}`" for e in members)
-        index.append(f"| [{family['title']}]({slug(key)}) | {names_of} |\n")
-    pages["README.md"] = "".join(index)
-    return pages
+    return pages(entries, families, ARGUMENTS)
 
 
-FACES = {"reference": reference, "entry-points": entry_points, "answer-rules": answer_rules, "header": header, "version-script": version_script,
-         "names": names, "signatures": signatures}
+FACES = {"pages": documents, "entry-points": entry_points, "answer-rules": answer_rules, "header": header,
+         "version-script": version_script, "names": names, "signatures": signatures}
 
 
 def main():
@@ -254,8 +225,8 @@ def main():
     if isinstance(made, str):
         output.write_text(made, encoding="utf-8")
         return
-    output.mkdir(parents=True, exist_ok=True)
-    for file in output.glob("*.md"):
+    (output / "reference").mkdir(parents=True, exist_ok=True)
+    for file in (output / "reference").glob("*.md"):
         file.unlink()
     for name, text in made.items():
         (output / name).write_text(text, encoding="utf-8")

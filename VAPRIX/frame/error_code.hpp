@@ -7,7 +7,7 @@
 
 namespace vaprix {
 
-// What the codes mean is one table, in docs/error-codes.md.
+// What the codes mean is one table, exports/codes.csv.
 enum class ErrorCode : int {
     success = 0,
     fugacity_below_t_min = -10001,
