@@ -156,8 +156,6 @@ def nan(entry, rule, resolver, out):
 
 def answers(entry):
     """What the export of a row of the catalogue answers."""
-    if not entry["property"]:
-        return Answers("", otherwise="-")
     if not entry["resolver"]:
         resolver = RESOLVERS[entry["property"].removesuffix("()")]
         return Answers(worded(resolver["range"]), otherwise=worded(resolver["failure"]))

@@ -154,9 +154,8 @@ def entry_points(entries, _families, _version):
         reads = "".join(f"    {argument_type(a)}const {a} = at_{a};\n" if a == "region" or a in WRITTEN else
                         f"    const double {a} = *at_{a};\n" for a in entry["arguments"])
         give = "" if result_type(entry) == "void" else "return "
-        what = expression(entry) if entry.get("property") else entry["function"]
         out.append(f'extern "C" {result_type(entry)} {entry["name"]}({parameters(entry, "at_")}) noexcept {{\n'
-                   f"{reads}    {give}{what};\n}}\n\n")
+                   f"{reads}    {give}{expression(entry)};\n}}\n\n")
     return "".join(out)
 
 
@@ -171,10 +170,9 @@ def header(entries, families, version):
     by_title = grouped([e for key in families for e in entries if e["family"] == key],
                        lambda e: families[e["family"]]["title"])
     for title, members in by_title:
-        known = [e for e in members if e["property"]]
         lines = [f"{label}: {text}." for label, text in
-                 (("Range", shared(known, lambda e: answers(e).range)),
-                  ("Failure", shared(known, lambda e: prose(answers(e)))),
+                 (("Range", shared(members, lambda e: answers(e).range)),
+                  ("Failure", shared(members, lambda e: prose(answers(e)))),
                   ("Note", shared(members, lambda e: families[e["family"]]["notes"])),
                   ("Source", shared(members, lambda e: families[e["family"]]["source"]))) if text]
         out.append("\n" + comment([title + ".", *lines]))

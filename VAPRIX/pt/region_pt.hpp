@@ -56,19 +56,3 @@ inline constexpr double t_rounding = 1e-10;
 }
 
 }  // namespace vaprix
-
-namespace vaprix::pt {
-inline constexpr int outside = 0;
-inline constexpr int saturation_line = 9;
-inline constexpr int two_phase = saturation_line;
-inline constexpr double tolerance = limit_tolerance;
-[[nodiscard]] constexpr bool is_single_phase(int region) noexcept {
-    return region != outside && region != saturation_line;
-}
-[[nodiscard]] constexpr double reported(int region) noexcept {
-    return region == saturation_line ? 4.0 : region;
-}
-[[nodiscard]] inline int region_pt(double p, double t) noexcept {
-    return static_cast<int>(vaprix::region_pt(p, t));
-}
-}  // namespace vaprix::pt
