@@ -97,7 +97,10 @@ template <class Y>
                               : refused(ErrorCode::outside_range);
     };
     if (region == Region::one) {
-        return state(solve(Y::tangent1, Y::y.region1, y, Y::t1(p, y), step), T_min, T_13);
+        return state(solve(
+                         Y::tangent1, [](double at_p, double t) { return Y::y.region1(at_p, t); },
+                         y, Y::t1(p, y), step),
+                     T_min, T_13);
     }
     const double target = Y::along_isobar(p, y);
     return region == Region::two

@@ -28,7 +28,7 @@ constexpr State outside = refused(ErrorCode::outside_range);
 // still is on it; its tangents in p, in region 3 in density; how the vapour is solved, where and
 // how the liquid turns.
 struct Enthalpy {
-    static constexpr const Property& y = property::h;
+    static constexpr const auto& y = property::h;
     static constexpr double rounding = 1e-11;  // of h, kJ/kg
 
     static constexpr auto tangent1 = region1::h_tangent_p;
@@ -60,7 +60,7 @@ struct Enthalpy {
 };
 
 struct Entropy {
-    static constexpr const Property& y = property::s;
+    static constexpr const auto& y = property::s;
     static constexpr double rounding = 1e-14;  // of s, kJ/(kg K)
 
     static constexpr auto tangent1 = region1::s_tangent_p;
@@ -103,12 +103,12 @@ struct Pair {
 
     // Vapour of region 2 or 5 up to the pressure p_highest, at which y is y_highest or more.
     template <class TangentOf>
-    [[nodiscard]] State vapour(Region region, Property::OfPt y_of, TangentOf tangent,
-                               double p_highest, double y_highest) const noexcept {
+    [[nodiscard]] State vapour(Region region, TangentOf tangent, double p_highest,
+                               double y_highest) const noexcept {
         if (y <= y_highest) {
             return y >= y_highest - Y::rounding ? gibbs_state(region, p_highest, t) : outside;
         }
-        const double y_lowest = y_of(p_min, t);
+        const double y_lowest = single<Y::y>(gibbs_state(region, p_min, t));
         if (y >= y_lowest) {
             return y <= y_lowest + Y::rounding ? gibbs_state(region, p_min, t) : outside;
         }
@@ -117,10 +117,10 @@ struct Pair {
         return gibbs_state(region, p, t);
     }
     [[nodiscard]] State vapour2(double p_highest, double y_highest) const noexcept {
-        return vapour(Region::two, Y::y.region2, Y::tangent2, p_highest, y_highest);
+        return vapour(Region::two, Y::tangent2, p_highest, y_highest);
     }
     [[nodiscard]] State vapour5() const noexcept {
-        return vapour(Region::five, Y::y.region5, Y::tangent5, p_max_5, Y::y.region5(p_max_5, t));
+        return vapour(Region::five, Y::tangent5, p_max_5, Y::y.region5(p_max_5, t));
     }
 
     // Liquid of region 1 above the saturation pressure ps, where y is y_saturated. The isotherm has

@@ -21,10 +21,10 @@ namespace vaprix {
 namespace {
 
 struct Enthalpy : inverse::Enthalpy {
-    static constexpr const Property& y = property::h;
+    static constexpr const auto& y = property::h;
 };
 struct Entropy : inverse::Entropy {
-    static constexpr const Property& y = property::s;
+    static constexpr const auto& y = property::s;
 };
 
 constexpr State outside = refused(ErrorCode::outside_range);

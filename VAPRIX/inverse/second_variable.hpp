@@ -25,7 +25,7 @@ inline constexpr auto t5_start_h = polynomial(tables::t5_start_h);
 inline constexpr auto t5_start_s = polynomial(tables::t5_start_s);
 
 struct Enthalpy {
-    static constexpr const Property& y = property::h;
+    static constexpr const auto& y = property::h;
     static constexpr double unit = R * T_min;  // what a rounding near its zero is measured by
 
     // range of validity
@@ -88,7 +88,7 @@ struct Enthalpy {
 };
 
 struct Entropy {
-    static constexpr const Property& y = property::s;
+    static constexpr const auto& y = property::s;
     static constexpr double unit = R;
 
     static constexpr double lowest = -0.008582287092621963;

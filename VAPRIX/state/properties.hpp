@@ -13,34 +13,69 @@
 
 namespace vaprix {
 
-// A property by the equation of each region.
-struct Property {
-    using OfPt = double (*)(double, double) noexcept;
-    using OfState = double (*)(const State&) noexcept;
+// A kind of number, for what cannot deduce it.
+template <class Number>
+struct Kind {};
+
+// What evaluates a property in each region.
+template <class Number>
+struct Equations {
+    using OfPt = Number (*)(Number, Number) noexcept;
+    using OfState = Number (*)(const StateOf<Number>&) noexcept;
     OfPt region1, region2;
     OfState region3;
     OfPt region5;
-    Asked asked{.single = true, .wet = true};
 };
 
+// A property by the equation of each region; EquationsOf gives them for a kind of number.
+template <class EquationsOf>
+struct Property {
+    EquationsOf equations;
+    Asked asked{.single = true, .wet = true};
+
+    // By the equation of one region, which is known.
+    template <class Number>
+    [[nodiscard]] VAPRIX_INLINE constexpr Number region1(Number p, Number t) const noexcept {
+        return equations(Kind<Number>{}).region1(p, t);
+    }
+    template <class Number>
+    [[nodiscard]] VAPRIX_INLINE constexpr Number region2(Number p, Number t) const noexcept {
+        return equations(Kind<Number>{}).region2(p, t);
+    }
+    template <class Number>
+    [[nodiscard]] VAPRIX_INLINE constexpr Number region5(Number p, Number t) const noexcept {
+        return equations(Kind<Number>{}).region5(p, t);
+    }
+};
+template <class EquationsOf>
+Property(EquationsOf) -> Property<EquationsOf>;
+template <class EquationsOf>
+Property(EquationsOf, Asked) -> Property<EquationsOf>;
+
 // A property that is the same for every region, or of the variables alone.
+template <class Of>
 struct Reading {
-    double (*of)(const State&) noexcept;
+    Of of;
     Asked asked;
     double factor = 1;  // from the SI unit to that of the export: some failures are scaled too
 };
+template <class Of>
+Reading(Of, Asked) -> Reading<Of>;
+template <class Of>
+Reading(Of, Asked, double) -> Reading<Of>;
 
 // Of a single phase.
-template <const auto& property>
-[[nodiscard]] VAPRIX_INLINE double single(const State& state) noexcept {
+template <const auto& property, class Number>
+[[nodiscard]] VAPRIX_INLINE Number single(const StateOf<Number>& state) noexcept {
     if constexpr (requires { property.of; }) {
         return property.of(state);
     } else {
+        constexpr Equations<Number> equations = property.equations(Kind<Number>{});
         switch (state.region) {
-            case Region::one: return property.region1(state.p, state.t);
-            case Region::two: return property.region2(state.p, state.t);
-            case Region::three: return property.region3(state);
-            case Region::five: return property.region5(state.p, state.t);
+            case Region::one: return equations.region1(state.p, state.t);
+            case Region::two: return equations.region2(state.p, state.t);
+            case Region::three: return equations.region3(state);
+            case Region::five: return equations.region5(state.p, state.t);
             default: return failed;
         }
     }
@@ -48,79 +83,118 @@ template <const auto& property>
 
 // The same, and of wet steam by the lever rule: at the qualities 0 and 1 the phases to the last
 // digit.
-template <const auto& property>
-[[nodiscard]] VAPRIX_INLINE double mixed(const State& state) noexcept {
+template <const auto& property, class Number>
+[[nodiscard]] VAPRIX_INLINE Number mixed(const StateOf<Number>& state) noexcept {
     if constexpr (requires { property.of; }) {
         return property.of(state);
     } else {
         if (state.region != Region::wet) return single<property>(state);
         if (state.x == 0) return single<property>(liquid_end(state));
-        const double of_vapour = single<property>(vapour_end(state));
+        const Number of_vapour = single<property>(vapour_end(state));
         if (state.x == 1) return of_vapour;
-        const double of_liquid = single<property>(liquid_end(state));
+        const Number of_liquid = single<property>(liquid_end(state));
         return of_liquid + state.x * (of_vapour - of_liquid);
     }
 }
 
 // Quality at which the mixture of the two phases has the given value of the property.
-template <const auto& property>
-[[nodiscard]] VAPRIX_INLINE double quality(const State& wet, double value) noexcept {
-    const double of_liquid = single<property>(liquid_end(wet));
+template <const auto& property, class Number>
+[[nodiscard]] VAPRIX_INLINE Number quality(const StateOf<Number>& wet, Number value) noexcept {
+    const Number of_liquid = single<property>(liquid_end(wet));
     return (value - of_liquid) / (single<property>(vapour_end(wet)) - of_liquid);
 }
 
 namespace property {
 
-template <double (*of)(double, double) noexcept>
-double of_dt(const State& state) noexcept {
+template <class N, N (*of)(N, N) noexcept>
+N of_dt(const StateOf<N>& state) noexcept {
     return of(state.d, state.t);
 }
 
+template <class N>
+N given_v(const StateOf<N>& state) noexcept {
+    return state.v;
+}
+
 // f = u - T s
-template <Property::OfPt u_of, Property::OfPt s_of>
-double helmholtz(double pressure, double t) noexcept {
+template <class N, N (*u_of)(N, N) noexcept, N (*s_of)(N, N) noexcept>
+N helmholtz(N pressure, N t) noexcept {
     return u_of(pressure, t) - t * s_of(pressure, t);
 }
 
-inline constexpr Property v{region1::v, region2::v, [](const State& at) noexcept { return at.v; },
-                            region5::v};
-inline constexpr Property h{region1::h, region2::h, of_dt<region3::h>, region5::h};
-inline constexpr Property s{region1::s, region2::s, of_dt<region3::s>, region5::s};
-inline constexpr Property u{region1::u, region2::u, of_dt<region3::u>, region5::u};
-inline constexpr Property f{helmholtz<region1::u, region1::s>, helmholtz<region2::u, region2::s>,
-                            of_dt<region3::f>, helmholtz<region5::u, region5::s>};
-inline constexpr Property g{region1::g, region2::g, of_dt<region3::g>, region5::g};
-inline constexpr Property cp{region1::cp, region2::cp, of_dt<region3::cp>, region5::cp};
-inline constexpr Property cv{region1::cv, region2::cv, of_dt<region3::cv>, region5::cv};
-inline constexpr Property w{region1::w, region2::w, of_dt<region3::w>, region5::w};
+inline constexpr Property v{[]<class N>(Kind<N>) constexpr noexcept {
+    return Equations<N>{Region1<N>::v, Region2<N>::v, given_v<N>, Region5<N>::v};
+}  // namespace property
+};  // namespace vaprix
+inline constexpr Property h{[]<class N>(Kind<N>) constexpr noexcept {
+    return Equations<N>{Region1<N>::h, Region2<N>::h, of_dt<N, Region3<N>::h>, Region5<N>::h};
+}
+}
+;
+inline constexpr Property s{[]<class N>(Kind<N>) constexpr noexcept {
+    return Equations<N>{Region1<N>::s, Region2<N>::s, of_dt<N, Region3<N>::s>, Region5<N>::s};
+}
+}
+;
+inline constexpr Property u{[]<class N>(Kind<N>) constexpr noexcept {
+    return Equations<N>{Region1<N>::u, Region2<N>::u, of_dt<N, Region3<N>::u>, Region5<N>::u};
+}
+}
+;
+inline constexpr Property f{[]<class N>(Kind<N>) constexpr noexcept {return Equations<N>{
+    helmholtz<N, Region1<N>::u, Region1<N>::s>, helmholtz<N, Region2<N>::u, Region2<N>::s>,
+    of_dt<N, Region3<N>::f>, helmholtz<N, Region5<N>::u, Region5<N>::s>};
+}
+}
+;
+inline constexpr Property g{[]<class N>(Kind<N>) constexpr noexcept {
+    return Equations<N>{Region1<N>::g, Region2<N>::g, of_dt<N, Region3<N>::g>, Region5<N>::g};
+}
+}
+;
+inline constexpr Property cp{[]<class N>(Kind<N>) constexpr noexcept {
+    return Equations<N>{Region1<N>::cp, Region2<N>::cp, of_dt<N, Region3<N>::cp>, Region5<N>::cp};
+}
+}
+;
+inline constexpr Property cv{[]<class N>(Kind<N>) constexpr noexcept {
+    return Equations<N>{Region1<N>::cv, Region2<N>::cv, of_dt<N, Region3<N>::cv>, Region5<N>::cv};
+}
+}
+;
+inline constexpr Property w{[]<class N>(Kind<N>) constexpr noexcept {
+    return Equations<N>{Region1<N>::w, Region2<N>::w, of_dt<N, Region3<N>::w>, Region5<N>::w};
+}
+}
+;
 
 // The variables themselves.
-inline constexpr Reading p{[](const State& at) noexcept { return at.p; }, {.p = true}};
-inline constexpr Reading T{[](const State& at) noexcept { return at.t; }, {.t = true}};
-inline constexpr Reading x{[](const State& at) noexcept { return at.x; }, {.wet = true}};
+inline constexpr Reading p{[](const auto& at) noexcept { return at.p; }, Asked{.p = true}};
+inline constexpr Reading T{[](const auto& at) noexcept { return at.t; }, Asked{.t = true}};
+inline constexpr Reading x{[](const auto& at) noexcept { return at.x; }, Asked{.wet = true}};
 
 // Region as the exports report it: the saturation line and wet steam as 4, the number of the
 // equation.
 inline constexpr Reading region{
-    [](const State& at) noexcept {
+    [](const auto& at) noexcept {
         return at.region == Region::wet ? 4.0 : static_cast<double>(at.region);
     },
-    {}};
+    Asked{}};
 
 // Density, kg/m3: of a single phase as the resolver has formed it, of wet steam that of the mixed
 // volumes.
 inline constexpr Reading d{
-    [](const State& at) noexcept { return at.region == Region::wet ? 1 / mixed<v>(at) : at.d; },
-    {.density = true, .wet = true}};
+    [](const auto& at) noexcept { return at.region == Region::wet ? 1 / mixed<v>(at) : at.d; },
+    Asked{.density = true, .wet = true}};
 
 // Reciprocals that are the result of some exports, down to the rounding.
-inline constexpr Reading v_of_d{[](const State& at) noexcept {
-                                    const double density = d.of(at);
+inline constexpr Reading v_of_d{[](const auto& at) noexcept {
+                                    const auto density = d.of(at);
                                     return density > 0 ? 1 / density : failed;
                                 },
                                 d.asked};
-inline constexpr Reading d_of_v{[](const State& at) noexcept { return 1 / mixed<v>(at); }, v.asked};
-inline constexpr Reading v_of_d_of_v{[](const State& at) noexcept { return 1 / d_of_v.of(at); },
+inline constexpr Reading d_of_v{[](const auto& at) noexcept { return 1 / mixed<v>(at); }, v.asked};
+inline constexpr Reading v_of_d_of_v{[](const auto& at) noexcept { return 1 / d_of_v.of(at); },
                                      v.asked};
 
 }  // namespace property

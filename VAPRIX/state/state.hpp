@@ -4,6 +4,8 @@
 // it from a pair of variables; properties are evaluated on it.
 #pragma once
 
+#include <type_traits>
+
 #include "frame/constants.hpp"
 #include "frame/error_code.hpp"
 #include "frame/inline.hpp"
@@ -60,22 +62,30 @@ using State = StateOf<double>;
 }
 
 // A state of region 1, 2 or 5.
-[[nodiscard]] VAPRIX_INLINE constexpr State gibbs_state(Region region, double p,
-                                                        double t) noexcept {
+template <class Number>
+[[nodiscard]] VAPRIX_INLINE constexpr StateOf<Number> gibbs_state(Region region,
+                                                                  std::type_identity_t<Number> p,
+                                                                  Number t) noexcept {
     return {.region = region, .p = p, .t = t};
 }
 
 // A state of region 3 at the density d.
-[[nodiscard]] VAPRIX_INLINE constexpr State dense_state(double p, double t, double d) noexcept {
+template <class Number>
+[[nodiscard]] VAPRIX_INLINE constexpr StateOf<Number> dense_state(
+    std::type_identity_t<Number> p, Number t, std::type_identity_t<Number> d) noexcept {
     return {.region = Region::three, .p = p, .t = t, .d = d, .v = 1 / d};
 }
 
 // The saturated phases of wet steam.
-[[nodiscard]] VAPRIX_INLINE constexpr State liquid_end(const State& wet) noexcept {
+template <class Number>
+[[nodiscard]] VAPRIX_INLINE constexpr StateOf<Number> liquid_end(
+    const StateOf<Number>& wet) noexcept {
     return wet.t > T_13 ? dense_state(wet.p, wet.t, wet.ends.liquid)
                         : gibbs_state(Region::one, wet.p, wet.t);
 }
-[[nodiscard]] VAPRIX_INLINE constexpr State vapour_end(const State& wet) noexcept {
+template <class Number>
+[[nodiscard]] VAPRIX_INLINE constexpr StateOf<Number> vapour_end(
+    const StateOf<Number>& wet) noexcept {
     return wet.t > T_13 ? dense_state(wet.p, wet.t, wet.ends.vapour)
                         : gibbs_state(Region::two, wet.p, wet.t);
 }

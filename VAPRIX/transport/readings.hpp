@@ -19,36 +19,34 @@ inline constexpr Asked of_density_and_cp{.single = true, .density = true};
 
 // dynamic viscosity, 1e-6 Pa s and Pa s
 inline constexpr Reading vis{
-    [](const State& at) noexcept { return transport::viscosity(at.t, at.d); }, of_density};
-inline constexpr Reading eta{[](const State& at) noexcept { return vis.of(at) * micro; },
-                             of_density, micro};
+    [](const auto& at) noexcept { return transport::viscosity(at.t, at.d); }, of_density};
+inline constexpr Reading eta{[](const auto& at) noexcept { return vis.of(at) * micro; }, of_density,
+                             micro};
 
 // kinematic viscosity, 1e-6 m2/s and m2/s
-inline constexpr Reading vki{[](const State& at) noexcept { return vis.of(at) * at.v; },
-                             of_density};
-inline constexpr Reading vnu{[](const State& at) noexcept { return vki.of(at) * micro; },
-                             of_density, micro};
+inline constexpr Reading vki{[](const auto& at) noexcept { return vis.of(at) * at.v; }, of_density};
+inline constexpr Reading vnu{[](const auto& at) noexcept { return vki.of(at) * micro; }, of_density,
+                             micro};
 
 // thermal conductivity, W/(m K) and 1e-3 W/(m K)
 inline constexpr Reading tcon{
-    [](const State& at) noexcept { return transport::conductivity(at.t, at.d); }, of_density};
-inline constexpr Reading tco{[](const State& at) noexcept { return tcon.of(at) * milli; },
+    [](const auto& at) noexcept { return transport::conductivity(at.t, at.d); }, of_density};
+inline constexpr Reading tco{[](const auto& at) noexcept { return tcon.of(at) * milli; },
                              of_density, milli};
 
 // Prandtl number eta cp/lambda, with cp in kJ/(kg K)
 inline constexpr Reading pr{
-    [](const State& at) noexcept { return vis.of(at) * single<cp>(at) / tcon.of(at) * 1000; },
+    [](const auto& at) noexcept { return vis.of(at) * single<cp>(at) / tcon.of(at) * 1000; },
     of_density_and_cp};
 
 // thermal diffusivity lambda/(d cp), 1e-6 m2/s, with cp in kJ/(kg K)
 inline constexpr Reading a{
-    [](const State& at) noexcept { return tcon.of(at) * 1000 / (at.d * single<cp>(at)); },
+    [](const auto& at) noexcept { return tcon.of(at) * 1000 / (at.d * single<cp>(at)); },
     of_density_and_cp};
 
 // static dielectric constant
 inline constexpr Reading eps{
-    [](const State& at) noexcept { return transport::dielectric_constant(at.t, at.d); },
-    of_density};
+    [](const auto& at) noexcept { return transport::dielectric_constant(at.t, at.d); }, of_density};
 
 // refractive index at a wavelength, micrometres
 struct Refraction {
