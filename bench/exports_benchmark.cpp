@@ -8,11 +8,12 @@
 #include <map>
 #include <regex>
 #include <string>
+#include <type_traits>
 #include <utility>
 
-#include "pt/properties.hpp"
 #include "reference/published.hpp"
 #include "regions/b23.hpp"
+#include "state/properties.hpp"
 #include "states.hpp"
 // clang-format off: the equations as source, so that they inline into the loops
 #include "regions/region1.cpp"
@@ -25,8 +26,7 @@
 
 namespace {
 
-namespace pt = vaprix::pt;
-using pt::Property;
+namespace property = vaprix::property;
 using vaprix::region1;
 using vaprix::region2;
 using vaprix::region3;
@@ -132,18 +132,21 @@ constexpr auto ps = published_line<published::psat<double>>,
 
 // The library's equation of a property in a region, of (p, T), in region 3 of (density, T). Of the
 // volume of region 3 it is the pressure, on which a search for the volume is made.
-constexpr Property volume{region1::v, region2::v, region3::p, vaprix::region5::v};
-template <int region, const Property& property>
-constexpr Property::Function in = region == 1   ? property.region1
-                                  : region == 2 ? property.region2
-                                  : region == 3 ? property.region3
-                                                : property.region5;
+template <int region, const auto& of>
+double in(double p_or_d, double t) {
+    constexpr bool is_volume = std::is_same_v<decltype(of), decltype((property::v))>;
+    if constexpr (region == 3 && is_volume) {
+        return region3::p(p_or_d, t);
+    } else {
+        return vaprix::single<of>(vaprix::State{
+            .region = static_cast<vaprix::Region>(region), .p = p_or_d, .t = t, .d = p_or_d});
+    }
+}
 
 // Region 3 of (p, T) by the published backward volume.
-template <const Property& property>
+template <const auto& of>
 double by_backward_volume(double of_p, double of_t) {
-    const double found = region3::v_pt(of_p, of_t);
-    return &property == &volume ? found : property.region3(1 / found, of_t);
+    return vaprix::single<of>(vaprix::dense_state(of_p, of_t, 1 / region3::v_pt(of_p, of_t)));
 }
 
 // A property at the temperature of (p, y), at the saturation pressure of T, at the saturation
@@ -197,12 +200,12 @@ template <int region>
 constexpr Variable first = region == 3 ? d : p;
 template <int region, Of property>
 constexpr Of searched_on = region == 3 && property == &Published::v ? &Published::p : property;
-template <int k, Of plain, const Property& own>
+template <int k, Of plain, const auto& own>
 constexpr Beside o = {equation<published_of<k, searched_on<k, plain>>, first<k>, T>,
                       equation<in<k, own>, first<k>, T>};
-template <int k, Of plain, const Property& own>
+template <int k, Of plain, const auto& own>
 constexpr Beside b = o<k, plain, own>;
-template <Of plain, const Property& own>
+template <Of plain, const auto& own>
 constexpr Beside b<3, plain, own> = {o<3, plain, own>.plain,
                                      equation<by_backward_volume<own>, p, T>};
 template <auto plain, auto own, Variable... variables>
@@ -231,24 +234,24 @@ void add_pt() {
     using P = Published;
     const Rows add(set_of<k>);
     add("REGIONPT", call<REGIONPT, p, T>, {equation<published_region, p, T>});
-    add("HPT", loop<HptGiven<k>>, b<k, &P::h, pt::h>);
-    add("VBPT", call<VBPT, p, T>, b<k, &P::v, volume>);
-    add("HBPT", call<HBPT, p, T>, b<k, &P::h, pt::h>);
-    add("SBPT", call<SBPT, p, T>, b<k, &P::s, pt::s>);
-    add("UBPT", call<UBPT, p, T>, b<k, &P::u, pt::u>);
-    add("FBPT", call<FBPT, p, T>, b<k, &P::f, pt::f>);
-    add("GBPT", call<GBPT, p, T>, b<k, &P::g, pt::g>);
-    add("CPBPT", call<CPBPT, p, T>, b<k, &P::cp, pt::cp>);
-    add("CVBPT", call<CVBPT, p, T>, b<k, &P::cv, pt::cv>);
-    add("WBPT", call<WBPT, p, T>, b<k, &P::w, pt::w>);
-    add("DOPT", call<DOPT, p, T>, o<k, &P::v, volume>);
-    add("VOPT", call<VOPT, p, T>, o<k, &P::v, volume>);
-    add("HOPT", call<HOPT, p, T>, o<k, &P::h, pt::h>);
-    add("SOPT", call<SOPT, p, T>, o<k, &P::s, pt::s>);
-    add("CPOPT", call<CPOPT, p, T>, o<k, &P::cp, pt::cp>);
-    add("WOPT", call<WOPT, p, T>, o<k, &P::w, pt::w>);
-    add("POTD", call<POTD, T, d>, o<k, &P::v, volume>);
-    add("HOTD", call<HOTD, T, d>, o<k, &P::h, pt::h>);
+    add("HPT", loop<HptGiven<k>>, b<k, &P::h, property::h>);
+    add("VBPT", call<VBPT, p, T>, b<k, &P::v, property::v>);
+    add("HBPT", call<HBPT, p, T>, b<k, &P::h, property::h>);
+    add("SBPT", call<SBPT, p, T>, b<k, &P::s, property::s>);
+    add("UBPT", call<UBPT, p, T>, b<k, &P::u, property::u>);
+    add("FBPT", call<FBPT, p, T>, b<k, &P::f, property::f>);
+    add("GBPT", call<GBPT, p, T>, b<k, &P::g, property::g>);
+    add("CPBPT", call<CPBPT, p, T>, b<k, &P::cp, property::cp>);
+    add("CVBPT", call<CVBPT, p, T>, b<k, &P::cv, property::cv>);
+    add("WBPT", call<WBPT, p, T>, b<k, &P::w, property::w>);
+    add("DOPT", call<DOPT, p, T>, o<k, &P::v, property::v>);
+    add("VOPT", call<VOPT, p, T>, o<k, &P::v, property::v>);
+    add("HOPT", call<HOPT, p, T>, o<k, &P::h, property::h>);
+    add("SOPT", call<SOPT, p, T>, o<k, &P::s, property::s>);
+    add("CPOPT", call<CPOPT, p, T>, o<k, &P::cp, property::cp>);
+    add("WOPT", call<WOPT, p, T>, o<k, &P::w, property::w>);
+    add("POTD", call<POTD, T, d>, o<k, &P::v, property::v>);
+    add("HOTD", call<HOTD, T, d>, o<k, &P::h, property::h>);
 }
 
 template <int k, auto plain_t_ph, auto t_ph, auto plain_t_ps, auto t_ps>
@@ -258,11 +261,15 @@ void add_backward() {
     constexpr auto s_k = published_of<k, &P::s>, w_k = published_of<k, &P::w>;
     const Rows add(set_of<k>);
     add("TBPH", call<TBPH, p, h>, both<plain_t_ph, t_ph, p, h>);
-    add("VBPH", call<VBPH, p, h>, both<at_t<v_k, plain_t_ph>, at_t<in<k, volume>, t_ph>, p, h>);
-    add("SBPH", call<SBPH, p, h>, both<at_t<s_k, plain_t_ph>, at_t<in<k, pt::s>, t_ph>, p, h>);
-    add("WBPH", call<WBPH, p, h>, both<at_t<w_k, plain_t_ph>, at_t<in<k, pt::w>, t_ph>, p, h>);
+    add("VBPH", call<VBPH, p, h>,
+        both<at_t<v_k, plain_t_ph>, at_t<in<k, property::v>, t_ph>, p, h>);
+    add("SBPH", call<SBPH, p, h>,
+        both<at_t<s_k, plain_t_ph>, at_t<in<k, property::s>, t_ph>, p, h>);
+    add("WBPH", call<WBPH, p, h>,
+        both<at_t<w_k, plain_t_ph>, at_t<in<k, property::w>, t_ph>, p, h>);
     add("TBPS", call<TBPS, p, s>, both<plain_t_ps, t_ps, p, s>);
-    add("HBPS", call<HBPS, p, s>, both<at_t<h_k, plain_t_ps>, at_t<in<k, pt::h>, t_ps>, p, s>);
+    add("HBPS", call<HBPS, p, s>,
+        both<at_t<h_k, plain_t_ps>, at_t<in<k, property::h>, t_ps>, p, s>);
 }
 
 template <int k>
@@ -270,20 +277,20 @@ void add_searched() {
     using P = Published;
     const Rows add(set_of<k>);
     add("REGIONPH", call<REGIONPH, p, h>);
-    add("TOPH", call<TOPH, p, h>, o<k, &P::h, pt::h>);
-    add("VOPH", call<VOPH, p, h>, o<k, &P::h, pt::h>);
-    add("SOPH", call<SOPH, p, h>, o<k, &P::h, pt::h>);
-    add("CPOPH", call<CPOPH, p, h>, o<k, &P::h, pt::h>);
+    add("TOPH", call<TOPH, p, h>, o<k, &P::h, property::h>);
+    add("VOPH", call<VOPH, p, h>, o<k, &P::h, property::h>);
+    add("SOPH", call<SOPH, p, h>, o<k, &P::h, property::h>);
+    add("CPOPH", call<CPOPH, p, h>, o<k, &P::h, property::h>);
     add("REGIONPS", call<REGIONPS, p, s>);
-    add("TOPS", call<TOPS, p, s>, o<k, &P::s, pt::s>);
-    add("HOPS", call<HOPS, p, s>, o<k, &P::s, pt::s>);
+    add("TOPS", call<TOPS, p, s>, o<k, &P::s, property::s>);
+    add("HOPS", call<HOPS, p, s>, o<k, &P::s, property::s>);
 }
 
 void add_region3() {
     using namespace published;
     const Rows add(Set::region3);
-    add("HVT3N", call<HVT3N, v, T>, o<3, &Published::h, pt::h>);
-    add("DITER3", loop<Diter3>, o<3, &Published::v, volume>);
+    add("HVT3N", call<HVT3N, v, T>, o<3, &Published::h, property::h>);
+    add("DITER3", loop<Diter3>, o<3, &Published::v, property::v>);
     add("TBPH", call<TBPH, p, h>, both<published_by<t3_ph<double>>, region3::t_ph, p, h>);
     add("DBPH", call<DBPH, p, h>, both<published_by<v3_ph<double>>, region3::v_ph, p, h>);
     add("SBPH", call<SBPH, p, h>);
@@ -294,8 +301,8 @@ void add_region3() {
 
 void add_region5() {
     const Rows add(Set::region5);
-    add("TPH5N", call<TPH5N, p, h>, o<5, &Published::h, pt::h>);
-    add("TPS5N", call<TPS5N, p, s>, o<5, &Published::s, pt::s>);
+    add("TPH5N", call<TPH5N, p, h>, o<5, &Published::h, property::h>);
+    add("TPS5N", call<TPS5N, p, s>, o<5, &Published::s, property::s>);
 }
 
 // Transport and other physical properties, derived properties and pairs: compared with nothing.
@@ -335,7 +342,7 @@ void add_line() {
     add("H1OT", call<H1OT, T>, h1_t);
     add("HVAPOT", call<HVAPOT, T>,
         both<vaporisation<h1, h2, ps>, vaporisation<region1::h, region2::h, psat>, T>);
-    Rows{Set::dense}("H1BT", call<H1BT, T>, o<3, &Published::h, pt::h>);
+    Rows{Set::dense}("H1BT", call<H1BT, T>, o<3, &Published::h, property::h>);
 }
 
 void add_wet() {
@@ -377,7 +384,7 @@ int main(int argc, char** argv) {
     benchmark::AddCustomContext("flags", BENCH_FLAGS);
     published::equations<double>();  // read before anything is timed
     // a bare call
-    Rows{Set::region1}("HPT1N", call<HPT1N, p, T>, o<1, &Published::h, pt::h>);
+    Rows{Set::region1}("HPT1N", call<HPT1N, p, T>, o<1, &Published::h, property::h>);
     add_pt<1>();
     add_pt<2>();
     add_pt<3>();
