@@ -21,7 +21,7 @@ TEST(GuardedMath, ExponentialIsHeldBetweenItsLimits) {
 }
 
 TEST(GuardedMath, LogarithmAndRootTakeEveryNumber) {
-    EXPECT_EQ(vaprix::guarded_log(0), -230);
+    EXPECT_EQ(vaprix::guarded_log(0.), -230);
     EXPECT_EQ(vaprix::guarded_log(-0.), -230);
     for (const double x : {1e-300, 0.5, 7.}) {
         EXPECT_EQ(vaprix::guarded_log(x), std::log(x));
@@ -29,7 +29,7 @@ TEST(GuardedMath, LogarithmAndRootTakeEveryNumber) {
         EXPECT_EQ(vaprix::signed_sqrt(x), std::sqrt(x));
         EXPECT_EQ(vaprix::signed_sqrt(-x), -std::sqrt(x));
     }
-    EXPECT_EQ(vaprix::signed_sqrt(0), 0);
+    EXPECT_EQ(vaprix::signed_sqrt(0.), 0);
 }
 
 }  // namespace

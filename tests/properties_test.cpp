@@ -305,12 +305,12 @@ TEST(Properties, SlopesForTheIterations) {
             deviations.check(name + std::string(" region ") + std::to_string(x.region), got, want,
                              scale, 3 * rounding_tolerance(true, x), {p, t});
         };
-        const auto tangent = [&](const char* name, const vaprix::Tangent& got, Quad y, Quad y_scale,
-                                 Quad slope, Quad slope_scale) {
+        const auto tangent = [&](const char* name, const vaprix::Tangent<double>& got, Quad y,
+                                 Quad y_scale, Quad slope, Quad slope_scale) {
             check(name, got.y, y, y_scale);
             check((name + std::string(", slope")).c_str(), got.y_x, slope, slope_scale);
         };
-        const auto pair = [&](const char* name, const vaprix::TangentPair& got,
+        const auto pair = [&](const char* name, const vaprix::TangentPair<double>& got,
                               const Quad(&want)[6], const Quad(&scale)[6]) {
             const double all[] = {got.a, got.a_x, got.a_y, got.b, got.b_x, got.b_y};
             for (std::size_t k = 0; k < 6; ++k)
