@@ -9,12 +9,12 @@
 #include <iterator>
 
 #include "reference/basic_equations.hpp"
-#include "reference/call.hpp"
 #include "reference/sampling.hpp"
 
 namespace {
 
 using namespace reference;
+using bound::call;
 
 constexpr double t_low = 623.15, t_high = 863.15, tc = 647.096;
 constexpr double p_low = 16.53, p_high = 100, pc = 22.064, dc = 322;
@@ -51,14 +51,14 @@ Point sample(std::size_t stratum, Random& random) {
     const double bands[] = {19.00881189173929, 20.5, 21.0433673189753, 22.5, 23, 25, 40};
     switch (stratum) {
         case 0: return {p, t};
-        case 1: return {p_wet, near(random, call1<TBP>(p_wet))};
-        case 2: return {near(random, call1<PBT>(t_wet)), t_wet};
+        case 1: return {p_wet, near(random, call<TBP>(p_wet))};
+        case 2: return {near(random, call<PBT>(t_wet)), t_wet};
         case 3: return {near(random, pc), near(random, tc)};
         case 4: return {pc + dt / 3.727888 * (1 + random.offset(1e-6, 1)), tc + dt};
         case 5: return {near(random, pressure(dc, t_above)), t_above};
         case 6: return {near(random, pc), t};
         case 7:
-            return random.coin() ? Point{near(random, call1<FB23>(t)), t}
+            return random.coin() ? Point{near(random, call<FB23>(t)), t}
                                  : Point{near(random, p_high), near(random, t_low)};
         case 8: return {p, near(random, tc)};
         default:
@@ -85,7 +85,7 @@ TEST(Density, SolvesTheBasicEquation) {
             deviations.check(strata[stratum], pressure(d, at.t), at.p, at.p, 3e-12,
                              {at.p, at.t, d});
             if (at.t < tc - phases_disagree) {
-                const bool liquid = at.p > pc || at.t < call1<TBP>(at.p);
+                const bool liquid = at.p > pc || at.t < call<TBP>(at.p);
                 EXPECT_EQ(d > dc, liquid) << digits({at.p, at.t, d});
             }
             EXPECT_EQ(call<DOTP>(at.t, at.p), d);
@@ -131,11 +131,11 @@ TEST(Density, CriticalPointAndSaturationLine) {
     EXPECT_EQ(call<DOTP>(tc, pc), dc);
     EXPECT_EQ(call<DOPT>(pc + 9e-10, tc - 9e-10), dc);
     for (const Point at :
-         {Point{call1<PBT>(500), 500}, Point{20, call1<TBP>(20)}, Point{200, 700}}) {
+         {Point{call<PBT>(500.), 500}, Point{20, call<TBP>(20.)}, Point{200, 700}}) {
         EXPECT_EQ(call<DOTP>(at.t, at.p), -99999) << digits({at.p, at.t});
         EXPECT_EQ(call<VOPT>(at.p, at.t), -99999) << digits({at.p, at.t});
     }
-    EXPECT_EQ(call<VTP3N>(650, -1), HUGE_VAL);  // no density at all
+    EXPECT_EQ(call<VTP3N>(650., -1.), HUGE_VAL);  // no density at all
 }
 
 }  // namespace

@@ -7,24 +7,8 @@ namespace reference {
 
 namespace {
 
-constexpr double densest = 800;         // kg/m3, beyond region 3
-constexpr double liquid_start = 650;    // kg/m3, beyond the liquid up to the critical pressure
 constexpr double close_enough = 1e-25;  // relative step after which Newton's method is done
 constexpr int most_steps = 200;
-
-Quad single_root(Quad p, Quad t, Quad low, Quad high) {
-    Quad d = d_crit;
-    for (int step = 0; step < most_steps; ++step) {
-        const State x = region3(d, t);
-        (x.p > p ? high : low) = d;
-        Quad next = x.p_d > 0 ? d - (x.p - p) / x.p_d : low;
-        if (!(low < next && next < high)) next = (low + high) / 2;
-        const Quad change = magnitude(next - d);
-        d = next;
-        if (change < close_enough * d) break;
-    }
-    return d;
-}
 
 }  // namespace
 
@@ -37,16 +21,6 @@ Quad polished_density3(Quad p, Quad t, Quad d) {
         if (magnitude(change) < close_enough * d) return d;
     }
     return 0;
-}
-
-Quad density3(Quad p, Quad t, Phase phase) {
-    const Quad ideal = 1000 * p / (gas_constant * t);
-    switch (phase) {
-        case Phase::liquid: return polished_density3(p, t, liquid_start);
-        case Phase::vapour: return polished_density3(p, t, ideal);
-        case Phase::only: break;
-    }
-    return single_root(p, t, ideal, densest);
 }
 
 Coexistence coexistence3(Quad t, Quad vapour, Quad liquid) {
