@@ -11,15 +11,27 @@
 
 #include "frame/constants.hpp"
 #include "least_squares.hpp"
-#include "pt/saturated_state.hpp"
 #include "regions/saturation_line.hpp"
+#include "state/wet.hpp"
 
 namespace {
 
 using namespace vaprix;
-using Of = std::function<double(const pt::SaturatedState&)>;
+using Of = std::function<double(const State&)>;
 
-double at(const Of& y, double t) { return y({psat(t), t}); }
+double at(const Of& y, double t) { return y(wet_state<Asked{.wet = true}>(psat(t), t)); }
+
+double density(const State& phase) {
+    return phase.region == Region::three ? phase.d : 1 / single<property::v>(phase);
+}
+template <const auto& property>
+double of_liquid(const State& wet) {
+    return single<property>(liquid_end(wet));
+}
+template <const auto& property>
+double of_vapour(const State& wet) {
+    return single<property>(vapour_end(wet));
+}
 
 // Temperature between low and high at which y is greatest, by golden sections. Rounding hides it by
 // some 1e-6 K, over which y does not change.
@@ -128,12 +140,13 @@ int main() {
         edge);
     const double h_crit = region3::h(d_crit, T_crit);
     const double s_crit = region3::s(d_crit, T_crit);
-    using Saturated = pt::SaturatedState;
-    print_with_maximum("d1", &Saturated::liquid_density, 275, 280, edge, d_crit);
-    print_monotonic("d2", &Saturated::vapour_density, edge, d_crit);
-    print_monotonic("h1", &Saturated::liquid<pt::h>, edge, h_crit);
-    print_with_maximum("h2", &Saturated::vapour<pt::h>, 480, 530, edge, h_crit);
-    print_monotonic("s1", &Saturated::liquid<pt::s>, edge, s_crit);
-    print_monotonic("s2", &Saturated::vapour<pt::s>, edge, s_crit);
+    print_with_maximum(
+        "d1", [](const State& wet) { return density(liquid_end(wet)); }, 275, 280, edge, d_crit);
+    print_monotonic(
+        "d2", [](const State& wet) { return density(vapour_end(wet)); }, edge, d_crit);
+    print_monotonic("h1", of_liquid<property::h>, edge, h_crit);
+    print_with_maximum("h2", of_vapour<property::h>, 480, 530, edge, h_crit);
+    print_monotonic("s1", of_liquid<property::s>, edge, s_crit);
+    print_monotonic("s2", of_vapour<property::s>, edge, s_crit);
     std::printf("\n}  // namespace vaprix::tables\n");
 }
