@@ -200,10 +200,7 @@ void check(const Row& row, std::set<std::string>& seen) {
 
 TEST(Tables, OfFailuresAndOddities) {
     std::set<std::string> seen;
-    for (const char* table : {"failures.csv", "mended.csv"}) {
-        if (table == std::string("mended.csv") && !VAPRIX_MENDED) continue;
-        for (const Row& row : read_rows(table)) ASSERT_NO_THROW(check(row, seen)) << row.line;
-    }
+    for (const Row& row : read_rows("failures.csv")) ASSERT_NO_THROW(check(row, seen)) << row.line;
     for (const Export& function : exports())
         EXPECT_EQ(seen.count(function.name), 1U) << function.name;
 }

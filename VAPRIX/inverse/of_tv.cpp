@@ -40,16 +40,17 @@ double p_vapour(Tangent<double> (*v_tangent_p)(double, double) noexcept, double 
 
 bool forms_p(const Asked& asked) noexcept { return asked.p || asked.single; }
 
-// A pressure that is the answer itself is that of the limit where it lies a rounding beyond: the
-// saturation line at 273.15 K is below p_min, the B23 line at 863.15 K above 100 MPa.
-double answered(double p, const Asked& asked) noexcept {
-    return asked.single ? p : std::clamp(p, p_min, p_max);
+// A pressure that is the answer itself is that of the limit where it lies a rounding beyond: that of
+// liquid at 273.15 K may be below p_min, that of the B23 line at 863.15 K above 100 MPa. Vapour on
+// the line at 273.15 K keeps its pressure below p_min, at which (p, T) has it as liquid.
+double answered(double p, double p_lowest, const Asked& asked) noexcept {
+    return asked.single ? p : std::clamp(p, p_lowest, p_max);
 }
 
 State vapour2(double t, double v, double p_highest, const Asked& asked) noexcept {
     if (!forms_p(asked)) return gibbs_state(Region::two, 0, t);
     const double p = p_vapour(region2::v_tangent_p, t, v, p_highest);
-    return gibbs_state(Region::two, answered(p, asked), t);
+    return gibbs_state(Region::two, answered(p, 0, asked), t);
 }
 
 State up_to_t13(double t, double v, const Asked& asked) noexcept {
@@ -58,7 +59,7 @@ State up_to_t13(double t, double v, const Asked& asked) noexcept {
     if (stays_below(v, v_liquid)) {
         if (!reaches(v, region1::v(p_max, t))) return outside;
         if (!forms_p(asked)) return gibbs_state(Region::one, 0, t);
-        return gibbs_state(Region::one, answered(p_liquid(t, v, ps), asked), t);
+        return gibbs_state(Region::one, answered(p_liquid(t, v, ps), p_min, asked), t);
     }
     const double v_vapour = region2::v(ps, t);
     if (!reaches(v, v_vapour)) {
@@ -99,7 +100,7 @@ State up_to_t23(double t, double v, const Asked& asked) noexcept {
     const double d = 1 / v;
     const double p = region3::p(d, t);
     if (!(p <= p_max * (1 + rounding))) return outside;
-    return {.region = Region::three, .p = answered(p, asked), .t = t, .d = d, .v = v};
+    return {.region = Region::three, .p = answered(p, 0, asked), .t = t, .d = d, .v = v};
 }
 
 }  // namespace
