@@ -27,7 +27,7 @@ namespace inverse {
 
 // What is asked for of a state that has p and t, and in region 3 the density.
 template <Asked asked>
-[[nodiscard]] State complete_hs(const State& state, double h) noexcept {
+[[nodiscard]] VAPRIX_INLINE State complete_hs(const State& state, double h) noexcept {
     if (state.region == Region::wet) return wet_state_by<asked, property::h>(state.p, state.t, h);
     if constexpr (asked.density) {
         if (state.region != Region::three && state.region != Region::none) {
@@ -43,7 +43,7 @@ template <Asked asked>
 }  // namespace inverse
 
 template <Asked asked>
-[[nodiscard]] State of_hs_b(double h, double s) noexcept {
+[[nodiscard]] VAPRIX_INLINE State of_hs_b(double h, double s) noexcept {
     const State start = inverse::start_hs_b(h, s);
     if (start.region == Region::none || start.t > 0) return inverse::complete_hs<asked>(start, h);
     if constexpr (asked.density) {
@@ -56,7 +56,7 @@ template <Asked asked>
 }
 
 template <Asked asked>
-[[nodiscard]] State of_hs_o(double h, double s) noexcept {
+[[nodiscard]] VAPRIX_INLINE State of_hs_o(double h, double s) noexcept {
     return inverse::complete_hs<asked>(inverse::solve_hs(h, s), h);
 }
 

@@ -45,7 +45,7 @@ template <class Y>
 // State in a region that has been settled. The density of region 3 comes from the backward equation
 // v(p, y) where it is asked for, else from the volume at the backward temperature.
 template <Asked asked, class Y>
-[[nodiscard]] State in_region_py_b(Region region, double p, double y) noexcept {
+[[nodiscard]] VAPRIX_INLINE State in_region_py_b(Region region, double p, double y) noexcept {
     if (region == Region::wet) {
         if constexpr (asked.t || asked.wet) return wet_state_by<asked, Y::y>(p, tsat(p), y);
     }
@@ -62,7 +62,7 @@ template <Asked asked, class Y>
 }
 
 template <Asked asked, class Y>
-[[nodiscard]] State of_py_b(double p, double y) noexcept {
+[[nodiscard]] VAPRIX_INLINE State of_py_b(double p, double y) noexcept {
     const Region region = region_b<Y>(p, y);
     return region == Region::none ? refused(ErrorCode::outside_range)
                                   : in_region_py_b<asked, Y>(region, p, y);
@@ -71,54 +71,60 @@ template <Asked asked, class Y>
 // The region is the number given, unchecked; 0 is determined and written back. Refused, without a
 // code: a number that is no region's.
 template <Asked asked, class Y>
-[[nodiscard]] State of_py_given(double p, double y, int& number) noexcept {
+[[nodiscard]] VAPRIX_INLINE State of_py_given(double p, double y, int& number) noexcept {
     if (number == 0) number = static_cast<int>(region_b<Y>(p, y));
     const auto region = static_cast<Region>(number);
     const bool known = (number >= 1 && number <= 3) || number == 5 || region == Region::wet;
     return known ? in_region_py_b<asked, Y>(region, p, y) : refused(no_code);
 }
 
-// State of regions 1, 2 and 5: Newton's method, which needs two evaluations from the backward
-// temperature and in region 5 from a fit.
+// Temperature, K, of regions 1, 2 and 5: Newton's method, which needs two evaluations from the
+// backward temperature and in region 5 from a fit.
 template <class Y>
-[[nodiscard]] State solve_gibbs(Region region, double p, double y) noexcept {
+[[nodiscard]] NewtonRoot<double> solve_gibbs(Region region, double p, double y) noexcept {
     // Relative steps after which the error, of second order in them, is one of rounding: the
     // isobars of region 5 are straighter.
     constexpr double step = 3e-8;
     constexpr double step_5 = 3e-7;
-    const auto solve = [=](auto tangent, auto value, double target, double start,
+    const auto solve = [p](auto tangent, auto value, double target, double start,
                            double tolerance) noexcept {
         return newton_secant([=](double t) noexcept { return tangent(p, t); },
                              [=](double t) noexcept { return value(p, t); }, target, start,
                              tolerance);
     };
-    const auto state = [=](NewtonRoot<double> root, double low, double high) noexcept {
-        return root.converged ? gibbs_state(region, p, onto_limit(root.x, low, high))
-                              : refused(ErrorCode::outside_range);
+    const auto on_limits = [](NewtonRoot<double> root, double low, double high) noexcept {
+        return NewtonRoot<double>{onto_limit(root.x, low, high), root.converged};
     };
     if (region == Region::one) {
-        return state(solve(
-                         Y::tangent1, [](double at_p, double t) { return Y::y.region1(at_p, t); },
-                         y, Y::t1(p, y), step),
-                     T_min, T_13);
+        const auto value1 = [](double at_p, double t) noexcept { return Y::y.region1(at_p, t); };
+        return on_limits(solve(Y::tangent1, value1, y, Y::t1(p, y), step), T_min, T_13);
     }
     const double target = Y::along_isobar(p, y);
     return region == Region::two
-               ? state(solve(Y::tangent2, Y::value2, target, Y::t2(p, y), step), T_min, T_25)
-               : state(solve(Y::tangent5, Y::value5, target, Y::t5_start(p, y), step_5), T_25,
-                       T_max);
+               ? on_limits(solve(Y::tangent2, Y::value2, target, Y::t2(p, y), step), T_min, T_25)
+               : on_limits(solve(Y::tangent5, Y::value5, target, Y::t5_start(p, y), step_5), T_25,
+                           T_max);
 }
 
-// State of region 3: Newton's method on (density, T) from the backward equations. Along an isobar
+// Density and temperature of region 3: Newton's method from the backward equations. Along an isobar
 // the pair (p, y) stays regular through the critical point, so it converges quadratically
 // everywhere.
 template <class Y>
-[[nodiscard]] State solve_dense(double p, double y) noexcept {
+[[nodiscard]] NewtonPoint<double> solve_dense(double p, double y) noexcept {
     constexpr double step = 1e-9;  // relative, after which the error is one of rounding
-    const NewtonPoint<double> solved =
-        newton(Y::tangents3, p, y, {1 / Y::v3(p, y), Y::t3(p, y)}, step);
-    return solved.converged ? dense_state(p, solved.at.y, solved.at.x)
-                            : refused(ErrorCode::outside_range);
+    const auto tangents = [](double d, double t) noexcept { return Y::tangents3(d, t); };
+    return newton(tangents, p, y, {1 / Y::v3(p, y), Y::t3(p, y)}, step);
+}
+
+// State of a single phase, whatever the saturation line says.
+template <class Y>
+[[nodiscard]] VAPRIX_INLINE State solve_single(Region region, double p, double y) noexcept {
+    if (region == Region::three) {
+        const auto [at, converged] = solve_dense<Y>(p, y);
+        return converged ? dense_state(p, at.y, at.x) : refused(ErrorCode::outside_range);
+    }
+    const auto [t, converged] = solve_gibbs<Y>(region, p, y);
+    return converged ? gibbs_state(region, p, t) : refused(ErrorCode::outside_range);
 }
 
 // The temperature beside the saturation line on the side that the region determination chose.
@@ -127,12 +133,12 @@ template <class Y>
     return tsat_exact(p) + (Y::is_3a(p, y) ? -apart : apart);
 }
 
-// Whether a solution is on its side of the line.
+// Whether a solution is on its side of the line, as none and those of other regions are.
 template <class Y>
-[[nodiscard]] bool is_on_side(const State& solved, double y) noexcept {
+[[nodiscard]] VAPRIX_INLINE bool is_on_side(const State& solved, double y) noexcept {
     constexpr double close = 1e-6;  // distance at which the exact line is worth its cost, K
     const double p = solved.p;
-    if (side_is_free(p)) return true;
+    if (solved.region != Region::three || side_is_free(p)) return true;
     const double side = Y::is_3a(p, y) ? -1 : 1;
     return side * (solved.t - tsat(p)) > close || side * (solved.t - t_beside_line<Y>(p, y)) >= 0;
 }
@@ -164,14 +170,12 @@ template <Asked asked, class Y>
 }
 
 template <Asked asked, class Y>
-[[nodiscard]] State of_py_o(double p, double y) noexcept {
+[[nodiscard]] VAPRIX_INLINE State of_py_o(double p, double y) noexcept {
     const Region region = region_o<Y>(p, y);
     if (region == Region::none) return refused(ErrorCode::outside_range);
     if (region == Region::wet) return wet_state_by<asked, Y::y>(p, tsat_exact(p), y);
-    if (region != Region::three) return solve_gibbs<Y>(region, p, y);
-    const State solved = solve_dense<Y>(p, y);
-    const bool kept = solved.region == Region::none || is_on_side<Y>(solved, y);
-    return kept ? solved : beside_line<asked, Y>(p, y);
+    const State solved = solve_single<Y>(region, p, y);
+    return is_on_side<Y>(solved, y) ? solved : beside_line<asked, Y>(p, y);
 }
 
 // Region by the B form, where the O form agrees with it: a state on which the two differ, in the
@@ -186,9 +190,8 @@ template <Asked asked, class Y>
     if (dense && (region == Region::wet) != Y::is_wet_o(p, y)) return refused(no_code);
     if (region == Region::wet) return wet_state_by<asked, Y::y>(p, tsat_exact(p), y);
     if constexpr (!asked.single) return {.region = region, .p = p};
-    if (region != Region::three) return solve_gibbs<Y>(region, p, y);
-    const State solved = solve_dense<Y>(p, y);
-    if (solved.region == Region::none || is_on_side<Y>(solved, y)) return solved;
+    const State solved = solve_single<Y>(region, p, y);
+    if (is_on_side<Y>(solved, y)) return solved;
     const double t = t_beside_line<Y>(p, y);
     return dense_state(p, t, region3_density::density_beside(p, t, solved.d));
 }
@@ -196,36 +199,20 @@ template <Asked asked, class Y>
 }  // namespace inverse
 
 template <Asked asked>
-[[nodiscard]] State of_ph_b(double p, double h) noexcept {
-    return inverse::of_py_b<asked, inverse::Enthalpy>(p, h);
-}
+inline constexpr auto of_ph_b = inverse::of_py_b<asked, inverse::Enthalpy>;
 template <Asked asked>
-[[nodiscard]] State of_ps_b(double p, double s) noexcept {
-    return inverse::of_py_b<asked, inverse::Entropy>(p, s);
-}
+inline constexpr auto of_ps_b = inverse::of_py_b<asked, inverse::Entropy>;
 template <Asked asked>
-[[nodiscard]] State of_ph_given(double p, double h, int& number) noexcept {
-    return inverse::of_py_given<asked, inverse::Enthalpy>(p, h, number);
-}
+inline constexpr auto of_ph_given = inverse::of_py_given<asked, inverse::Enthalpy>;
 template <Asked asked>
-[[nodiscard]] State of_ps_given(double p, double s, int& number) noexcept {
-    return inverse::of_py_given<asked, inverse::Entropy>(p, s, number);
-}
+inline constexpr auto of_ps_given = inverse::of_py_given<asked, inverse::Entropy>;
 template <Asked asked>
-[[nodiscard]] State of_ph_o(double p, double h) noexcept {
-    return inverse::of_py_o<asked, inverse::Enthalpy>(p, h);
-}
+inline constexpr auto of_ph_o = inverse::of_py_o<asked, inverse::Enthalpy>;
 template <Asked asked>
-[[nodiscard]] State of_ps_o(double p, double s) noexcept {
-    return inverse::of_py_o<asked, inverse::Entropy>(p, s);
-}
+inline constexpr auto of_ps_o = inverse::of_py_o<asked, inverse::Entropy>;
 template <Asked asked>
-[[nodiscard]] State agreed_of_ph_o(double p, double h) noexcept {
-    return inverse::agreed_of_py_o<asked, inverse::Enthalpy>(p, h);
-}
+inline constexpr auto agreed_of_ph_o = inverse::agreed_of_py_o<asked, inverse::Enthalpy>;
 template <Asked asked>
-[[nodiscard]] State agreed_of_ps_o(double p, double s) noexcept {
-    return inverse::agreed_of_py_o<asked, inverse::Entropy>(p, s);
-}
+inline constexpr auto agreed_of_ps_o = inverse::agreed_of_py_o<asked, inverse::Entropy>;
 
 }  // namespace vaprix
