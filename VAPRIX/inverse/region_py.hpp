@@ -45,7 +45,7 @@ template <class Y>
 // 3 below the critical pressure may still be wet steam, which the families decide by tests of their
 // own.
 template <class Y>
-[[nodiscard]] Region region_but_phase(double p, double y) noexcept {
+[[nodiscard]] VAPRIX_INLINE Region region_but_phase(double p, double y) noexcept {
     if (!(p <= p_max && p >= p_min)) return Region::none;
     const IsobarLimits& at = Y::limits[isobar_band(p)];
     const auto above = [y](LimitBounds limit) noexcept {
