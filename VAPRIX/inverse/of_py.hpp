@@ -78,10 +78,10 @@ template <Asked asked, class Y>
     return known ? in_region_py_b<asked, Y>(region, p, y) : refused(no_code);
 }
 
-// Temperature, K, of regions 1, 2 and 5: Newton's method, which needs two evaluations from the
-// backward temperature and in region 5 from a fit.
+// Temperature, K, of regions 1, 2 and 5, 0 if it does not settle: Newton's method, which needs two
+// evaluations from the backward temperature and in region 5 from a fit.
 template <class Y>
-[[nodiscard]] NewtonRoot<double> solve_gibbs(Region region, double p, double y) noexcept {
+[[nodiscard]] double solve_gibbs(Region region, double p, double y) noexcept {
     // Relative steps after which the error, of second order in them, is one of rounding: the
     // isobars of region 5 are straighter.
     constexpr double step = 3e-8;
@@ -93,7 +93,7 @@ template <class Y>
                              tolerance);
     };
     const auto on_limits = [](NewtonRoot<double> root, double low, double high) noexcept {
-        return NewtonRoot<double>{onto_limit(root.x, low, high), root.converged};
+        return root.converged ? onto_limit(root.x, low, high) : 0;
     };
     if (region == Region::one) {
         const auto value1 = [](double at_p, double t) noexcept { return Y::y.region1(at_p, t); };
@@ -123,8 +123,8 @@ template <class Y>
         const auto [at, converged] = solve_dense<Y>(p, y);
         return converged ? dense_state(p, at.y, at.x) : refused(ErrorCode::outside_range);
     }
-    const auto [t, converged] = solve_gibbs<Y>(region, p, y);
-    return converged ? gibbs_state(region, p, t) : refused(ErrorCode::outside_range);
+    const double t = solve_gibbs<Y>(region, p, y);
+    return t > 0 ? gibbs_state(region, p, t) : refused(ErrorCode::outside_range);
 }
 
 // The temperature beside the saturation line on the side that the region determination chose.
