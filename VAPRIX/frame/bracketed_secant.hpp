@@ -24,7 +24,8 @@ struct BracketedRoot {
 };
 
 // Root of f between a and b, where f changes sign: regula falsi with extra points that pull the far
-// end of the bracket in: made for the density of region 3.
+// end of the bracket in. The iteration for the density of region 3, and for temperatures between its
+// saturated densities.
 //
 // Given:    f  residual;  a, b  ends of the bracket;  tolerance  relative step that ends the
 //           iteration (absolute below 1e-8): the step from one round's secant point to the next, so
