@@ -103,7 +103,7 @@ def main():
     drawn, free, counts = iter(drawn), queue.Queue(), {"killed": 0, "survived": 0, "does not compile": 0}
     with concurrent.futures.ThreadPoolExecutor(len(TREES)) as pool:
         if not all(list(pool.map(lambda tree: prepare(tree, tests), TREES))):
-            print("the tree fails without any fault", file=sys.stderr)
+            print(f"without any fault {TREES[0]} does not build or fails its tests", file=sys.stderr)
             return 2
         for tree in TREES:
             free.put(tree)
