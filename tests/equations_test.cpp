@@ -169,19 +169,38 @@ TEST(Equations, Backward) {
     }
 }
 
-// The two equations of a pair differ a little where they meet; 3a owns the meeting line.
-TEST(Equations, DivideOf3aAnd3b) {
-    const Function h3ab = function("h3ab");
-    for (const Backward& row : backward) {
-        if (row.region != 3 || row.x != bound::p) continue;
-        const Function of = function(row.function);
-        for (const double p : {22.5, 25., 32., 45., 63., 81., 99.}) {
-            const double y = row.y == bound::h ? h3ab(p, 0) : 4.41202148223476;
-            const double hair = 1e-10;  // far less than the jump makes
-            const Quad a = row.choice(p, y - hair)(p, y), b = row.choice(p, y + hair)(p, y);
-            const double got = of(p, y);
-            EXPECT_LT(magnitude(got - a), magnitude(got - b)) << row.function << digits({p, y});
-        }
+// The equations of two subregions differ a little where they meet; the line belongs to one of them,
+// which lies towards (dx, dy).
+TEST(Equations, LinesBelongToTheirOwners) {
+    constexpr double hair = 1e-10, s_2bc = 5.85, s_crit = 4.41202148223476;
+    struct Line {
+        const char* function;
+        double x, y, dx, dy;
+    };
+    std::vector<Line> lines = {{"TPH2N", 4, 3000, -hair, 0},   {"TPH2N", 4, 3500, -hair, 0},
+                               {"TPS2N", 4, 6.5, -hair, 0},    {"TPS2N", 4, 7.5, -hair, 0},
+                               {"TPS2N", 10, s_2bc, 0, hair},  {"TPS2N", 60, s_2bc, 0, hair},
+                               {"p2_hs", 3300, s_2bc, 0, hair}};
+    for (const double h : {3000., 3300.})
+        lines.push_back({"TPH2N", function("p_b2bc")(h, 0), h, -hair, 0});
+    for (const double s : {6.3, 7.5})
+        lines.push_back({"p2_hs", function("h_2ab")(s, 0), s, -hair, 0});
+    for (const double h : {2080., 2100.}) lines.push_back({"p3_hs", h, s_crit, 0, -hair});
+    for (const double p : {22.5, 25., 32., 45., 63., 81., 99.}) {
+        for (const char* name : {"TPH3N", "v3_ph"})
+            lines.push_back({name, p, function("h3ab")(p, 0), 0, -hair});
+        for (const char* name : {"TPS3N", "VPS3N"}) lines.push_back({name, p, s_crit, 0, -hair});
+    }
+    for (const Line& line : lines) {
+        const std::string name = line.function;
+        const auto& row =
+            *std::find_if(std::begin(backward), std::end(backward),
+                          [&](const Backward& each) { return name == each.function; });
+        const Equation& owner = row.choice(line.x + line.dx, line.y + line.dy);
+        const Equation& other = row.choice(line.x - line.dx, line.y - line.dy);
+        const double got = function(name)(line.x, line.y);
+        EXPECT_LT(magnitude(got - owner(line.x, line.y)), magnitude(got - other(line.x, line.y)))
+            << name << " " << owner.name << " " << digits({line.x, line.y});
     }
 }
 
