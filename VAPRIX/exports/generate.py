@@ -90,6 +90,13 @@ def order(entry):
     return first + [a for a in entry["arguments"] if a not in first and a not in BESIDE]
 
 
+def template(resolver, what):
+    """A resolver for what is asked of it; liquid_of_t and vapour_of_t are one template, phase_of_t."""
+    phase = re.search(r"liquid|vapour", resolver)
+    given = f"Phase::{phase[0]}, " if phase else ""
+    return re.sub(r"liquid|vapour", "phase", resolver) + f"<{given}asked<{what}>>"
+
+
 def expression(entry):
     """What answers an export: a constant, a function of the arguments, or a property of a state by its rule."""
     def value(argument):
@@ -98,7 +105,7 @@ def expression(entry):
         arguments = ", ".join(value(a) for a in entry["arguments"])
         return entry["property"] + ("" if entry["family"] == "constants" else f"({arguments})")
     what = f"rules::{entry['rule']}, property::{entry['property']}"
-    state = f"{entry['resolver']}<asked<{what}>>({', '.join(value(a) for a in order(entry))})"
+    state = f"{template(entry['resolver'], what)}({', '.join(value(a) for a in order(entry))})"
     beside = "".join(f", {a}" for a in entry["arguments"] if a in BESIDE)
     return f"answer<{what}>({state}{beside})"
 

@@ -36,24 +36,10 @@ namespace saturation {
 [[nodiscard]] NewtonRoot<double> t_vapour_s(double s) noexcept;
 
 template <Phase phase, Asked asked>
-[[nodiscard]] inline State phase_at(NewtonRoot<double> t, ErrorCode code) noexcept {
+[[nodiscard]] VAPRIX_INLINE State phase_at(NewtonRoot<double> t, ErrorCode code) noexcept {
     if (!t.converged) return refused(code);
-    constexpr bool evaluated = asked.single || asked.density;
-    constexpr bool is_liquid = phase == Phase::liquid;
-    const double p = asked.p || evaluated ? psat(t.x) : 0;
-    State state = gibbs_state(is_liquid ? Region::one : Region::two, p, t.x);
-    if (t.x > T_13) {
-        state.region = Region::three;
-        if constexpr (evaluated) {
-            const SaturatedDensities d = dsat3(t.x, p);
-            state.d = is_liquid ? d.liquid : d.vapour;
-            state.v = 1 / state.d;
-        }
-    } else if constexpr (asked.density) {
-        state.v = is_liquid ? region1::v(p, t.x) : region2::v(p, t.x);
-        state.d = 1 / state.v;
-    }
-    return state;
+    const double p = asked.p || asked.single || asked.density ? psat(t.x) : 0;
+    return saturated_phase<phase, asked>(wet_state<phases(asked)>(p, t.x));
 }
 
 }  // namespace saturation
@@ -64,57 +50,52 @@ template <Phase phase, Asked asked>
 
 // Liquid above 322 kg/m3, vapour below.
 template <Asked asked>
-[[nodiscard]] inline State saturated_of_d(double d) noexcept {
+[[nodiscard]] VAPRIX_INLINE State saturated_of_d(double d) noexcept {
+    using namespace saturation;
     const ErrorCode code = saturated_density_code(d);
-    if (d > d_crit) {
-        return saturation::phase_at<Phase::liquid, asked>(saturation::t_liquid_d(d), code);
-    }
-    return saturation::phase_at<Phase::vapour, asked>(saturation::t_vapour_d(d), code);
+    return d > d_crit ? phase_at<Phase::liquid, asked>(t_liquid_d(d), code)
+                      : phase_at<Phase::vapour, asked>(t_vapour_d(d), code);
 }
-template <Asked asked>
-[[nodiscard]] inline State cold_liquid_of_d(double d) noexcept {
-    return saturation::phase_at<Phase::liquid, asked>(saturation::t_cold_liquid_d(d),
-                                                      saturated_density_code(d));
+template <Phase phase, Asked asked>
+[[nodiscard]] VAPRIX_INLINE State cold_phase_of_d(double d) noexcept {
+    return saturation::phase_at<phase, asked>(saturation::t_cold_liquid_d(d),
+                                              saturated_density_code(d));
 }
 
-template <Asked asked>
-[[nodiscard]] inline State liquid_of_h(double h) noexcept {
-    return saturation::phase_at<Phase::liquid, asked>(saturation::t_liquid_h(h),
-                                                      ErrorCode::saturated_liquid_enthalpy_range);
+template <Phase phase, Asked asked>
+[[nodiscard]] VAPRIX_INLINE State phase_of_h(double h) noexcept {
+    using namespace saturation;
+    if constexpr (phase == Phase::liquid) {
+        return phase_at<phase, asked>(t_liquid_h(h), ErrorCode::saturated_liquid_enthalpy_range);
+    }
+    return phase_at<phase, asked>(t_vapour_h(h), ErrorCode::saturated_vapour_enthalpy_range);
 }
-template <Asked asked>
-[[nodiscard]] inline State vapour_of_h(double h) noexcept {
-    return saturation::phase_at<Phase::vapour, asked>(saturation::t_vapour_h(h),
-                                                      ErrorCode::saturated_vapour_enthalpy_range);
-}
-template <Asked asked>
-[[nodiscard]] inline State cold_vapour_of_h(double h) noexcept {
+template <Phase phase, Asked asked>
+[[nodiscard]] VAPRIX_INLINE State cold_phase_of_h(double h) noexcept {
     const ErrorCode code = h >= tables::limits_h1.y_min ? ErrorCode::saturated_vapour_enthalpy_range
                                                         : ErrorCode::saturated_enthalpy_range;
-    return saturation::phase_at<Phase::vapour, asked>(saturation::t_cold_vapour_h(h), code);
+    return saturation::phase_at<phase, asked>(saturation::t_cold_vapour_h(h), code);
 }
 
 // Liquid up to the critical enthalpy, vapour above.
 template <Asked asked>
-[[nodiscard]] inline State saturated_of_h(double h) noexcept {
-    return h > tables::limits_h2.y_crit ? vapour_of_h<asked>(h) : liquid_of_h<asked>(h);
+[[nodiscard]] VAPRIX_INLINE State saturated_of_h(double h) noexcept {
+    return h > tables::limits_h2.y_crit ? phase_of_h<Phase::vapour, asked>(h)
+                                        : phase_of_h<Phase::liquid, asked>(h);
 }
 
-template <Asked asked>
-[[nodiscard]] inline State liquid_of_s(double s) noexcept {
-    return saturation::phase_at<Phase::liquid, asked>(saturation::t_liquid_s(s),
-                                                      ErrorCode::saturated_entropy_range);
-}
-template <Asked asked>
-[[nodiscard]] inline State vapour_of_s(double s) noexcept {
-    return saturation::phase_at<Phase::vapour, asked>(saturation::t_vapour_s(s),
-                                                      ErrorCode::saturated_entropy_range);
+template <Phase phase, Asked asked>
+[[nodiscard]] VAPRIX_INLINE State phase_of_s(double s) noexcept {
+    using namespace saturation;
+    const auto t = phase == Phase::liquid ? t_liquid_s(s) : t_vapour_s(s);
+    return phase_at<phase, asked>(t, ErrorCode::saturated_entropy_range);
 }
 
 // Liquid up to the critical entropy, vapour above.
 template <Asked asked>
-[[nodiscard]] inline State saturated_of_s(double s) noexcept {
-    return s > tables::limits_s2.y_crit ? vapour_of_s<asked>(s) : liquid_of_s<asked>(s);
+[[nodiscard]] VAPRIX_INLINE State saturated_of_s(double s) noexcept {
+    return s > tables::limits_s2.y_crit ? phase_of_s<Phase::vapour, asked>(s)
+                                        : phase_of_s<Phase::liquid, asked>(s);
 }
 
 }  // namespace vaprix

@@ -22,6 +22,10 @@ enum class Phase { liquid, vapour };
 template <Phase phase, Asked asked>
 [[nodiscard]] VAPRIX_INLINE State saturated_phase(const State& line) noexcept {
     if (line.region != Region::wet) return line;
+    if constexpr (!asked.single && !asked.density) {
+        const Region single = phase == Phase::liquid ? Region::one : Region::two;
+        return gibbs_state(line.t > T_13 ? Region::three : single, line.p, line.t);
+    }
     const State state = phase == Phase::liquid ? liquid_end(line) : vapour_end(line);
     return state.region == Region::three ? state : with_density<asked>(state);
 }
@@ -79,69 +83,34 @@ template <Asked asked>
     return line.region == Region::none ? line : line_of_p_o<asked>(std::min(line.p, p_crit));
 }
 
-// --- one phase ---
+// --- one phase: the catalogue's liquid_of_t is phase_of_t<Phase::liquid>, and so on ---
 
-template <Asked asked>
-[[nodiscard]] VAPRIX_INLINE State liquid_of_t(double t) noexcept {
-    return saturated_phase<Phase::liquid, asked>(line_of_t<phases(asked)>(t));
+template <Phase phase, Asked asked>
+[[nodiscard]] VAPRIX_INLINE State phase_of_t(double t) noexcept {
+    return saturated_phase<phase, asked>(line_of_t<phases(asked)>(t));
 }
-template <Asked asked>
-[[nodiscard]] VAPRIX_INLINE State vapour_of_t(double t) noexcept {
-    return saturated_phase<Phase::vapour, asked>(line_of_t<phases(asked)>(t));
+template <Phase phase, Asked asked>
+[[nodiscard]] VAPRIX_INLINE State phase_of_t_o(double t) noexcept {
+    return saturated_phase<phase, asked>(line_of_t_o<phases(asked)>(t));
 }
-template <Asked asked>
-[[nodiscard]] VAPRIX_INLINE State liquid_of_t_o(double t) noexcept {
-    return saturated_phase<Phase::liquid, asked>(line_of_t_o<phases(asked)>(t));
+template <Phase phase, Asked asked>
+[[nodiscard]] VAPRIX_INLINE State phase_of_p_b(double p) noexcept {
+    return saturated_phase<phase, asked>(line_of_p_b<phases(asked)>(p));
 }
-template <Asked asked>
-[[nodiscard]] VAPRIX_INLINE State vapour_of_t_o(double t) noexcept {
-    return saturated_phase<Phase::vapour, asked>(line_of_t_o<phases(asked)>(t));
-}
-template <Asked asked>
-[[nodiscard]] VAPRIX_INLINE State liquid_of_p_b(double p) noexcept {
-    return saturated_phase<Phase::liquid, asked>(line_of_p_b<phases(asked)>(p));
-}
-template <Asked asked>
-[[nodiscard]] VAPRIX_INLINE State vapour_of_p_b(double p) noexcept {
-    return saturated_phase<Phase::vapour, asked>(line_of_p_b<phases(asked)>(p));
-}
-template <Asked asked>
-[[nodiscard]] VAPRIX_INLINE State liquid_of_p_o(double p) noexcept {
-    return saturated_phase<Phase::liquid, asked>(line_of_p_o<phases(asked)>(p));
-}
-template <Asked asked>
-[[nodiscard]] VAPRIX_INLINE State vapour_of_p_o(double p) noexcept {
-    return saturated_phase<Phase::vapour, asked>(line_of_p_o<phases(asked)>(p));
+template <Phase phase, Asked asked>
+[[nodiscard]] VAPRIX_INLINE State phase_of_p_o(double p) noexcept {
+    return saturated_phase<phase, asked>(line_of_p_o<phases(asked)>(p));
 }
 
-// --- one phase, up to a rounding beyond the critical point: 322 kg/m3 there ---
-
+// Up to a rounding beyond the critical point: 322 kg/m3 there.
 template <Phase phase, Asked asked>
 [[nodiscard]] VAPRIX_INLINE State phase_of_t_widened(double t) noexcept {
     if (std::fabs(t - T_crit) < critical_tolerance) return dense_state(p_crit, t, d_crit);
-    return saturated_phase<phase, asked>(line_of_t<phases(asked)>(t));
+    return phase_of_t<phase, asked>(t);
 }
-template <Asked asked>
-[[nodiscard]] VAPRIX_INLINE State liquid_of_t_widened(double t) noexcept {
-    return phase_of_t_widened<Phase::liquid, asked>(t);
-}
-template <Asked asked>
-[[nodiscard]] VAPRIX_INLINE State vapour_of_t_widened(double t) noexcept {
-    return phase_of_t_widened<Phase::vapour, asked>(t);
-}
-
 template <Phase phase, Asked asked>
 [[nodiscard]] VAPRIX_INLINE State phase_of_p_widened(double p) noexcept {
-    if (near_critical(p)) return dense_state(p, T_crit, d_crit);
-    return saturated_phase<phase, asked>(line_of_p_o<phases(asked)>(p));
-}
-template <Asked asked>
-[[nodiscard]] VAPRIX_INLINE State liquid_of_p_widened(double p) noexcept {
-    return phase_of_p_widened<Phase::liquid, asked>(p);
-}
-template <Asked asked>
-[[nodiscard]] VAPRIX_INLINE State vapour_of_p_widened(double p) noexcept {
-    return phase_of_p_widened<Phase::vapour, asked>(p);
+    return near_critical(p) ? dense_state(p, T_crit, d_crit) : phase_of_p_o<phase, asked>(p);
 }
 
 // --- wet steam of given quality ---
@@ -158,10 +127,10 @@ template <Asked asked>
     return state;
 }
 
-// Both phases share their fugacity: that of the liquid.
-template <Asked asked>
-[[nodiscard]] VAPRIX_INLINE State liquid_of_tx(double t, double x) noexcept {
-    const State state = liquid_of_t<asked>(t);
+// One phase of it: both have the same fugacity.
+template <Phase phase, Asked asked>
+[[nodiscard]] VAPRIX_INLINE State phase_of_tx(double t, double x) noexcept {
+    const State state = phase_of_t<phase, asked>(t);
     if (state.region == Region::none || is_quality(x)) return state;
     return refused(ErrorCode::property_range);
 }
