@@ -299,7 +299,7 @@ State by_owner(const State& state, double h, double s) noexcept {
 // solution stays, up to some mK beyond its region, and reproduces h and s all the same.
 State solve_hs(double h, double s) noexcept {
     const State nothing = refused(ErrorCode::outside_range);
-    const Region region = region_unlimited(h, s);
+    const Region region = region_unlimited(h, s).region;
     if (region == Region::none) return nothing;
     const Attempt first = attempt(region, h, s);
     if (first.belongs_to == region) return by_owner(first.state, h, s);
@@ -339,7 +339,8 @@ State start_hs_b(double h, double s) noexcept {
     constexpr double h_error = 0.1;           // kJ/kg, on the isotherm 1073.15 K
     constexpr double s_warm_liquid = 0.0015;  // from here region 1 is above 273.15 K + t_error
 
-    const Region region = region_unlimited(h, s);
+    auto [region, neighbour] = region_unlimited(h, s);
+    if (neighbour != Region::none && solve_hs(h, s).region == neighbour) region = neighbour;
     State state{.region = region, .refusal = ErrorCode::outside_range};
     bool surely_inside = false;
     if (region == Region::none) return state;

@@ -5,7 +5,8 @@
 // Refused:  a state that (p, T) does not reach and that is not wet steam, -10055.
 // Notes:    the B-family answers by the backward equations: p(h, s), then T(p, h), and in region 3
 //           v(p, s); wet steam by Tsat(h, s), and below its range, as region 5, by the solution of
-//           the basic equations. The O-family answers by the state that reproduces h and s through
+//           the basic equations. That solution decides between regions 1 and 3 and regions 2 and 3
+//           where their boundary equations do not tell. The O-family answers by the state that reproduces h and s through
 //           the basic equations.
 // Source:   IAPWS SR2-01(2014), IAPWS SR4-04(2014); IAPWS R7-97(2012) for T(p, h) and the O-family;
 //           IAPWS SR3-03(2014) for T(p, h) and v(p, s) of region 3.

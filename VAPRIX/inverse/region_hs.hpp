@@ -42,36 +42,55 @@ inline constexpr double beyond_region2 = 4160.7;   // h2(p, 1073.15 K) <= 4160.6
     return h <= region2::h(p, T_25);
 }
 
+// A region by the boundary equations and, closer to the boundary than its equation is exact, the one
+// beyond it.
+struct RegionBeside {
+    Region region;
+    Region neighbour = Region::none;
+};
+
 // Region of (h, s), with limits of pressure and temperature not examined but for that between
 // regions 2 and 5.
 // Returned: the region; none beyond the limits above, for wet steam colder than
-//           273.15 K by more than 1 kJ/kg, and for a NaN.
-[[nodiscard]] inline Region region_unlimited(double h, double s) noexcept {
+//           273.15 K by more than 1 kJ/kg, and for a NaN. The neighbour at 623.15 K and at the
+//           boundary of regions 2 and 3.
+[[nodiscard]] VAPRIX_INLINE RegionBeside region_unlimited(double h, double s) noexcept {
     using namespace boundaries_hs;
+    constexpr double h_13_error = 0.02;  // kJ/kg; 3.2 mK is stated
+    constexpr double p_23_error = 5e-5;  // relative; 0.0045 % is stated
+    constexpr double s_rounding = 1e-9;  // kJ/(kg K), of s_23_min
+    const auto beside = [](Region region, Region neighbour, bool close) noexcept {
+        return RegionBeside{region, close ? neighbour : Region::none};
+    };
 
+    // h - T s of either saturated phase is 0.0006 kJ/kg at 273.15 K
     if (!(h >= h_lowest && h <= h_highest && s >= s_lowest && s <= s_highest && h > T_min * s - 1 &&
-          h < h_beyond_p_max(
-                  s))) {  // h - T s of either saturated phase is 0.0006 kJ/kg at 273.15 K
-        return Region::none;
+          h < h_beyond_p_max(s))) {
+        return {Region::none};
     }
     if (s <= s_liquid_13) {
-        if (s >= s_liquid_min && h < h_liquid_1(s)) return Region::wet;
-        return s > s_13_min && h > h_13(s) ? Region::three : Region::one;
+        if (s >= s_liquid_min && h < h_liquid_1(s)) return {Region::wet};
+        if (s <= s_13_min) return {Region::one};
+        const double above = h - h_13(s);
+        return above > 0 ? beside(Region::three, Region::one, above <= h_13_error)
+                         : beside(Region::one, Region::three, above >= -h_13_error);
     }
-    if (s <= region3::s_crit) return h < h_liquid_3a(s) ? Region::wet : Region::three;
-    if (h > beyond_region2) return Region::five;
+    if (s <= region3::s_crit) return {h < h_liquid_3a(s) ? Region::wet : Region::three};
+    if (h > beyond_region2) return {Region::five};
     if (s < region2::s_2bc) {
-        if (h <= above_saturated && h < h_vapour_2c3b(s)) return Region::wet;
-        if (s < s_23_min) return Region::three;
-        if (s <= s_23_max && h < h_23_max &&
-            (h <= h_23_min || region2::p_hs(h, s) > p_b23(t_23(h, s)))) {
-            return Region::three;
+        if (h <= above_saturated && h < h_vapour_2c3b(s)) return {Region::wet};
+        if (s < s_23_min - s_rounding) return {Region::three};
+        if (s <= s_23_max && h < h_23_max) {
+            if (h <= h_23_min) return {Region::three};
+            const double above = region2::p_hs(h, s) / p_b23(t_23(h, s)) - 1;
+            return above > 0 ? beside(Region::three, Region::two, above <= p_23_error)
+                             : beside(Region::two, Region::three, above >= -p_23_error);
         }
     } else if (s <= s_vapour_max && h <= above_saturated && h < h_vapour_2ab(s)) {
-        return Region::wet;
+        return {Region::wet};
     }
-    if (h < lowest_region5) return Region::two;
-    return below_t25(region2::p_hs(h, s), h) ? Region::two : Region::five;
+    if (h < lowest_region5) return {Region::two};
+    return {below_t25(region2::p_hs(h, s), h) ? Region::two : Region::five};
 }
 
 }  // namespace vaprix::inverse
