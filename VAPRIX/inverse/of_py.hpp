@@ -80,30 +80,27 @@ template <Asked asked, class Y>
 
 // Temperature, K, of regions 1, 2 and 5, 0 if it does not settle: Newton's method, which needs two
 // evaluations from the backward temperature and in region 5 from a fit.
-template <class Y>
-[[nodiscard]] double solve_gibbs(Region region, double p, double y) noexcept {
+template <class Y, Region region>
+[[nodiscard]] double solve_gibbs(double p, double y) noexcept {
     // Relative steps after which the error, of second order in them, is one of rounding: the
     // isobars of region 5 are straighter.
-    constexpr double step = 3e-8;
-    constexpr double step_5 = 3e-7;
-    const auto solve = [p](auto tangent, auto value, double target, double start,
-                           double tolerance) noexcept {
-        return newton_secant([=](double t) noexcept { return tangent(p, t); },
-                             [=](double t) noexcept { return value(p, t); }, target, start,
-                             tolerance);
-    };
-    const auto on_limits = [](NewtonRoot<double> root, double low, double high) noexcept {
+    constexpr double step = region == Region::five ? 3e-7 : 3e-8;
+    constexpr double low = region == Region::five ? T_25 : T_min;
+    constexpr double high = region == Region::one ? T_13 : region == Region::two ? T_25 : T_max;
+    const auto solve = [p](auto tangent, auto value, double target, double start) noexcept {
+        const NewtonRoot<double> root =
+            newton_secant([=](double t) noexcept { return tangent(p, t); },
+                          [=](double t) noexcept { return value(p, t); }, target, start, step);
         return root.converged ? onto_limit(root.x, low, high) : 0;
     };
-    if (region == Region::one) {
+    if constexpr (region == Region::one) {
         const auto value1 = [](double at_p, double t) noexcept { return Y::y.region1(at_p, t); };
-        return on_limits(solve(Y::tangent1, value1, y, Y::t1(p, y), step), T_min, T_13);
+        return solve(Y::tangent1, value1, y, Y::t1(p, y));
+    } else if constexpr (region == Region::two) {
+        return solve(Y::tangent2, Y::value2, Y::along_isobar(p, y), Y::t2(p, y));
+    } else {
+        return solve(Y::tangent5, Y::value5, Y::along_isobar(p, y), Y::t5_start(p, y));
     }
-    const double target = Y::along_isobar(p, y);
-    return region == Region::two
-               ? on_limits(solve(Y::tangent2, Y::value2, target, Y::t2(p, y), step), T_min, T_25)
-               : on_limits(solve(Y::tangent5, Y::value5, target, Y::t5_start(p, y), step_5), T_25,
-                           T_max);
 }
 
 // Density and temperature of region 3: Newton's method from the backward equations. Along an isobar
@@ -123,7 +120,9 @@ template <class Y>
         const auto [at, converged] = solve_dense<Y>(p, y);
         return converged ? dense_state(p, at.y, at.x) : refused(ErrorCode::outside_range);
     }
-    const double t = solve_gibbs<Y>(region, p, y);
+    const double t = region == Region::one   ? solve_gibbs<Y, Region::one>(p, y)
+                     : region == Region::two ? solve_gibbs<Y, Region::two>(p, y)
+                                             : solve_gibbs<Y, Region::five>(p, y);
     return t > 0 ? gibbs_state(region, p, t) : refused(ErrorCode::outside_range);
 }
 
