@@ -20,12 +20,8 @@
 namespace vaprix {
 namespace {
 
-struct Enthalpy : inverse::Enthalpy {
-    static constexpr const auto& y = property::h;
-};
-struct Entropy : inverse::Entropy {
-    static constexpr const auto& y = property::s;
-};
+using inverse::Enthalpy;
+using inverse::Entropy;
 
 constexpr State outside = refused(ErrorCode::outside_range);
 

@@ -10,18 +10,16 @@
 
 namespace vaprix {
 
-template <Asked>
-[[nodiscard]] VAPRIX_INLINE State region1_of_pt(double p, double t) noexcept {
-    return gibbs_state(Region::one, p, t);
+template <Region region>
+[[nodiscard]] VAPRIX_INLINE State gibbs_of_pt(double p, double t) noexcept {
+    return gibbs_state(region, p, t);
 }
 template <Asked>
-[[nodiscard]] VAPRIX_INLINE State region2_of_pt(double p, double t) noexcept {
-    return gibbs_state(Region::two, p, t);
-}
+inline constexpr auto region1_of_pt = gibbs_of_pt<Region::one>;
 template <Asked>
-[[nodiscard]] VAPRIX_INLINE State region5_of_pt(double p, double t) noexcept {
-    return gibbs_state(Region::five, p, t);
-}
+inline constexpr auto region2_of_pt = gibbs_of_pt<Region::two>;
+template <Asked>
+inline constexpr auto region5_of_pt = gibbs_of_pt<Region::five>;
 
 template <Asked>
 [[nodiscard]] VAPRIX_INLINE State region3_of_vt(double v, double t) noexcept {
