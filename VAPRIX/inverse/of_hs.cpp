@@ -265,11 +265,10 @@ Attempt attempt(Region region, double h, double s) noexcept {
     return attempt5(h, s, start.x, start.y);
 }
 Attempt attempt_from(const State& near, Region region, double h, double s) noexcept {
-    if (near.region == Region::wet) return attempt(region, h, s);
+    if (near.region == Region::wet || region == Region::wet) return attempt(region, h, s);
     if (region == Region::one) return attempt1(h, s, near.p, near.t);
     if (region == Region::two) return attempt2(h, s, near.p, near.t);
     if (region == Region::five) return attempt5(h, s, near.p, near.t);
-    if (region == Region::wet) return attempt_wet(h, s);
     return attempt3(h, s, 1 / single<property::v>(near), near.t);
 }
 

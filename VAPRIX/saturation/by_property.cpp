@@ -47,49 +47,38 @@ Tangent<double> tangent(double t) noexcept {
 double density(double d, double /* t */) noexcept { return d; }
 
 // One property of one phase: above 623.15 K by density and temperature, its tangent below, its
-// limits, and the polynomials of the start value.
-struct LiquidDensity {
-    static constexpr Phase phase = Phase::liquid;
-    static constexpr auto dense = density;
-    static constexpr auto tangent = density_tangent<phase>;
-    static constexpr const SaturatedLimits& limits = tables::limits_d1;
+// limits; and the polynomials of the start value.
+template <Phase phase_of, auto dense_of, auto tangent_of, const SaturatedLimits& limits_of>
+struct Saturated {
+    static constexpr Phase phase = phase_of;
+    static constexpr auto dense = dense_of;
+    static constexpr auto tangent = tangent_of;
+    static constexpr const SaturatedLimits& limits = limits_of;
+};
+struct LiquidDensity
+    : Saturated<Phase::liquid, density, density_tangent<Phase::liquid>, tables::limits_d1> {
     static constexpr auto start = polynomial(tables::start_d1);
     static constexpr auto start_cold = polynomial(tables::start_d1_cold);
 };
-struct VapourDensity {
-    static constexpr Phase phase = Phase::vapour;
-    static constexpr auto dense = density;
-    static constexpr auto tangent = density_tangent<phase>;
-    static constexpr const SaturatedLimits& limits = tables::limits_d2;
+struct VapourDensity
+    : Saturated<Phase::vapour, density, density_tangent<Phase::vapour>, tables::limits_d2> {
     static constexpr auto start = polynomial(tables::start_d2);
 };
-struct LiquidEnthalpy {
-    static constexpr Phase phase = Phase::liquid;
-    static constexpr auto dense = region3::h;
-    static constexpr auto tangent = saturation::tangent<phase, Enthalpy>;
-    static constexpr const SaturatedLimits& limits = tables::limits_h1;
+struct LiquidEnthalpy
+    : Saturated<Phase::liquid, region3::h, tangent<Phase::liquid, Enthalpy>, tables::limits_h1> {
     static constexpr auto start = polynomial(tables::start_h1);
 };
-struct VapourEnthalpy {
-    static constexpr Phase phase = Phase::vapour;
-    static constexpr auto dense = region3::h;
-    static constexpr auto tangent = saturation::tangent<phase, Enthalpy>;
-    static constexpr const SaturatedLimits& limits = tables::limits_h2;
+struct VapourEnthalpy
+    : Saturated<Phase::vapour, region3::h, tangent<Phase::vapour, Enthalpy>, tables::limits_h2> {
     static constexpr auto start = polynomial(tables::start_h2);
     static constexpr auto start_cold = polynomial(tables::start_h2_cold);
 };
-struct LiquidEntropy {
-    static constexpr Phase phase = Phase::liquid;
-    static constexpr auto dense = region3::s;
-    static constexpr auto tangent = saturation::tangent<phase, Entropy>;
-    static constexpr const SaturatedLimits& limits = tables::limits_s1;
+struct LiquidEntropy
+    : Saturated<Phase::liquid, region3::s, tangent<Phase::liquid, Entropy>, tables::limits_s1> {
     static constexpr auto start = polynomial(tables::start_s1);
 };
-struct VapourEntropy {
-    static constexpr Phase phase = Phase::vapour;
-    static constexpr auto dense = region3::s;
-    static constexpr auto tangent = saturation::tangent<phase, Entropy>;
-    static constexpr const SaturatedLimits& limits = tables::limits_s2;
+struct VapourEntropy
+    : Saturated<Phase::vapour, region3::s, tangent<Phase::vapour, Entropy>, tables::limits_s2> {
     static constexpr auto start = polynomial(tables::start_s2);
 };
 
