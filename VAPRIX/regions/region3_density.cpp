@@ -39,7 +39,7 @@ double newton(const region3::Isotherm& isotherm, double p, Side side, double d_s
     constexpr double flat = 1e-30;      // MPa m3/kg, a slope that leads to the end of the bracket
     // In single precision the start does not carry the last digit of the host's exponential, which
     // subregion 3n passes through, into the result.
-    const double start =
+    const auto start =
         static_cast<double>(static_cast<float>(std::clamp(d_start, side.low, side.high)));
     const NewtonRoot<double> root = bracketed_newton(
         [&](double d) noexcept {
