@@ -8,7 +8,7 @@ A mutant changes one line of VAPRIX/**/*.hpp or *.cpp, tables apart: a numeric c
 a sign, the call of a sibling, a dropped statement. It is built and tested in one of two copies of the tree in
 build/mutants, which are kept for the next run; one that does not compile is drawn again and not counted. Survivors are
 printed with file, line and change. The digests are no quick test: they notice any change, right or wrong.
-Exit status: 0 none survived, 1 some did, 2 the tree fails without any fault. To be run on demand.
+Exit status: 0 none survived, 1 some did, 2 the tree fails without any fault.
 """
 import argparse
 import concurrent.futures
@@ -37,8 +37,7 @@ NEVER = re.compile(r"\s*(#|template|using|namespace|static_assert|$)")
 def mutants_of(line):
     """Every line that one fault makes of it; comments stay."""
     code, mark, note = line.partition("//")
-    if NEVER.match(code):
-        return []
+    if NEVER.match(code): return []
     swaps = [(m, str(int(m[0]) + 1) if m[0].isdigit() else f"({m[0]} * 1.001)") for m in NUMBER.finditer(code)]
     swaps += [(m, other) for m in COMPARISON.finditer(code) for other in COMPARISONS[m[0]]]
     swaps += [(m, "-" if m[0] == "+" else "+") for m in SIGN.finditer(code)]
@@ -62,7 +61,7 @@ def judge(tree, tests):
     if run("cmake", "--build", tree / "build", "--parallel", "1").returncode != 0:
         return "does not compile"
     found = run("ctest", "--test-dir", tree / "build", "--stop-on-failure", "--timeout", "120", "--no-tests=error", *tests)
-    return "survived" if found.returncode == 0 else "killed"
+    return "killed" if found.returncode else "survived"
 
 
 def prepare(tree, tests):
@@ -73,7 +72,7 @@ def prepare(tree, tests):
             copy.parent.mkdir(parents=True, exist_ok=True)
             shutil.copy(source, copy)
     run("cmake", "-S", tree, "--preset", "release", "-B", tree / "build", "-DVAPRIX_BUILD_BENCHMARKS=OFF",
-        "-DVAPRIX_BUILD_VARIANTS=OFF", "-DVAPRIX_TEST_STATES=2000")
+        "-DVAPRIX_BUILD_VARIANTS=OFF", "-DVAPRIX_TEST_STATES=2000", "-DCMAKE_CXX_FLAGS_RELEASE=-O1")
     return judge(tree, tests) == "survived"
 
 
@@ -98,9 +97,9 @@ def main():
     parser.add_argument("--tests", help="names of the tests to run, instead of those labelled quick")
     options = parser.parse_args()
     tests = ["-R", options.tests] if options.tests else ["-L", "quick"]
-    drawn = all_mutants()
-    random.Random(options.seed).shuffle(drawn)
-    drawn, free, counts = iter(drawn), queue.Queue(), {"killed": 0, "survived": 0, "does not compile": 0}
+    every = all_mutants()
+    drawn = iter(random.Random(options.seed).sample(every, len(every)))
+    free, counts = queue.Queue(), {"killed": 0, "survived": 0, "does not compile": 0}
     with concurrent.futures.ThreadPoolExecutor(len(TREES)) as pool:
         if not all(list(pool.map(lambda tree: prepare(tree, tests), TREES))):
             print(f"without any fault {TREES[0]} does not build or fails its tests", file=sys.stderr)
@@ -110,6 +109,7 @@ def main():
         while batch := list(itertools.islice(drawn, options.count - counts["killed"] - counts["survived"])):
             for mutant, found in zip(batch, pool.map(lambda mutant: fate(free, mutant, tests), batch)):
                 counts[found] += 1
+                print(f"\r{counts['killed']} killed, {counts['survived']} survived", end="", file=sys.stderr, flush=True)
                 if found == "survived":
                     print(f"{mutant[0]}:{mutant[1] + 1}\n  - {mutant[2].strip()}\n  + {mutant[3].strip()}", flush=True)
     print(", ".join(f"{count} {name}" for name, count in counts.items()))
