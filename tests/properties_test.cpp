@@ -8,6 +8,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 #include "reference/basic_equations.hpp"
@@ -169,14 +170,17 @@ std::optional<Found> of_py(const strata::State& at) {
     return in_region(region, p, t, call<D>(p, at[y]));
 }
 // the B-family: by (p, T) at its temperature, but its density by the backward equation of the volume
-template <auto Region, auto T, bound::Name y, published::Choice<Quad> choice = nullptr>
+template <auto Region, auto T, bound::Name y, auto choice = nullptr>
 std::optional<Found> of_py_b(const strata::State& at) {
     const double p = at[bound::p], t = call<T>(p, at[y]);
     const int region = static_cast<int>(call<Region>(p, at[y]));
     if (!single(at) || region == 0 || region == 4) return {};
     if (region != 3) return in_region(region, p, t, 0);
-    if constexpr (choice == nullptr) return in_region(region, p, t, 1 / Quad(call<v_of>(p, t)));
-    return in_region(region, p, t, 1 / choice(p, at[y])(p, at[y]));
+    if constexpr (std::is_null_pointer_v<decltype(choice)>) {
+        return in_region(region, p, t, 1 / Quad(call<v_of>(p, t)));
+    } else {
+        return in_region(region, p, t, 1 / choice(p, at[y])(p, at[y]));
+    }
 }
 // Saturated states: T as given or made of p; densities above 623.15 K by temperature or pressure.
 enum Phase { liquid, vapour };
