@@ -21,7 +21,6 @@ template <Asked asked>
 [[nodiscard]] inline State of_tv(double t, double v) noexcept {
     State state = of_tv(t, v, asked);
     state.v = v;
-    if constexpr (asked.density) state.d = 1 / v;
     return state;
 }
 
