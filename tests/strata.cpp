@@ -93,7 +93,8 @@ State state(const Point& point) {
 
 int states(double share) {
     const char* text = std::getenv("VAPRIX_TEST_STATES");
-    return static_cast<int>(share * (text != nullptr ? std::stod(text) : 100000)) + 1;
+    return static_cast<int>(share * (text != nullptr && *text != '\0' ? std::stod(text) : 100000)) +
+           1;
 }
 
 }  // namespace strata
