@@ -95,6 +95,4 @@ double v_iterated(double p, double t, double d_start) noexcept {
     return d > 0 ? 1 / d : std::numeric_limits<double>::infinity();
 }
 
-double v_iterated(double p, double t) noexcept { return v_iterated(p, t, published(p, t)); }
-
 }  // namespace vaprix::region3_density

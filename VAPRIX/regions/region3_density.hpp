@@ -23,9 +23,8 @@ namespace vaprix::region3_density {
 // relative step tolerance; by Newton's method where d_start is off by more than 0.1 %.
 [[nodiscard]] double d_iterated(double p, double t, double d_start, double tolerance) noexcept;
 
-// Specific volume, m3/kg, at the density of (p, t), or at that from d_start; positive infinity
-// where there is none.
-[[nodiscard]] double v_iterated(double p, double t) noexcept;
+// Specific volume, m3/kg, at the density of (p, t) from d_start; positive infinity where there is
+// none.
 [[nodiscard]] double v_iterated(double p, double t, double d_start) noexcept;
 
 }  // namespace vaprix::region3_density
