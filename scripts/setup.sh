@@ -1,23 +1,31 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
 #
-# Installs what is missing, as Debian packages; the one place that names them. The parts build on each other.
-# Usage: scripts/setup.sh [demo | test | bench]   (default: all of them)
+# Installs what is missing, as Debian packages; the one place that names them, a line for each part of the tests
+# (scripts/parts), the demo and the benchmarks. Every part needs what the demo needs.
+# Usage: scripts/setup.sh [part ...]   (default: all of them)
 set -eu
 
-demo="cmake g++ ninja-build python3"
-test="binutils clang clang-format clang-tidy libbenchmark-dev libclang-rt-14-dev libgtest-dev"
-bench="python3-matplotlib"
-case ${1:-bench} in
-    demo) packages=$demo ;;
-    test) packages="$demo $test" ;;
-    bench) packages="$demo $test $bench" ;;
-    *) sed -n 's/^# Usage/Usage/p' "$0" >&2 && exit 2 ;;
-esac
+parts="
+demo     cmake g++ ninja-build python3
+core     binutils clang clang-format clang-tidy libbenchmark-dev libclang-rt-14-dev libgtest-dev
+bench    libbenchmark-dev libgtest-dev python3-matplotlib
+"
+# packages PART: its line of the table
+packages() {
+    echo "$parts" | sed -n "s/^$1  *//p" | grep . || {
+        echo "setup.sh: no part $1" >&2
+        exit 2
+    }
+}
 
+[ $# -gt 0 ] || set -- $(echo "$parts" | cut -d' ' -f1)
 missing=""
-for package in $packages; do
-    dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing="$missing $package"
+for part in demo "$@"; do
+    listed=$(packages "$part")
+    for package in $listed; do
+        dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing="$missing $package"
+    done
 done
 [ -n "$missing" ] || exit 0
 

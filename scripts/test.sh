@@ -1,28 +1,23 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
 #
-# Installs what is missing, checks format and tables, and builds and runs all tests: both compilers, and one
-# sanitizer by each, warnings as errors.
-# Usage: scripts/test.sh [preset ...]   (default: those four; asan and tsan-clang are the others)
+# Installs what is missing, builds and runs all tests: the parts in scripts/parts, a file each, whose packages
+# scripts/setup.sh lists. Presets choose builds of the part core.
+# Usage: scripts/test.sh [part | preset ...]   (default: every part)
 set -eu
 cd "$(dirname "$0")/.."
 
-sh scripts/setup.sh test
-mkdir -p build
-lint=""
-[ $# -gt 0 ] || set -- release release-clang asan-clang tsan
-for preset in "$@"; do
-    echo "== $preset"
-    cmake --preset "$preset"
-    cmake --build "build/$preset"
-    if [ "$preset" = release ]; then # beside what follows, which leaves a processor idle at times
-        sh scripts/lint.sh >build/lint.log 2>&1 &
-        lint=$!
-    fi
-    ctest --test-dir "build/$preset" --output-on-failure --parallel "$(nproc)"
+parts="" presets=""
+[ $# -gt 0 ] || set -- $(basename -s .sh scripts/parts/*.sh)
+for word in "$@"; do
+    if [ -f "scripts/parts/$word.sh" ]; then parts="$parts $word"; else presets="$presets $word"; fi
 done
-if [ -n "$lint" ]; then
-    wait "$lint" || { cat build/lint.log >&2 && exit 1; }
-else
-    sh scripts/lint.sh
+if [ -n "$presets" ]; then
+    sh scripts/setup.sh core
+    sh scripts/parts/core.sh $presets
 fi
+for part in $parts; do
+    echo "== $part"
+    sh scripts/setup.sh "$part"
+    sh "scripts/parts/$part.sh"
+done
