@@ -4,13 +4,12 @@
 #include <dlfcn.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cstdio>
-#include <cstdlib>
 #include <fstream>
 #include <map>
-#include <sstream>
 #include <stdexcept>
+
+#include "split.hpp"
 
 namespace bound {
 
@@ -26,17 +25,17 @@ std::vector<Export> read_signatures() {
     std::vector<Export> all;
     std::ifstream list(VAPRIX_SIGNATURES);
     for (std::string line; std::getline(list, line);) {
-        std::istringstream words(line);
+        const Texts words = split(line, ' ');
         Export one;
-        words >> one.name;
+        one.name = words.at(0);
         one.symbol = dlsym(library(), one.name.c_str());
         if (one.symbol == nullptr) throw std::runtime_error(dlerror());
-        for (std::string word; words >> word;) {
-            const auto* const named = std::find(std::begin(spelling), std::end(spelling), word);
+        for (auto word = words.begin() + 1; word != words.end(); ++word) {
+            const auto* const named = std::find(std::begin(spelling), std::end(spelling), *word);
             if (named != std::end(spelling)) {
                 one.inputs.push_back(static_cast<Name>(named - spelling));
             } else {
-                (word == "region" ? one.region : one.out) = true;
+                (*word == "region" ? one.region : one.out) = true;
             }
         }
         all.push_back(one);
@@ -70,10 +69,7 @@ double Export::operator()(const Pointers& at, int* region_given, double* result)
 }
 
 double Export::operator()(const Values& at, int region_given) const {
-    Pointers in;
-    for (unsigned k = 0; k < names; ++k) in[k] = &at[k];
-    double result = 0;
-    return (*this)(in, &region_given, &result);
+    return ask(*this, at, region_given).value;
 }
 
 const std::vector<Export>& exports() {
@@ -94,31 +90,18 @@ const Export& find(const std::string& name) {
 
 int& code() {
     // The thread's first call sets it to 0.
-    static int* const data = (ECODETUL(), static_cast<int*>(dlsym(library(), "CODE")));
+    static int* const data =
+        (find("ECODETUL")({}, nullptr, nullptr), static_cast<int*>(dlsym(library(), "CODE")));
     return *data;
 }
 
 Answer ask(const Export& function, const Values& at, int region) {
     Pointers in;
     for (unsigned k = 0; k < names; ++k) in[k] = &at[k];
-    double result = 0;
+    double result = unwritten;
     code() = untouched;
     const double value = function(in, &region, &result);
     return {value, code(), region};
-}
-
-std::vector<std::vector<double>> published(const std::string& file) {
-    std::vector<std::vector<double>> rows;
-    std::ifstream table(VAPRIX_PUBLISHED "/" + file);
-    for (std::string line; std::getline(table, line);) {
-        if (std::isdigit(static_cast<unsigned char>(line[0])) == 0) continue;
-        std::istringstream columns(line);
-        rows.emplace_back();
-        for (std::string column; std::getline(columns, column, ',');)
-            rows.back().push_back(std::strtod(column.c_str(), nullptr));
-    }
-    if (rows.empty()) throw std::runtime_error("no published table " + file);
-    return rows;
 }
 
 std::string digits(const Export& function, const Values& at) {

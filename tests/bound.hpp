@@ -39,7 +39,9 @@ const Export& find(const std::string& name);
 
 // The initial thread's code, to be read and set.
 int& code();
-// The value an export answers and the code it leaves: `untouched` if it stored none.
+// The value an export answers, `unwritten` if it was to write one and did not, and the code it
+// leaves: `untouched` if it stored none.
+inline constexpr double unwritten = -1;
 inline constexpr int untouched = 1;
 struct Answer {
     double value;
@@ -52,9 +54,6 @@ template <auto Function, class... Doubles>
 double call(Doubles... of) {
     return Function(&of...);
 }
-
-// The rows of a published table; a number that is left out is 0.
-std::vector<std::vector<double>> published(const std::string& file);
 
 // The numbers of the named arguments, with 17 digits.
 std::string digits(const Export& function, const Values& at);

@@ -4,11 +4,8 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <iterator>
 #include <set>
-#include <sstream>
 #include <string>
-#include <vector>
 
 #include "functions.hpp"
 #include "reference/published.hpp"
@@ -34,11 +31,6 @@ std::string rounded(double x, int digits) {
     return buffer;
 }
 
-std::vector<std::string> words(const std::string& text) {
-    std::istringstream stream(text);
-    return {std::istream_iterator<std::string>(stream), {}};
-}
-
 // The printed v of 3z at 22.064 MPa, 647.15 K is not the rounded value of its equation: 34-digit
 // arithmetic gives 3.701940009467e-3, 0.533 units of the last digit below.
 const std::string misprinted = "3.701940010e-3", misprint_rounds_to = "3.701940009e-03";
@@ -49,12 +41,12 @@ const std::set<std::string> checked_apart = {
     "transport/check_saturation_1992.csv"};  // the auxiliary series serve as estimates only
 
 TEST(CheckValues, EveryTable) {
-    const Table list = published::read_file(VAPRIX_CHECK_VALUES);
+    const Table list = published::read_file(VAPRIX_TABLES "/check_values.csv");
     std::set<std::string> files = checked_apart;
     for (std::size_t k = 0; k < list.rows.size(); ++k) {
         files.insert(list.cell(k, "file"));
         const Table table = read_table(list.cell(k, "file"));
-        const std::vector<std::string> arguments = words(list.cell(k, "arguments"));
+        const Texts arguments = split(list.cell(k, "arguments"), ' ');
         for (std::size_t row = 0; row < table.rows.size(); ++row) {
             const double x = table.number(row, arguments[0]) + list.number(k, "offset");
             const double y = arguments.size() > 1 ? table.number(row, arguments[1]) : 0;
@@ -62,7 +54,7 @@ TEST(CheckValues, EveryTable) {
             const int n = printed_digits(printed);
             const std::string want =
                 printed == misprinted ? misprint_rounds_to : rounded(std::stod(printed), n);
-            for (std::string name : words(list.cell(k, "functions"))) {
+            for (std::string name : split(list.cell(k, "functions"), ' ')) {
                 if (const auto at = name.find('{'); at != std::string::npos) {
                     const std::string column = name.substr(at + 1, name.size() - at - 2);
                     const std::string cell = table.cell(row, column);

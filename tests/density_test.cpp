@@ -23,7 +23,7 @@ struct Point {
     double p, t;
 };
 
-double pressure(double d, double t) { return static_cast<double>(region3(d, t).p); }
+double pressure(double d, double t) { return static_cast<double>(region3(d, t).p()); }
 
 double diter3(double p, double t, double start, double tolerance) {
     return DITER3(&p, &t, &start, &tolerance);
@@ -76,7 +76,7 @@ TEST(Density, SolvesTheBasicEquation) {
     for (std::size_t stratum = 0; stratum < std::size(strata); ++stratum) {
         Deviations deviations;
         int tried = 0;
-        for (int k = 0; k < states() / 5; ++k) {
+        for (int k = 0; k < strata::states(1) / 5; ++k) {
             const Point at = sample(stratum, random);
             const bool critical = std::abs(at.t - tc) < 1.1e-9 && std::abs(at.p - pc) < 1.1e-9;
             if (call<REGIONPT>(at.p, at.t) != 3 || critical) continue;
@@ -92,7 +92,7 @@ TEST(Density, SolvesTheBasicEquation) {
             EXPECT_EQ(call<VOPT>(at.p, at.t), 1 / d);
             EXPECT_EQ(call<VTP3N>(at.t, at.p), 1 / d);
         }
-        EXPECT_GT(tried, states() / 100) << strata[stratum];
+        EXPECT_GT(tried, strata::states(1) / 100) << strata[stratum];
     }
 }
 
@@ -100,7 +100,7 @@ TEST(Density, SolvesTheBasicEquation) {
 // density, as closely as the tolerance asks; from the other side none but that side's own.
 TEST(Density, Diter3StaysOnTheSideOfItsStart) {
     Random random(200);
-    for (int k = 0; k < states() / 5; ++k) {
+    for (int k = 0; k < strata::states(1) / 5; ++k) {
         const Point at = sample(k % 2 == 0 ? 0 : 1, random);
         if (call<REGIONPT>(at.p, at.t) != 3 || std::abs(at.t - tc) < 1) continue;
         const double exact = call<DOPT>(at.p, at.t), start = random.uniform(60, 760);

@@ -95,10 +95,9 @@ TEST(Equations, OfOneNumber) {
     const Function t_b23 = function("t_b23"), t3ef = function("T3ef");
     for (int k = strata::states(0.01); k > 0; --k) {
         const double p = random.uniform(16.5292, 100);
-        deviations.check("t_b23", t_b23(p, 0), reference::t_b23(p), reference::t_b23(p), 1e-14,
-                         {p});
-        const Quad want = published::boundary3<Quad>("T3ef", p);
-        deviations.check("T3ef", t3ef(p, 0), want, want, 2e-13, {p});
+        const Quad b23 = published::t_b23<Quad>(p), ef = published::boundary3<Quad>("T3ef", p);
+        deviations.check("t_b23", t_b23(p, 0), b23, b23, 1e-14, {p});
+        deviations.check("T3ef", t3ef(p, 0), ef, ef, 2e-13, {p});
     }
 }
 
@@ -108,16 +107,10 @@ struct Backward {
     bound::Name x, y, result;
     published::Choice<Quad> choice;
 };
-template <int which>
-const Equation& only(Quad, Quad) {
-    static constexpr const char* names[] = {"t1_ph", "t1_ps", "p1_hs", "tsat_hs"};
-    static const Equation& of = equation<Quad>(names[which]);
-    return of;
-}
 const Backward backward[] = {
-    {"TPH1N", 1, bound::p, bound::h, bound::T, only<0>},
-    {"TPS1N", 1, bound::p, bound::s, bound::T, only<1>},
-    {"p1_hs", 1, bound::h, bound::s, bound::p, only<2>},
+    {"TPH1N", 1, bound::p, bound::h, bound::T, published::only<Quad, "t1_ph">},
+    {"TPS1N", 1, bound::p, bound::s, bound::T, published::only<Quad, "t1_ps">},
+    {"p1_hs", 1, bound::h, bound::s, bound::p, published::only<Quad, "p1_hs">},
     {"TPH2N", 2, bound::p, bound::h, bound::T, published::t2_ph<Quad>},
     {"TPS2N", 2, bound::p, bound::s, bound::T, published::t2_ps<Quad>},
     {"p2_hs", 2, bound::h, bound::s, bound::p, published::p2_hs<Quad>},
@@ -129,7 +122,7 @@ const Backward backward[] = {
     {"v3_ps", 3, bound::p, bound::s, bound::v, published::v3_ps<Quad>},
     {"VPS3N", 3, bound::p, bound::s, bound::v, published::v3_ps<Quad>},
     {"p3_hs", 3, bound::h, bound::s, bound::p, published::p3_hs<Quad>},
-    {"tsat_hs", 4, bound::h, bound::s, bound::T, only<3>},
+    {"tsat_hs", 4, bound::h, bound::s, bound::T, published::only<Quad, "tsat_hs">},
 };
 
 TEST(Equations, Backward) {
@@ -224,11 +217,11 @@ TEST(Equations, VolumeOfRegion3) {
         const double p = random.uniform(kind == 2 ? 21.04 : 16.6, kind == 0   ? 100
                                                                   : kind == 1 ? 25
                                                                               : 22.5);
-        const double ridge =
-            static_cast<double>(p < 22.064 ? tsat(p) : published::boundary3<Quad>("T3ef", p));
+        const double ridge = static_cast<double>(
+            p < 22.064 ? published::tsat<Quad>(p) : published::boundary3<Quad>("T3ef", p));
         const double t = kind == 0 ? random.uniform(t_low, t_high)
                                    : ridge + random.offset(1e-3, kind == 1 ? 30 : 3);
-        if (!(t > t_low && p_b23(t) < p)) continue;
+        if (!(t > t_low && published::p_b23<Quad>(t) < p)) continue;
         const Equation& of = published::v3_pt<Quad>(p, t);
         if (++visits[of.name] > count / 26) continue;
         sweep.check("", of, function(of.name)(p, t), p, t);

@@ -5,27 +5,16 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
-#include <sstream>
 #include <string>
-#include <vector>
 
-#include "bound.hpp"
-#include "strata.hpp"
+#include "reference/published.hpp"
+#include "reference/sampling.hpp"
 
 namespace {
 
 using namespace bound;
 using namespace strata;
-
-// Pressure of region 3 from its published equation: wet steam and metastable states have one too.
-double p3(double of_d, double of_T) {
-    static const auto table = published("if97/t30_region3.csv");
-    const double delta = of_d / 322, tau = T_crit / of_T;
-    double sum = table[0][3];  // delta phi_delta
-    for (const auto& n : table) sum += n[1] * n[3] * std::pow(delta, n[1]) * std::pow(tau, n[2]);
-    return of_d * R * of_T * sum / 1000;
-}
+using reference::Deviations;
 
 // A row: the exports of a pair, none where the variable is given or has none. The pair is that of
 // the arguments of the first of them.
@@ -64,34 +53,13 @@ double ask_for(const char* name, const Values& at, double given) {
     return *name == '\0' ? given : find(name)(at);
 }
 
-// Worst residual per name, as a multiple of what is allowed, and where; failed on the way.
-class Worst {
-public:
-    ~Worst() {
-        for (const auto& [name, one] : worst_)
-            std::printf("%-24s %8.1e of what is allowed, %s\n", name.c_str(), one.first,
-                        one.second.c_str());
-    }
-    template <class Where>
-    void check(const std::string& name, double got, double want, double allowed,
-               const Where& where) {
-        const double size = got == want ? 0 : std::fabs(got - want) / allowed;
-        auto& [most, at] = worst_.try_emplace(name, -1.0, "").first->second;
-        const bool first = most <= 1, worse = !(size <= most);
-        if (worse) most = size, at = where();
-        EXPECT_TRUE(size <= 1 || !(first && worse))
-            << name << " of " << where() << ": " << got - want << " off";
-    }
-
-private:
-    std::map<std::string, std::pair<double, std::string>> worst_;
-};
-
 // A variable of the state found, by the equation of its region.
 double property(Name of, int region, const Values& at) {
     const std::string letter = of == h ? "H" : of == s ? "S" : "V";
     if (region == 3)
-        return of == p ? p3(1 / at[v], at[T]) : of == v ? at[v] : find(letter + "VT3N")(at);
+        return of == p   ? published::State<double>(3, 1 / at[v], at[T]).p()
+               : of == v ? at[v]
+                         : find(letter + "VT3N")(at);
     if (region != 4)
         return of == p ? at[p] : find(letter + "PT" + std::to_string(region) + "N")(at);
     if (of == p || of == v) return of == p ? call<PBT>(at[T]) : at[v];
@@ -112,11 +80,11 @@ double allowed(Name of, int region, const Values& at) {
 // One state by one pair.
 class Finding {
 public:
-    Finding(const Row& row_, const Stratum& stratum_, const State& at_, Worst& worst_)
+    Finding(const Row& row_, const Stratum& stratum_, const State& at_, Deviations& deviations_)
         : row(row_),
           stratum(stratum_),
           at(at_),
-          worst(worst_),
+          deviations(deviations_),
           function(find(*row.T_o != '\0' ? row.T_o : row.p_o)),
           f(at) {
         f[p] = ask_for(row.p_o, at, at[p]);
@@ -140,8 +108,7 @@ public:
             << tell();
         check_residuals();
         check_limits();
-        std::istringstream others(row.others);
-        for (std::string name; others >> name;)
+        for (const std::string& name : split(row.others, ' '))
             check_other(name, name.substr(0, name.find_first_of("OB")));
         check_b();
         if (*row.z == '\0' && (inside() || owned())) check_state();
@@ -163,7 +130,7 @@ private:
                "): region " + std::to_string(region) + digits(find("VISCVT"), f).substr(6);
     }
     void close(const std::string& name, double got, double want, double most) const {
-        worst.check(name, got, want, most, [this] { return tell(); });
+        deviations.check(name, got, want, most, 1, [this] { return tell(); });
     }
     void check_refusal() const {
         EXPECT_NE(*row.z, '\0') << "outside: " << tell();
@@ -256,7 +223,7 @@ private:
     const Row& row;
     const Stratum& stratum;
     const State& at;
-    Worst& worst;
+    Deviations& deviations;
     const Export& function;
     Values f;                      // what was found
     int region = 0, reported = 0;  // of the state found; by its export
@@ -264,13 +231,13 @@ private:
 };
 
 TEST(Pairs, GiveBackBothVariables) {
-    Worst worst;
+    Deviations deviations;  // as multiples of what is allowed
     sweep(0.02, 100, [&](const Stratum& stratum, const State& at) {
         // (p, T) is open by 1e-12 K at two ends, the pairs are not.
         if (at[T] < T_low || (at[T] > T_25 && at.region == 2)) return;
         bool found = false;
         for (const Row& row : rows) {
-            Finding finding(row, stratum, at, worst);
+            Finding finding(row, stratum, at, deviations);
             finding.check();
             // A state of (T, h) or (T, s) is one of the two that the exports answer.
             if (!finding.of_isotherm() || stratum.place != Place::inside) continue;

@@ -27,11 +27,11 @@ using bound::call;
 // A state with the pressure that was given, which in region 3 is not quite that of the density.
 struct Known : State {
     int region;
-    Quad h_p, given;
-    Known(int number, const State& x, Quad pressure)
-        : State(x), region(number), h_p(1000 * (v - t * v_t)), given(pressure) {}
-    Quad eta() const { return published::viscosity(t, d); }
-    Quad lambda() const { return published::conductivity(t, d); }
+    Quad given, v_t = State::v_t(), h_p = 1000 * (v() - t * v_t);
+    Known(int number, Quad p_or_d, Quad temperature, Quad pressure)
+        : State(number, p_or_d, temperature), region(number), given(pressure) {}
+    Quad eta() const { return published::viscosity(t, d()); }
+    Quad lambda() const { return published::conductivity(t, d()); }
 };
 
 // Ideal gas: the limit of low pressure, whose residual part is below the last digit.
@@ -40,7 +40,7 @@ Quad g_ideal(bool hot, const Known& x) {
     return limit + gas_constant * x.t * published::logarithm(x.given / low);
 }
 Quad fugacity_coefficient(const Known& x) {
-    return published::exponential((x.g - g_ideal(x.region == 5, x)) / gas_constant / x.t);
+    return published::exponential((x.g() - g_ideal(x.region == 5, x)) / gas_constant / x.t);
 }
 
 // How well a double can do: as a potential and its first derivatives, as the second ones, as a
@@ -55,48 +55,48 @@ struct Property {
 constexpr Quad wavelength = 0.5;  // micrometres, as strata::state() gives it
 #define IS(expression) [](const Known& x) -> Quad { return expression; }
 const std::map<std::string, Property> properties = {
-    {"V", {IS(x.v), first}},
-    {"D", {IS(x.d), first}},
-    {"P", {IS(x.p), first}},
-    {"H", {IS(x.h), first, IS(gas_constant* x.t)}},
-    {"U", {IS(x.u), first, IS(gas_constant* x.t)}},
-    {"G", {IS(x.g), first, IS(gas_constant* x.t)}},
-    {"F", {IS(x.f), first, IS(gas_constant* x.t)}},
-    {"S", {IS(x.s), first, IS(gas_constant + 0 * x.t)}},
-    {"CP", {IS(x.cp), second}},
-    {"CV", {IS(x.cv), second}},
-    {"W", {IS(x.w), second}},
-    {"Z", {IS(1000 * x.given * x.v / gas_constant / x.t), formula}},
-    {"ALV", {IS(x.v_t / x.v), formula}},
-    {"ALP", {IS(-x.v_t / x.v_p / x.given), formula}},
-    {"BET", {IS(-1 / x.v_p / x.given), formula}},
-    {"CAPT", {IS(-x.v_p / x.v), formula}},
-    {"CAP", {IS(x.w * x.w / (1000000 * x.given * x.v)), formula}},
-    {"GAM", {IS(x.cp / x.cv), formula}},
-    {"RJT", {IS(-x.h_p / x.cp), formula}},
-    {"DDDH", {IS(-x.v_t / x.cp / x.v / x.v), formula}},
-    {"DDDP", {IS(-x.v_p / x.v / x.v), formula}},
+    {"V", {IS(x.v()), first}},
+    {"D", {IS(x.d()), first}},
+    {"P", {IS(x.p()), first}},
+    {"H", {IS(x.h()), first, IS(gas_constant* x.t)}},
+    {"U", {IS(x.u()), first, IS(gas_constant* x.t)}},
+    {"G", {IS(x.g()), first, IS(gas_constant* x.t)}},
+    {"F", {IS(x.f()), first, IS(gas_constant* x.t)}},
+    {"S", {IS(x.s()), first, IS(gas_constant + 0 * x.t)}},
+    {"CP", {IS(x.cp()), second}},
+    {"CV", {IS(x.cv()), second}},
+    {"W", {IS(x.w()), second}},
+    {"Z", {IS(1000 * x.given * x.v() / gas_constant / x.t), formula}},
+    {"ALV", {IS(x.v_t / x.v()), formula}},
+    {"ALP", {IS(-x.v_t / x.v_p() / x.given), formula}},
+    {"BET", {IS(-1 / x.v_p() / x.given), formula}},
+    {"CAPT", {IS(-x.v_p() / x.v()), formula}},
+    {"CAP", {IS(x.w() * x.w() / (1000000 * x.given * x.v())), formula}},
+    {"GAM", {IS(x.cp() / x.cv()), formula}},
+    {"RJT", {IS(-x.h_p / x.cp()), formula}},
+    {"DDDH", {IS(-x.v_t / x.cp() / x.v() / x.v()), formula}},
+    {"DDDP", {IS(-x.v_p() / x.v() / x.v()), formula}},
     {"DHDP", {IS(x.h_p), formula}},
-    {"DVDH", {IS(x.v_t / x.cp), formula}},
-    {"DVDP", {IS(x.v_p), formula}},
+    {"DVDH", {IS(x.v_t / x.cp()), formula}},
+    {"DVDP", {IS(x.v_p()), formula}},
     {"DVDT", {IS(x.v_t), formula}},
     {"G0", {IS(g_ideal(x.t > 1073.15, x)), formula, IS(gas_constant* x.t)}},
     {"FUG", {IS(x.given * fugacity_coefficient(x)), formula}},
     {"ETA", {IS(x.eta() * 1000000), transport}},
     {"VIS", {IS(x.eta()), transport}},
-    {"VNU", {IS(x.eta() * x.v * 1000000), transport}},
-    {"VKI", {IS(x.eta() * x.v), transport}},
+    {"VNU", {IS(x.eta() * x.v() * 1000000), transport}},
+    {"VKI", {IS(x.eta() * x.v()), transport}},
     {"TCO", {IS(x.lambda() * 1000), transport}},
     {"TCON", {IS(x.lambda()), transport}},
-    {"PR", {IS(x.eta() * x.cp / x.lambda() * 1000), transport}},
-    {"A", {IS(x.lambda() * 1000 / (x.d * x.cp)), transport}},
-    {"EPS", {IS(published::dielectric_constant(x.t, x.d)), transport}},
-    {"REF", {IS(published::refractive_index(x.t, x.d, wavelength)), transport}}};
+    {"PR", {IS(x.eta() * x.cp() / x.lambda() * 1000), transport}},
+    {"A", {IS(x.lambda() * 1000 / (x.d() * x.cp())), transport}},
+    {"EPS", {IS(published::dielectric_constant(x.t, x.d())), transport}},
+    {"REF", {IS(published::refractive_index(x.t, x.d(), wavelength)), transport}}};
 
 // (dv/dT)_p and (dh/dp)_T change sign: v/T and 1 kJ/(kg MPa) are added to their sizes.
 Quad scale_of(const Property& property, const Known& x) {
     Known larger = x;
-    larger.v_t = magnitude(x.v_t) + x.v / x.t;
+    larger.v_t = magnitude(x.v_t) + x.v() / x.t;
     larger.h_p = magnitude(x.h_p) + 1;
     return magnitude(property.of(property.kind == formula ? larger : x)) +
            (property.zero != nullptr ? property.zero(x) : Quad(0));
@@ -120,7 +120,7 @@ struct Found {
 using Resolver = std::optional<Found> (*)(const strata::State&);
 
 Found in_region(int region, double p, double t, Quad d3) {
-    return {Known(region, region == 3 ? region3(d3, t) : state(region, p, t), p)};
+    return {Known(region, region == 3 ? d3 : Quad(p), t, p)};
 }
 bool single(const strata::State& at) { return at.region != 4; }
 
@@ -152,8 +152,8 @@ std::optional<Found> of_td(const strata::State& at) {
     const double p = at[bound::p], t = at[bound::T], d = at[bound::d];
     if (!single(at) || call<REGIONTV>(t, 1 / d) != at.region || call<XOTD>(t, d) >= 0) return {};
     Found found = in_region(at.region, p, t, d);
-    if (at.region == 3) found.x.given = found.x.p;
-    found.extra = 4e-16 * static_cast<double>(1 / (p * magnitude(found.x.v_p) / found.x.v));
+    if (at.region == 3) found.x.given = found.x.p();
+    found.extra = 4e-16 * static_cast<double>(1 / (p * magnitude(found.x.v_p()) / found.x.v()));
     return found;
 }
 // p and a second variable: the temperature is the family's, and so is the density of region 3 (D,
@@ -198,7 +198,7 @@ std::optional<Found> saturated(const strata::State& at) {
     Found found = in_region(t > T_13 ? 3 : phase == liquid ? 1 : 2, p, t, d);
     // a reciprocal of the density that the export has
     if (by == p_backward && t > T_13)
-        found.extra = static_cast<double>(1e-16 * found.x.p / (found.x.p_d * found.x.d));
+        found.extra = static_cast<double>(1e-16 * found.x.p() / (found.x.p_d() * found.x.d()));
     return found;
 }
 
@@ -296,66 +296,69 @@ TEST(Properties, OfEveryFamily) {
 
 // A value with its slopes, as the iterations take them from shared sums.
 TEST(Properties, SlopesForTheIterations) {
+    using vaprix::region1, vaprix::region2, vaprix::region3, vaprix::region5;
+    struct Sized {
+        Quad value, size;  // what is expected and what its rounding is measured against
+    };
     Deviations deviations;
     strata::sweep(0.001, 200, [&](const strata::Stratum&, const strata::State& at) {
         const double p = at[bound::p], t = at[bound::T], d = at[bound::d];
         const auto found = single(at) ? of_pt_o(at) : std::nullopt;
         if (!found) return;
         const Known& x = found->x;
-        const Quad RT = gas_constant * t, R = gas_constant, s_p = -1000 * x.v_t;
-        const Quad h_scale = magnitude(x.h) + RT, s_scale = magnitude(x.s) + R;
-        const Quad v_t_scale = magnitude(x.v_t) + x.v / t, h_p_scale = magnitude(x.h_p) + 1;
-        const auto check = [&](const char* name, double got, Quad want, Quad scale) {
-            deviations.check(name + std::string(" region ") + std::to_string(x.region), got, want,
-                             scale, 3 * rounding_tolerance(true, x), {p, t});
+        const auto check = [&](const std::string& name, double got, const Sized& want) {
+            deviations.check(name + " region " + std::to_string(x.region), got, want.value,
+                             want.size, 3 * rounding_tolerance(true, x), {p, t});
         };
-        const auto tangent = [&](const char* name, const vaprix::Tangent<double>& got, Quad y,
-                                 Quad y_scale, Quad slope, Quad slope_scale) {
-            check(name, got.y, y, y_scale);
-            check((name + std::string(", slope")).c_str(), got.y_x, slope, slope_scale);
+        const auto tangent = [&](const std::string& name, const vaprix::Tangent<double>& got,
+                                 const Sized& y, const Sized& slope) {
+            check(name, got.y, y);
+            check(name + ", slope", got.y_x, slope);
         };
-        const auto pair = [&](const char* name, const vaprix::TangentPair<double>& got,
-                              const Quad(&want)[6], const Quad(&scale)[6]) {
+        const auto pair = [&](const std::string& name, const vaprix::TangentPair<double>& got,
+                              const Sized(&want)[6]) {
             const double all[] = {got.a, got.a_x, got.a_y, got.b, got.b_x, got.b_y};
-            for (std::size_t k = 0; k < 6; ++k)
-                check((name + std::to_string(k)).c_str(), all[k], want[k], scale[k]);
+            for (std::size_t k = 0; k < 6; ++k) check(name + std::to_string(k), all[k], want[k]);
         };
-#define COMMON(equation)                                                              \
-    tangent("h by T", equation::h_tangent_t(p, t), x.h, h_scale, x.cp, x.cp);         \
-    tangent("h by p", equation::h_tangent_p(p, t), x.h, h_scale, x.h_p, h_p_scale);   \
-    tangent("v by T", equation::v_tangent_t(p, t), x.v, x.v, x.v_t, v_t_scale);       \
-    tangent("v by p", equation::v_tangent_p(p, t), x.v, x.v, x.v_p, -x.v_p);          \
-    pair("h, s", equation::hs_tangents(p, t), {x.h, x.h_p, x.cp, x.s, s_p, x.cp / t}, \
-         {h_scale, h_p_scale, x.cp, s_scale, 1000 * v_t_scale, x.cp / t})
-#define VAPOUR(equation)                                                                         \
-    COMMON(equation);                                                                            \
-    tangent("s + R ln p by T", equation::s_plus_r_ln_p_tangent_t(p, t), s_ln, s_scale, x.cp / t, \
-            x.cp / t);                                                                           \
-    tangent("s + R ln p by p", equation::s_plus_r_ln_p_tangent_p(p, t), s_ln, s_scale,           \
-            s_p + R / p, 1000 * v_t_scale)
-        const Quad s_ln = x.s + R * published::logarithm(Quad(p));
-        namespace lib = vaprix;
+        const auto itself = [](Quad value) { return Sized{value, magnitude(value)}; };
+        const Quad R = gas_constant, r_ln_p = R * published::logarithm(Quad(p));
+        const Sized h = {x.h(), magnitude(x.h()) + R * t}, s = {x.s(), magnitude(x.s()) + R};
+        const Sized v = itself(x.v()), v_p = itself(x.v_p()), cp = itself(x.cp());
+        const Sized v_t = {x.v_t, magnitude(x.v_t) + x.v() / t}, s_t = itself(x.cp() / t);
+        const Sized h_p = {x.h_p, magnitude(x.h_p) + 1}, s_p = {-1000 * x.v_t, 1000 * v_t.size};
+        const auto gibbs = [&](auto of) {
+            tangent("h by T", of.h_tangent_t(p, t), h, cp);
+            tangent("h by p", of.h_tangent_p(p, t), h, h_p);
+            tangent("v by T", of.v_tangent_t(p, t), v, v_t);
+            tangent("v by p", of.v_tangent_p(p, t), v, v_p);
+            pair("h, s", of.hs_tangents(p, t), {h, h_p, cp, s, s_p, s_t});
+        };
+        const auto vapour = [&](auto of) {
+            const Sized s_ln = {x.s() + r_ln_p, s.size}, s_ln_p = {s_p.value + R / p, s_p.size};
+            gibbs(of);
+            tangent("s + R ln p by T", of.s_plus_r_ln_p_tangent_t(p, t), s_ln, s_t);
+            tangent("s + R ln p by p", of.s_plus_r_ln_p_tangent_p(p, t), s_ln, s_ln_p);
+        };
         if (x.region == 1) {
-            COMMON(lib::region1);
-            tangent("s by T", lib::region1::s_tangent_t(p, t), x.s, s_scale, x.cp / t, x.cp / t);
-            tangent("s by p", lib::region1::s_tangent_p(p, t), x.s, s_scale, s_p, 1000 * v_t_scale);
+            gibbs(region1{});
+            tangent("s by T", region1::s_tangent_t(p, t), s, s_t);
+            tangent("s by p", region1::s_tangent_p(p, t), s, s_p);
         } else if (x.region == 2) {
-            VAPOUR(lib::region2);
+            vapour(region2{});
         } else if (x.region == 5) {
-            VAPOUR(lib::region5);
+            vapour(region5{});
         } else {
-            const Quad tp = t / x.d * x.p_t, h_d = (x.p_d - tp) * 1000 / x.d,
-                       s_d = -1000 * x.p_t / x.d / x.d;
-            const Quad h_d_scale = (x.p_d + tp) * 1000 / x.d, h_t = x.cv + 1000 * x.p_t / x.d;
-            pair("p, h", lib::region3::ph_tangents(d, t), {x.p, x.p_d, x.p_t, x.h, h_d, h_t},
-                 {x.p, x.p_d, x.p_t, h_scale, h_d_scale, h_t});
-            pair("p, s", lib::region3::ps_tangents(d, t), {x.p, x.p_d, x.p_t, x.s, s_d, x.cv / t},
-                 {x.p, x.p_d, x.p_t, s_scale, -s_d, x.cv / t});
-            pair("h, s", lib::region3::hs_tangents(d, t), {x.h, h_d, h_t, x.s, s_d, x.cv / t},
-                 {h_scale, h_d_scale, h_t, s_scale, -s_d, x.cv / t});
-            tangent("p by T", lib::region3::p_tangent_t(d, t), x.p, x.p, x.p_t, x.p_t);
-            tangent("h by d", lib::region3::h_tangent_d(d, t), x.h, h_scale, h_d, h_d_scale);
-            tangent("s by d", lib::region3::s_tangent_d(d, t), x.s, s_scale, s_d, -s_d);
+            const Quad by_t = 1000 * x.p_t() / x.d(), by_d = 1000 * x.p_d() / x.d();
+            const Sized p3 = itself(x.p()), p_d = itself(x.p_d()), p_t = itself(x.p_t());
+            const Sized h_d = {by_d - t * by_t / x.d(), by_d + t * by_t / x.d()};
+            const Sized h_t = itself(x.cv() + by_t), s_t3 = itself(x.cv() / t);
+            const Sized s_d = itself(-by_t / x.d());
+            pair("p, h", region3::ph_tangents(d, t), {p3, p_d, p_t, h, h_d, h_t});
+            pair("p, s", region3::ps_tangents(d, t), {p3, p_d, p_t, s, s_d, s_t3});
+            pair("h, s", region3::hs_tangents(d, t), {h, h_d, h_t, s, s_d, s_t3});
+            tangent("p by T", region3::p_tangent_t(d, t), p3, p_t);
+            tangent("h by d", region3::h_tangent_d(d, t), h, h_d);
+            tangent("s by d", region3::s_tangent_d(d, t), s, s_d);
         }
     });
 }

@@ -5,9 +5,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <vector>
 
 #include "bound.hpp"
+#include "reference/published.hpp"
 #include "strata.hpp"
 
 namespace {
@@ -41,49 +41,32 @@ TEST(Regions, OfPressureAndTemperature) {
     }
 }
 
-// IAPWS SR3-03(2014), Eqs. (10) and (11).
-double p3sat(const std::vector<std::vector<double>>& table, double a, double b) {
-    double sum = 0;
-    for (const auto& row : table) sum += row[3] * std::pow(a, row[1]) * std::pow(b, row[2]);
-    return 22 * sum;
-}
-double p3sat_h(double of_h) {
-    static const auto table = published("region3_phps/p3sat_h.csv");
-    return p3sat(table, of_h / 2600 - 1.02, of_h / 2600 - 0.608);
-}
-double p3sat_s(double of_s) {
-    static const auto table = published("region3_phps/p3sat_s.csv");
-    return p3sat(table, of_s / 5.2 - 1.03, of_s / 5.2 - 0.699);
-}
-// Temperature of the B23 line, IAPWS R7-97(2012), Eq. (6).
-double T_b23(double of_p) {
-    static const auto n = published("if97/t01_b23.csv");
-    return n[3][1] + std::sqrt((of_p - n[4][1]) / n[2][1]);
-}
-
 struct Pair {
     Name y;
     double (*region)(const double*, const double*);
     double (*y1)(const double*, const double*);
     double (*y2)(const double*, const double*);
     double (*y5)(const double*, const double*);
-    double (*p3sat)(double);
+    const char* p3sat;  // its equation
     double low, high;
     // Above p(623.15 K) region 5 begins at this y at the latest and ends at the next; below, it ends
     // at this temperature.
     double first_5, last_5, T_last_5;
 };
-const Pair pairs[] = {{h, REGIONPH, HPT1N, HPT2N, HPT5N, p3sat_h, -0.04158782623017032, 7376.98028,
-                       4084.04905441735, infinity, T_high},
-                      {s, REGIONPS, SPT1N, SPT2N, SPT5N, p3sat_s, -0.008582287092621963,
+const Pair pairs[] = {{h, REGIONPH, HPT1N, HPT2N, HPT5N, "p3sat_h", -0.04158782623017032,
+                       7376.98028, 4084.04905441735, infinity, T_high},
+                      {s, REGIONPS, SPT1N, SPT2N, SPT5N, "p3sat_s", -0.008582287092621963,
                        13.9049560904359, 7.15370696228142, 9.2, 2273.2}};
+
+double p3sat(const Pair& pair, double y) { return published::equation<double>(pair.p3sat)(y); }
 
 // The lines of an isobar in the order they are met, and the regions between them.
 struct Isobar {
     double cold, liquid, vapour, T25, hot;
     bool dense;
     Isobar(const Pair& pair, double of_p) : dense(of_p > p_13) {
-        const double ts = call<TBP>(of_p), t1 = dense ? T_13 : ts, t2 = dense ? T_b23(of_p) : ts;
+        const double ts = call<TBP>(of_p), t1 = dense ? T_13 : ts,
+                     t2 = dense ? published::t_b23(of_p) : ts;
         cold = pair.y1(&of_p, &T_low), liquid = pair.y1(&of_p, &t1), vapour = pair.y2(&of_p, &t2);
         T25 = pair.y2(&of_p, &T_25), hot = pair.y5(&of_p, &pair.T_last_5);
         if (dense && of_p <= p_high_5) T25 = std::min(T25, pair.first_5);
@@ -93,7 +76,7 @@ struct Isobar {
 int region_py(const Pair& pair, double of_p, double y, const Isobar& at) {
     if (!(of_p >= p_low && of_p <= p_high && y >= pair.low && y <= pair.high)) return 0;
     if (y <= at.liquid) return y >= at.cold ? 1 : 0;
-    if (y < at.vapour) return !at.dense || (of_p < p_crit && of_p < pair.p3sat(y)) ? 4 : 3;
+    if (y < at.vapour) return !at.dense || (of_p < p_crit && of_p < p3sat(pair, y)) ? 4 : 3;
     return y <= at.T25 ? 2 : y <= at.hot && of_p <= p_high_5 ? 5 : 0;
 }
 
@@ -107,7 +90,7 @@ bool unsure(const Pair& pair, double of_p, double y, const Isobar& at) {
            (at.dense && of_p < 16.53 && within(at.liquid, 1e-9)) ||
            (!at.dense && within(at.hot, 1e-5)) ||
            (at.dense && of_p < p_crit && y > at.liquid && y < at.vapour &&
-            std::fabs(of_p / pair.p3sat(y) - 1) < 1e-11);
+            std::fabs(of_p / p3sat(pair, y) - 1) < 1e-11);
 }
 
 Values values(const Pair& pair, double of_p, double y) {
@@ -144,7 +127,7 @@ TEST(Regions, OfPressureAndEnthalpyOrEntropy) {
         }
         for (int k = states(0.4); k > 0; --k) {  // beside the line of wet steam in region 3
             const double y = random.uniform(pair.y1(&p_13, &T_13), pair.y2(&p_13, &T_13));
-            const double of_p = pair.p3sat(y) * (1 + random.offset(1e-11, 1e-2));
+            const double of_p = p3sat(pair, y) * (1 + random.offset(1e-11, 1e-2));
             if (of_p > p_13 && of_p < p_high) check(of_p, y, Isobar(pair, of_p));
         }
         EXPECT_LT(unknown, states(1.2));

@@ -17,23 +17,12 @@
 #include <vector>
 
 #include "bound.hpp"
+#include "split.hpp"
 #include "strata.hpp"
 
 namespace {
 
 using namespace bound;
-using Texts = std::vector<std::string>;
-
-Texts split(const std::string& text, char separator) {
-    Texts parts;
-    std::istringstream in(text);
-    for (std::string part; std::getline(in, part, separator);) {
-        const auto first = part.find_first_not_of(' '), last = part.find_last_not_of(' ');
-        parts.push_back(first == std::string::npos ? "" : part.substr(first, last - first + 1));
-    }
-    return parts;
-}
-
 using Given = std::map<std::string, double>;  // the arguments of a row, the region among them
 
 // Sums and products of numbers, names of arguments and exports of them; each > or < moves all that

@@ -13,20 +13,12 @@
 #include <cstdint>
 #include <cstdio>
 #include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
+#include "../split.hpp"
+
 namespace {
-
-using Words = std::vector<std::string>;
-
-Words split(const std::string& text, char separator) {
-    Words words;
-    std::istringstream in(text + separator);
-    for (std::string word; std::getline(in, word, separator);) words.push_back(word);
-    return words;
-}
 
 // Numbers of [low, high], crowded towards low by squaring; nothing here needs a mathematical
 // library.
@@ -35,7 +27,7 @@ struct Axis {
     int squarings;
 
     explicit Axis(const std::string& text) {
-        const Words words = split(text, ':');
+        const Texts words = split(text, ':');
         low = std::stod(words.at(0)), high = std::stod(words.at(1)),
         squarings = std::stoi(words.at(2));
     }
@@ -50,7 +42,7 @@ enum Column { group, first, second, region, exports, tolerance, digest, columns 
 constexpr std::size_t digested = 100000, compared = 20000;  // results of a group
 
 // The results of a row by one library, over the same states from any; empty if an export is missing.
-std::vector<double> evaluate(void* library, const Words& row) {
+std::vector<double> evaluate(void* library, const Texts& row) {
     const bool of_one = row[second].empty();
     const auto call = [of_one](void* symbol, double x, double y) {
         return of_one ? reinterpret_cast<double (*)(const double*)>(symbol)(&x)
@@ -62,7 +54,7 @@ std::vector<double> evaluate(void* library, const Words& row) {
         if (symbols.back() == nullptr)
             return std::printf("no export %s\n", name.c_str()), std::vector<double>();
     }
-    const Words wanted = split(row[region] + '=', '=');
+    const Texts wanted = split(row[region] + '=', '=');
     void* const region_of = wanted[0].empty() ? nullptr : dlsym(library, wanted[0].c_str());
     const Axis x_axis(row[first]), y_axis(of_one ? "0:0:0" : row[second]);
 
@@ -120,7 +112,7 @@ int main(int argc, char** argv) {
     int rows = 0, failures = 0;
     std::string written;
     for (std::string line; std::getline(file, line); written += line + '\n') {
-        Words row = split(line, ',');
+        Texts row = split(line, ',');
         if (line[0] == '#' || row.size() != columns || row[group] == "group") continue;
         const std::vector<double> results = evaluate(library, row);
         const double difference =

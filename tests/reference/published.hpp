@@ -268,6 +268,10 @@ int region(N p, N t) {
 // SR2-01(2014), SR3-03(2014) and SR4-04(2014).
 template <class N>
 using Choice = const Equation<N>& (*)(N, N);
+template <class N, Text name>
+const Equation<N>& only(N, N) {
+    return of<N, name>();
+}
 template <class N>
 const Equation<N>& t2_ph(N p, N h) {
     return p <= 4 ? of<N, "t2a_ph">() : p > p_b2bc(h) ? of<N, "t2c_ph">() : of<N, "t2b_ph">();
@@ -286,34 +290,24 @@ const Equation<N>& p2_hs(N h, N s) {
            : h <= of<N, "h_2ab">()(s) ? of<N, "p2a_hs">()
                                       : of<N, "p2b_hs">();
 }
-template <class N>
-bool in_3a_ph(N p, N h) {
-    return h <= of<N, "h3ab">()(p);
+template <class N, Text a, Text b>
+const Equation<N>& by_h3ab(N p, N h) {
+    return h <= of<N, "h3ab">()(p) ? of<N, a>() : of<N, b>();
+}
+template <class N, Text a, Text b>
+const Equation<N>& by_critical_s(N /* p or h */, N s) {
+    return s <= constant<N, "4.41202148223476">() ? of<N, a>() : of<N, b>();
 }
 template <class N>
-bool in_3a_s(N s) {
-    return s <= constant<N, "4.41202148223476">();
-}
+inline constexpr Choice<N> t3_ph = by_h3ab<N, "t3a_ph", "t3b_ph">;
 template <class N>
-const Equation<N>& t3_ph(N p, N h) {
-    return in_3a_ph(p, h) ? of<N, "t3a_ph">() : of<N, "t3b_ph">();
-}
+inline constexpr Choice<N> v3_ph = by_h3ab<N, "v3a_ph", "v3b_ph">;
 template <class N>
-const Equation<N>& v3_ph(N p, N h) {
-    return in_3a_ph(p, h) ? of<N, "v3a_ph">() : of<N, "v3b_ph">();
-}
+inline constexpr Choice<N> t3_ps = by_critical_s<N, "t3a_ps", "t3b_ps">;
 template <class N>
-const Equation<N>& t3_ps(N /* p */, N s) {
-    return in_3a_s(s) ? of<N, "t3a_ps">() : of<N, "t3b_ps">();
-}
+inline constexpr Choice<N> v3_ps = by_critical_s<N, "v3a_ps", "v3b_ps">;
 template <class N>
-const Equation<N>& v3_ps(N /* p */, N s) {
-    return in_3a_s(s) ? of<N, "v3a_ps">() : of<N, "v3b_ps">();
-}
-template <class N>
-const Equation<N>& p3_hs(N /* h */, N s) {
-    return in_3a_s(s) ? of<N, "p3a_hs">() : of<N, "p3b_hs">();
-}
+inline constexpr Choice<N> p3_hs = by_critical_s<N, "p3a_hs", "p3b_hs">;
 
 // Boundary temperature of the subregions of region 3 by its published name.
 template <class N>

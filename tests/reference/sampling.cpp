@@ -25,17 +25,18 @@ std::string digits(std::initializer_list<double> numbers) {
 }
 
 void Deviations::check(const std::string& name, double got, Quad want, Quad scale, double tolerance,
-                       std::initializer_list<double> at) {
+                       const std::function<std::string()>& where) {
     Entry& entry = entries_[name];
     ++entry.count;
-    const double deviation = static_cast<double>(magnitude(got - want) / magnitude(scale));
+    const double deviation =
+        got == want ? 0 : static_cast<double>(magnitude(got - want) / magnitude(scale));
     if (!(deviation <= entry.worst || std::isnan(entry.worst))) {  // a NaN stays visible
         entry.worst = deviation;
-        entry.where = digits(at);
+        entry.where = where();
     }
     if (deviation <= tolerance) return;
     if (++entry.failures <= shown_failures)
-        ADD_FAILURE() << name << " at " << digits(at) << ": got " << digits({got}) << ", expected "
+        ADD_FAILURE() << name << " at " << where() << ": got " << digits({got}) << ", expected "
                       << digits({static_cast<double>(want)}) << ", deviation " << deviation
                       << ", allowed " << tolerance;
 }

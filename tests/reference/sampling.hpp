@@ -2,6 +2,7 @@
 // The record of deviations that the accuracy tests share.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 
@@ -16,8 +17,6 @@ using strata::down;
 using strata::Random;
 using strata::up;
 
-inline int states() { return strata::states(1); }
-
 // Numbers with 17 digits, separated by blanks.
 std::string digits(std::initializer_list<double> numbers);
 
@@ -31,7 +30,11 @@ public:
     ~Deviations() { report(); }
 
     void check(const std::string& name, double got, Quad want, Quad scale, double tolerance,
-               std::initializer_list<double> at);
+               const std::function<std::string()>& where);
+    void check(const std::string& name, double got, Quad want, Quad scale, double tolerance,
+               std::initializer_list<double> at) {
+        check(name, got, want, scale, tolerance, [at] { return digits(at); });
+    }
 
 private:
     struct Entry {

@@ -9,23 +9,13 @@
 #include <vector>
 
 #include "number.hpp"
+#include "split.hpp"
 
 namespace published {
 
-inline std::vector<std::string> split(const std::string& line, char separator) {
-    std::vector<std::string> cells(1);
-    for (const char c : line) {
-        if (c == separator)
-            cells.emplace_back();
-        else if (c != '\r')
-            cells.back() += c;
-    }
-    return cells;
-}
-
 struct Table {
-    std::vector<std::string> columns;
-    std::vector<std::vector<std::string>> rows;
+    Texts columns;
+    std::vector<Texts> rows;
 
     bool has(const std::string& name) const {
         return std::find(columns.begin(), columns.end(), name) != columns.end();
@@ -46,7 +36,7 @@ inline Table read_file(const std::string& path) {
     Table table;
     for (std::string line; std::getline(file, line);) {
         if (line.empty() || line.front() == '#') continue;
-        auto cells = split(line, ',');
+        Texts cells = split(line, ',');
         if (table.columns.empty()) {
             table.columns = std::move(cells);
         } else {
