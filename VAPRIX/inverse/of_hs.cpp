@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <type_traits>
 
 #include "frame/newton.hpp"
 #include "inverse/region_hs.hpp"
@@ -25,12 +26,10 @@ constexpr double t_near_critical = T_crit - 4e-5;
 // A solution of h and s in the equation of one region, and the region it belongs to by p and T:
 // state.region itself, a neighbour, or none.
 struct Attempt {
-    State state;
-    Region belongs_to;
-    bool converged;
+    State state = refused(ErrorCode::outside_range);
+    Region belongs_to = Region::none;
+    bool converged = false;
 };
-
-constexpr Attempt no_solution{refused(ErrorCode::outside_range), Region::none, false};
 
 // Puts x on a limit that it exceeds by no more than the rounding; whether it is within them then.
 bool settle(double& x, double low, double high, double rounding) noexcept {
@@ -39,105 +38,90 @@ bool settle(double& x, double low, double high, double rounding) noexcept {
     return true;
 }
 
-// Newton's method from a start nearby, given up as soon as it leaves the box, where the equation has
-// no meaning. The residuals of the point before, kJ/kg, tell when the error, of second order in
-// them, is one of rounding.
-template <auto advance = by_step, class TangentsOf>
-bool newton_hs(TangentsOf tangents, double h, double s, const Box<double>& box, double rest,
-               double& x, double& t) noexcept {
-    const auto settled = [rest](Point<double> at, Point<double> /* step */,
-                                Point<double> left) noexcept {
-        return std::fabs(left.x) + at.y * std::fabs(left.y) < rest;
-    };
-    const NewtonPoint<double> solved = newton<advance>(tangents, h, s, {x, t}, settled, &box, 0);
-    x = solved.at.x;
-    t = solved.at.y;
-    return solved.converged;
+// Which region a solution in the equation of region 1 belongs to; p and t are put on its limits.
+Region owner1(State& at) noexcept {
+    if (at.t > T_13 + t_rounding) return Region::three;
+    const double ps = psat(at.t);
+    if (at.p < ps - p_rounding_line) return Region::wet;
+    const bool inside = settle(at.t, T_min, T_13, t_rounding) &&
+                        settle(at.p, std::max(ps, p_min), p_max, p_rounding);
+    return inside ? Region::one : Region::none;
 }
 
-constexpr double settled_12 = 1e-5;
-constexpr double settled_3 = 1e-6;
-constexpr double settled_5 = 1e-3;
-
-Attempt attempt1(double h, double s, double p, double t) noexcept {
-    constexpr Box<double> box{{-10, 250}, {200, 700}};
-    if (!newton_hs(region1::hs_tangents, h, s, box, settled_12, p, t)) return no_solution;
-    const auto result = [&](Region owner) noexcept {
-        return Attempt{gibbs_state(Region::one, p, t), owner, true};
-    };
-    if (t > T_13 + t_rounding) return result(Region::three);
-    const double ps = psat(t);
-    if (p < ps - p_rounding_line) return result(Region::wet);
-    if (!settle(t, T_min, T_13, t_rounding)) return result(Region::none);
-    return result(settle(p, std::max(ps, p_min), p_max, p_rounding) ? Region::one : Region::none);
-}
-
-constexpr double p_near_max_5 = 1.01 * p_max_5;  // from here no state of region 5 is mistaken for 2
-
-Attempt attempt2(double h, double s, double p, double t) noexcept {
-    constexpr Box<double> box{{1e-5, 250}, {200, 1400}};
-    if (!newton_hs(region2::hs_tangents, h, s, box, settled_12, p, t)) return no_solution;
-    const auto result = [&](Region owner) noexcept {
-        return Attempt{gibbs_state(Region::two, p, t), owner, true};
-    };
-    if (t > T_25 + t_rounding) return result(p < p_near_max_5 ? Region::five : Region::none);
-    if (t < T_min - t_rounding) return result(Region::wet);
-    t = std::clamp(t, T_min, T_25);
-    const double high = t <= T_13 ? psat(t) : t <= T_23_max ? std::min(p_b23(t), p_max) : p_max;
-    const double rounding = p * (t <= T_13 ? p_rounding_vapour : p_rounding / p_max);
+Region owner2(State& at) noexcept {
+    constexpr double p_near_max_5 = 1.01 * p_max_5;  // from here none of region 5 is mistaken for 2
+    if (at.t > T_25 + t_rounding) return at.p < p_near_max_5 ? Region::five : Region::none;
+    if (at.t < T_min - t_rounding) return Region::wet;
+    at.t = std::clamp(at.t, T_min, T_25);
+    const double high = at.t <= T_13       ? psat(at.t)
+                        : at.t <= T_23_max ? std::min(p_b23(at.t), p_max)
+                                           : p_max;
+    const double rounding = at.p * (at.t <= T_13 ? p_rounding_vapour : p_rounding / p_max);
     // at 273.15 K itself the saturation pressure is 2e-11 MPa below the least pressure
-    if (settle(p, std::min(p_min, high), high, rounding)) return result(Region::two);
-    if (p < high || t > T_23_max) return result(Region::none);
-    return result(t <= T_13 ? Region::wet : Region::three);
+    if (settle(at.p, std::min(p_min, high), high, rounding)) return Region::two;
+    if (at.p < high || at.t > T_23_max) return Region::none;
+    return at.t <= T_13 ? Region::wet : Region::three;
 }
 
 // Whether a state of the region-3 equation is inside the dome. Far from the saturation line its
 // pressure tells the phase, close to it the coexisting densities do.
-bool in_dome(double d, double p, double t) noexcept {
+bool in_dome(const State& at) noexcept {
     constexpr double close = 1e-3;  // relative
-    if (t >= t_near_critical) return false;
-    const double ps = psat(t);
-    const bool liquid = d > d_crit;
-    if (std::fabs(p - ps) > close * ps) return liquid == (p < ps);
-    const auto saturated = dsat3(t, ps);
-    return d < saturated.liquid && d > saturated.vapour;
+    if (at.t >= t_near_critical) return false;
+    const double ps = psat(at.t);
+    const bool liquid = at.d > d_crit;
+    if (std::fabs(at.p - ps) > close * ps) return liquid == (at.p < ps);
+    const auto saturated = dsat3(at.t, ps);
+    return at.d < saturated.liquid && at.d > saturated.vapour;
 }
 
-Attempt attempt3(double h, double s, double d, double t) noexcept {
-    constexpr Box<double> box{{50, 600}, {800, 900}};
-    if (!newton_hs(region3::hs_tangents, h, s, box, settled_3, d, t)) return no_solution;
-    double p = region3::p(d, t);
-    const auto result = [&](Region owner) noexcept {
-        return Attempt{dense_state(p, t, d), owner, true};
+Region owner3(State& at) noexcept {
+    if (at.t < T_13 - t_rounding) return at.d > d_crit ? Region::one : Region::two;
+    at.t = std::max(at.t, T_13);
+    if (at.p > p_max + p_rounding) return Region::none;
+    at.p = std::min(at.p, p_max);
+    if (at.p < p_b23(at.t) - p_rounding) return Region::two;
+    return in_dome(at) ? Region::wet : Region::three;
+}
+
+Region owner5(State& at) noexcept {
+    if (at.t < T_25 - t_rounding) return Region::two;
+    const bool inside = settle(at.t, T_25, T_max, t_rounding) &&
+                        settle(at.p, p_min, p_max_5, at.p * p_rounding_vapour);
+    return inside ? Region::five : Region::none;
+}
+
+// Newton's method in a region's equation, given up as soon as it leaves the box, where the equation
+// has no meaning. The residuals of the point before, kJ/kg, tell when the error, of second order in
+// them, is one of rounding: when they are less than `rest`.
+template <class Equation, auto advance = by_step>
+Attempt attempt_in(State start, Region (*owner)(State&) noexcept, double rest, double h,
+                   double s) noexcept {
+    constexpr bool is_dense = std::is_same_v<Equation, region3>;
+    constexpr Box<double> box =
+        is_dense ? Box<double>{{50, 600}, {800, 900}} : Box<double>{{-10, 250}, {2 * p_max, 3000}};
+    const auto settled = [rest](Point<double> at, Point<double> /* step */,
+                                Point<double> left) noexcept {
+        return std::fabs(left.x) + at.y * std::fabs(left.y) < rest;
     };
-    if (t < T_13 - t_rounding) return result(d > d_crit ? Region::one : Region::two);
-    t = std::max(t, T_13);
-    if (p > p_max + p_rounding) return result(Region::none);
-    p = std::min(p, p_max);
-    if (p < p_b23(t) - p_rounding) return result(Region::two);
-    return result(in_dome(d, p, t) ? Region::wet : Region::three);
+    const double x = is_dense ? 1 / start.v : start.p;
+    const auto [at, converged] =
+        newton<advance>(Equation::hs_tangents, h, s, {x, start.t}, settled, &box, 0);
+    if (!converged) return {};
+    State state = is_dense ? dense_state(region3::p(at.x, at.y), at.y, at.x)
+                           : gibbs_state(region_of<Equation>, at.x, at.y);
+    const Region belongs_to = owner(state);
+    return {state, belongs_to, true};
 }
 
-Attempt attempt5(double h, double s, double p, double t) noexcept {
-    constexpr Box<double> box{{1e-5, 900}, {200, 3000}};
-    if (!newton_hs<by_ratio>(region5::hs_tangents, h, s, box, settled_5, p, t)) return no_solution;
-    const auto result = [&](Region owner) noexcept {
-        return Attempt{gibbs_state(Region::five, p, t), owner, true};
-    };
-    if (t < T_25 - t_rounding) return result(Region::two);
-    const bool inside =
-        settle(t, T_25, T_max, t_rounding) && settle(p, p_min, p_max_5, p * p_rounding_vapour);
-    return result(inside ? Region::five : Region::none);
-}
-
-// Outcome of the search for wet steam: none if h lies above the saturated liquid of s.
-enum class Wet { found, none, too_cold, near_critical };
-
+// What the search for wet steam ends with.
 struct WetSolution {
-    double t;        // K
-    double quality;  // before the last step of t; outside 0 to 1 if not wet
-    Wet outcome;
+    double t;           // K
+    double quality;     // before the last step of t; outside 0 to 1 if not wet
+    Region belongs_to;  // wet if found; none colder than 273.15 K
 };
+
+Region liquid_at(double t) noexcept { return t <= T_13 ? Region::one : Region::three; }
 
 constexpr Asked with_ends{.wet = true};
 
@@ -195,11 +179,11 @@ WetSolution solve_wet(double h, double s) noexcept {
         const double high = dense ? t_near_critical : T_13;
         const double next = std::clamp(t + step, low, high);
         if (next == t) {  // no farther on this side
-            if (std::fabs(step) < settled && std::fabs(f) < f_rounding) return {t, x, Wet::found};
-            if (square < 0) return {t, x, Wet::none};
-            if (next == T_min) return {t, x, Wet::too_cold};
-            if (next == t_near_critical) return {t, x, Wet::near_critical};
-            if (both_sides) return {T_13, x, Wet::found};
+            if (std::fabs(step) < settled && std::fabs(f) < f_rounding) return {t, x, Region::wet};
+            if (square < 0) return {t, x, liquid_at(t)};
+            if (next == T_min) return {t, x, Region::none};
+            if (next == t_near_critical) return {t, x, Region::three};
+            if (both_sides) return {T_13, x, Region::wet};
             both_sides = true;
             dense = !dense;
             t = t_before = dense ? T_13_dense : T_13;
@@ -210,66 +194,59 @@ WetSolution solve_wet(double h, double s) noexcept {
         const bool small =
             std::fabs(step) < settled || (secant && std::fabs(step * way) < settled_secant);
         if (small && !at_limit) {
-            return {t, x, square >= 0 ? Wet::found : Wet::none};
+            return {t, x, square >= 0 ? Region::wet : liquid_at(t)};
         }
     }
-    return {t, 0, Wet::none};
+    return {t, 0, liquid_at(t)};
 }
 
 Attempt attempt_wet(double h, double s) noexcept {
-    const WetSolution wet = solve_wet(h, s);
-    const auto result = [&wet](Region owner) noexcept {
-        const State state{.region = Region::wet, .p = psat(wet.t), .t = wet.t};
-        return Attempt{state, owner, wet.outcome == Wet::found};
-    };
-    const Region liquid = wet.t <= T_13 ? Region::one : Region::three;
-    const Region vapour = wet.t <= T_13 ? Region::two : Region::three;
-    if (wet.outcome == Wet::too_cold) return result(Region::none);
-    if (wet.outcome == Wet::near_critical) return result(Region::three);
-    if (wet.outcome == Wet::none) return result(liquid);
     constexpr double close = 0.01;  // to an end, which the last step may have carried it across
+    const WetSolution wet = solve_wet(h, s);
+    const double p = psat(wet.t);
+    const bool found = wet.belongs_to == Region::wet;
+    Attempt attempt{{.region = Region::wet, .p = p, .t = wet.t}, wet.belongs_to, found};
+    if (!found) return attempt;
     double x = wet.quality;
-    if (x < close || x > 1 - close) {
-        x = wet_state_by<with_ends, property::s>(psat(wet.t), wet.t, s).x;
-    }
-    if (x < -x_rounding) return result(liquid);
-    return result(x > 1 + x_rounding ? vapour : Region::wet);
+    if (x < close || x > 1 - close) x = wet_state_by<with_ends, property::s>(p, wet.t, s).x;
+    if (x < -x_rounding) attempt.belongs_to = liquid_at(wet.t);
+    if (x > 1 + x_rounding) attempt.belongs_to = wet.t <= T_13 ? Region::two : Region::three;
+    return attempt;
 }
 
-// Start for region 5, where h hardly depends on p and s + R ln p neither.
-Point<double> start5(double h, double s) noexcept {
-    const auto p_of = [s](double p, double t) noexcept {
-        return std::exp((region5::s_plus_r_ln_p_tangent_t(p, t).y - s) / R);
-    };
-    const double p = std::min(p_of(1, inverse::Enthalpy::t5_start(0, h)), p_max_5);
-    const double t = inverse::Enthalpy::t5_start(p, h);
-    return {std::clamp(p_of(p, t), p_min, p_max_5), t};
-}
-
-// The solution in a region's equation, from the backward equations or from a state nearby.
-Attempt attempt(Region region, double h, double s) noexcept {
-    if (region == Region::wet) return attempt_wet(h, s);
+// Start in a region's equation, from the backward equations. There is none in region 5, where h
+// hardly depends on p and s + R ln p neither.
+State start_in(Region region, double h, double s) noexcept {
     if (region == Region::one) {
         const double p = region1::p_hs(h, s);
-        return attempt1(h, s, p, region1::t_ph(p, h));
+        return gibbs_state(region, p, region1::t_ph(p, h));
     }
     if (region == Region::two) {
         const double p = region2::p_hs(h, s);
-        return attempt2(h, s, p, region2::t_ph(p, h));
+        return gibbs_state(region, p, region2::t_ph(p, h));
     }
     if (region == Region::three) {
         const double p = region3::p_hs(h, s);
-        return attempt3(h, s, 1 / region3::v_ps(p, s), region3::t_ph(p, h));
+        return {.region = region, .t = region3::t_ph(p, h), .v = region3::v_ps(p, s)};
     }
-    const Point<double> start = start5(h, s);
-    return attempt5(h, s, start.x, start.y);
+    const auto p_of = [s](double p, double t) noexcept {
+        return std::exp((region5::s_plus_r_ln_p_tangent_t(p, t).y - s) / R);
+    };
+    const double p = std::min(p_of(1, Enthalpy::t5_start(0, h)), p_max_5);
+    const double t = Enthalpy::t5_start(p, h);
+    return gibbs_state(region, std::clamp(p_of(p, t), p_min, p_max_5), t);
 }
-Attempt attempt_from(const State& near, Region region, double h, double s) noexcept {
-    if (near.region == Region::wet || region == Region::wet) return attempt(region, h, s);
-    if (region == Region::one) return attempt1(h, s, near.p, near.t);
-    if (region == Region::two) return attempt2(h, s, near.p, near.t);
-    if (region == Region::five) return attempt5(h, s, near.p, near.t);
-    return attempt3(h, s, 1 / single<property::v>(near), near.t);
+
+// The solution in a region's equation, from a single-phase state nearby if there is one.
+Attempt attempt(Region region, double h, double s, const State& near = {}) noexcept {
+    if (region == Region::wet) return attempt_wet(h, s);
+    const bool from_near = near.region != Region::wet && near.region != Region::none;
+    State start = from_near ? near : start_in(region, h, s);
+    if (from_near && region == Region::three) start.v = single<property::v>(near);
+    if (region == Region::one) return attempt_in<region1>(start, owner1, 1e-5, h, s);
+    if (region == Region::two) return attempt_in<region2>(start, owner2, 1e-5, h, s);
+    if (region == Region::five) return attempt_in<region5, by_ratio>(start, owner5, 1e-3, h, s);
+    return attempt_in<region3>(start, owner3, 1e-6, h, s);
 }
 
 // Where the equations of two regions overlap at their common limit and both reproduce h and s, the
@@ -280,7 +257,7 @@ State by_owner(const State& state, double h, double s) noexcept {
     constexpr double overlap_13 = 0.01;  // K
     constexpr double overlap_23 = 0.01;  // MPa
     const auto owned = [&](Region owner) noexcept {
-        const Attempt tried = attempt_from(state, owner, h, s);
+        const Attempt tried = attempt(owner, h, s, state);
         return tried.belongs_to == owner ? tried.state : state;
     };
     if (state.region == Region::five && state.t < T_25 + overlap_25) return owned(Region::two);
@@ -308,23 +285,21 @@ State solve_hs(double h, double s) noexcept {
     unsigned tried = bit(region);
     const auto neighbour_has_it = [&](Region next) noexcept {
         tried |= bit(next);
-        last = attempt_from(last.state, next, h, s);
+        last = attempt(next, h, s, last.state);
         return last.belongs_to == next;
     };
     while (last.belongs_to != Region::none && (tried & bit(last.belongs_to)) == 0) {
         if (neighbour_has_it(last.belongs_to)) return by_owner(last.state, h, s);
     }
     if (last.belongs_to != Region::none) {
-        const State& gap = first.converged ? first.state : last.state;
-        return gap.p <= (gap.t > T_25 ? p_max_5 : p_max) ? gap : nothing;
+        return first.state.p <= (first.state.t > T_25 ? p_max_5 : p_max) ? first.state : nothing;
     }
     // In the corners of the range a state may have been lost to the mismatch of two equations.
     const Attempt lost = last;
+    if (!lost.converged) return nothing;
     for (const Region next : {Region::one, Region::two, Region::three}) {
         last = lost;
-        if (lost.converged && (tried & bit(next)) == 0 && neighbour_has_it(next)) {
-            return last.state;
-        }
+        if ((tried & bit(next)) == 0 && neighbour_has_it(next)) return last.state;
     }
     return nothing;
 }

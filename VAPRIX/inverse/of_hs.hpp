@@ -14,8 +14,7 @@
 
 #include "inverse/of_py.hpp"
 
-namespace vaprix {
-namespace inverse {
+namespace vaprix::inverse {
 
 // The state that reproduces h and s through the basic equations, in whichever region it lies; of
 // wet steam without its ends.
@@ -30,35 +29,26 @@ namespace inverse {
 template <Asked asked>
 [[nodiscard]] VAPRIX_INLINE State complete_hs(const State& state, double h) noexcept {
     if (state.region == Region::wet) return wet_state_by<asked, property::h>(state.p, state.t, h);
-    if constexpr (asked.density) {
-        if (state.region != Region::three && state.region != Region::none) {
-            State whole = state;
-            whole.v = single<property::v>(state);
-            whole.d = 1 / whole.v;
-            return whole;
-        }
-    }
-    return state;
+    const bool is_complete = state.region == Region::three || state.region == Region::none;
+    return is_complete ? state : with_volume<asked>(state);
 }
-
-}  // namespace inverse
 
 template <Asked asked>
 [[nodiscard]] VAPRIX_INLINE State of_hs_b(double h, double s) noexcept {
-    const State start = inverse::start_hs_b(h, s);
-    if (start.region == Region::none || start.t > 0) return inverse::complete_hs<asked>(start, h);
+    const State start = start_hs_b(h, s);
+    if (start.region == Region::none || start.t > 0) return complete_hs<asked>(start, h);
     if constexpr (asked.density) {
         if (start.region == Region::three) {
             const double v = region3::v_ps(start.p, s);
             return {.region = Region::three, .p = start.p, .d = 1 / v, .v = v};
         }
     }
-    return inverse::in_region_py_b<asked, inverse::Enthalpy>(start.region, start.p, h);
+    return in_region_py_b<Enthalpy, asked>(start.region, start.p, h);
 }
 
 template <Asked asked>
 [[nodiscard]] VAPRIX_INLINE State of_hs_o(double h, double s) noexcept {
-    return inverse::complete_hs<asked>(inverse::solve_hs(h, s), h);
+    return complete_hs<asked>(solve_hs(h, s), h);
 }
 
-}  // namespace vaprix
+}  // namespace vaprix::inverse

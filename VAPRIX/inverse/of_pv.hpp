@@ -14,18 +14,15 @@
 #include "regions/saturation_line.hpp"
 #include "state/wet.hpp"
 
-namespace vaprix {
-namespace inverse {
+namespace vaprix::inverse {
 
 // The state, of wet steam without its quality.
 [[nodiscard]] State solve_pv(double p, double v) noexcept;
 [[nodiscard]] State solve_cold_pv(double p, double v) noexcept;
 
-}  // namespace inverse
-
 template <Asked asked>
 [[nodiscard]] State of_pv(double p, double v) noexcept {
-    State state = inverse::solve_pv(p, v);
+    State state = solve_pv(p, v);
     if constexpr (asked.wet) {
         if (state.region == Region::wet) state.x = quality<property::v>(state, v);
     }
@@ -34,24 +31,24 @@ template <Asked asked>
 
 template <Asked asked>
 [[nodiscard]] State cold_of_pv(double p, double v) noexcept {
-    return inverse::solve_cold_pv(p, v);
+    return solve_cold_pv(p, v);
 }
 
 // Wet steam with the saturated phases at the backward saturation temperature.
 template <Asked asked>
 [[nodiscard]] State wet_of_pv_b(double p, double v) noexcept {
-    const State state = inverse::solve_pv(p, v);
+    const State state = solve_pv(p, v);
     return state.region == Region::wet ? wet_state_by<asked, property::v>(p, tsat(p), v) : state;
 }
 
 template <Asked asked>
 [[nodiscard]] State of_dp(double d, double p) noexcept {
-    return inverse::is_density(d) ? of_pv<asked>(p, 1 / d) : refused(ErrorCode::outside_range);
+    return is_density(d) ? of_pv<asked>(p, 1 / d) : refused(ErrorCode::outside_range);
 }
 
 template <Asked asked>
 [[nodiscard]] State cold_of_dp(double d, double p) noexcept {
-    return inverse::is_density(d) ? cold_of_pv<asked>(p, 1 / d) : refused(ErrorCode::outside_range);
+    return is_density(d) ? cold_of_pv<asked>(p, 1 / d) : refused(ErrorCode::outside_range);
 }
 
-}  // namespace vaprix
+}  // namespace vaprix::inverse

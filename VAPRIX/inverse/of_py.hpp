@@ -21,8 +21,7 @@
 #include "pt/of_pt.hpp"
 #include "regions/region3_density.hpp"
 
-namespace vaprix {
-namespace inverse {
+namespace vaprix::inverse {
 
 // Temperature, K, by the backward equation of a single phase. One that misses the end of its region
 // by up to its own tolerance of 25 mK, that of region 5 by a rounding, is put on the end; a temperature on the wrong side of the
@@ -44,7 +43,7 @@ template <class Y>
 
 // State in a region that has been settled. The density of region 3 comes from the backward equation
 // v(p, y) where it is asked for, else from the volume at the backward temperature.
-template <Asked asked, class Y>
+template <class Y, Asked asked>
 [[nodiscard]] VAPRIX_INLINE State in_region_py_b(Region region, double p, double y) noexcept {
     if (region == Region::wet) {
         if constexpr (asked.t || asked.wet) return wet_state_by<asked, Y::y>(p, tsat(p), y);
@@ -61,46 +60,34 @@ template <Asked asked, class Y>
     return {.region = region, .p = p};
 }
 
-template <Asked asked, class Y>
+template <class Y, Asked asked>
 [[nodiscard]] VAPRIX_INLINE State of_py_b(double p, double y) noexcept {
     const Region region = region_b<Y>(p, y);
     return region == Region::none ? refused(ErrorCode::outside_range)
-                                  : in_region_py_b<asked, Y>(region, p, y);
+                                  : in_region_py_b<Y, asked>(region, p, y);
 }
 
 // The region is the number given, unchecked; 0 is determined and written back. Refused, without a
 // code: a number that is no region's.
-template <Asked asked, class Y>
+template <class Y, Asked asked>
 [[nodiscard]] VAPRIX_INLINE State of_py_given(double p, double y, int& number) noexcept {
     if (number == 0) number = static_cast<int>(region_b<Y>(p, y));
     const auto region = static_cast<Region>(number);
     const bool known = (number >= 1 && number <= 3) || number == 5 || region == Region::wet;
-    return known ? in_region_py_b<asked, Y>(region, p, y) : refused(no_code);
+    return known ? in_region_py_b<Y, asked>(region, p, y) : refused(no_code);
 }
 
-// Temperature, K, of regions 1, 2 and 5, 0 if it does not settle: Newton's method, which needs two
-// evaluations from the backward temperature and in region 5 from a fit.
-template <class Y, Region region>
-[[nodiscard]] double solve_gibbs(double p, double y) noexcept {
-    // Relative steps after which the error, of second order in them, is one of rounding: the
-    // isobars of region 5 are straighter.
-    constexpr double step = region == Region::five ? 3e-7 : 3e-8;
-    constexpr double low = region == Region::five ? T_25 : T_min;
-    constexpr double high = region == Region::one ? T_13 : region == Region::two ? T_25 : T_max;
-    const auto solve = [p](auto tangent, auto value, double target, double start) noexcept {
-        const NewtonRoot<double> root =
-            newton_secant([=](double t) noexcept { return tangent(p, t); },
-                          [=](double t) noexcept { return value(p, t); }, target, start, step);
-        return root.converged ? onto_limit(root.x, low, high) : 0;
-    };
-    if constexpr (region == Region::one) {
-        const auto value1 = [](double at_p, double t) noexcept { return Y::y.region1(at_p, t); };
-        return solve(Y::tangent1, value1, y, Y::t1(p, y));
-    } else if constexpr (region == Region::two) {
-        return solve(Y::tangent2, Y::value2, Y::along_isobar(p, y), Y::t2(p, y));
-    } else {
-        return solve(Y::tangent5, Y::value5, Y::along_isobar(p, y), Y::t5_start(p, y));
-    }
+// Temperature, K, of region 1, 2 or 5, 0 if it does not settle: Newton's method, which needs two
+// evaluations from the backward temperature and in region 5 from a fit. After relative steps of less
+// than `step` the error, of second order in them, is one of rounding.
+template <class Y, class Equation>
+[[nodiscard]] double solve_gibbs(double p, double y, double start, double low, double high,
+                                 double step) noexcept {
+    const auto [t, converged] =
+        newton_secant([p](double at) noexcept { return Y::template tangent<Equation>(p, at); },
+                      [p](double at) noexcept { return Y::template value<Equation>(p, at); },
+                      along_isobar<Y, Equation>(p, y), start, step);
+    return converged ? onto_limit(t, low, high) : 0;
 }
 
 // Density and temperature of region 3: Newton's method from the backward equations. Along an isobar
@@ -120,9 +107,13 @@ template <class Y>
         const auto [at, converged] = solve_dense<Y>(p, y);
         return converged ? dense_state(p, at.y, at.x) : refused(ErrorCode::outside_range);
     }
-    const double t = region == Region::one   ? solve_gibbs<Y, Region::one>(p, y)
-                     : region == Region::two ? solve_gibbs<Y, Region::two>(p, y)
-                                             : solve_gibbs<Y, Region::five>(p, y);
+    constexpr double step = 3e-8;
+    constexpr double step_5 = 3e-7;  // whose isobars are straighter
+    const double t = region == Region::one
+                         ? solve_gibbs<Y, region1>(p, y, Y::t1(p, y), T_min, T_13, step)
+                     : region == Region::two
+                         ? solve_gibbs<Y, region2>(p, y, Y::t2(p, y), T_min, T_25, step)
+                         : solve_gibbs<Y, region5>(p, y, Y::t5_start(p, y), T_25, T_max, step_5);
     return t > 0 ? gibbs_state(region, p, t) : refused(ErrorCode::outside_range);
 }
 
@@ -145,7 +136,7 @@ template <class Y>
 // State beside the line where no single phase on its side has p and y: the mixture of the two phases
 // that has y. Beyond the ends of the tie line, where the two lines differ, there is none: the single
 // phase that has y misses p by their difference.
-template <Asked asked, class Y>
+template <class Y, Asked asked>
 [[nodiscard]] State beside_line(double p, double y) noexcept {
     const double t = t_beside_line<Y>(p, y);
     if constexpr (!asked.single && !asked.density && !asked.wet) {
@@ -168,19 +159,19 @@ template <Asked asked, class Y>
     return dense_state(p, t, d.x);
 }
 
-template <Asked asked, class Y>
+template <class Y, Asked asked>
 [[nodiscard]] VAPRIX_INLINE State of_py_o(double p, double y) noexcept {
     const Region region = region_o<Y>(p, y);
     if (region == Region::none) return refused(ErrorCode::outside_range);
     if (region == Region::wet) return wet_state_by<asked, Y::y>(p, tsat_exact(p), y);
     const State solved = solve_single<Y>(region, p, y);
-    return is_on_side<Y>(solved, y) ? solved : beside_line<asked, Y>(p, y);
+    return is_on_side<Y>(solved, y) ? solved : beside_line<Y, asked>(p, y);
 }
 
 // Region by the B form, where the O form agrees with it: a state on which the two differ, in the
 // narrow band between the two phase tests, is refused rather than mixed. A single phase kept beside
 // the line has p, not y.
-template <Asked asked, class Y>
+template <class Y, Asked asked>
 [[nodiscard]] State agreed_of_py_o(double p, double y) noexcept {
     const Region region = region_b<Y>(p, y);
     if (region == Region::none) return refused(ErrorCode::outside_range);
@@ -195,23 +186,4 @@ template <Asked asked, class Y>
     return dense_state(p, t, region3_density::density_beside(p, t, solved.d));
 }
 
-}  // namespace inverse
-
-template <Asked asked>
-inline constexpr auto of_ph_b = inverse::of_py_b<asked, inverse::Enthalpy>;
-template <Asked asked>
-inline constexpr auto of_ps_b = inverse::of_py_b<asked, inverse::Entropy>;
-template <Asked asked>
-inline constexpr auto of_ph_given = inverse::of_py_given<asked, inverse::Enthalpy>;
-template <Asked asked>
-inline constexpr auto of_ps_given = inverse::of_py_given<asked, inverse::Entropy>;
-template <Asked asked>
-inline constexpr auto of_ph_o = inverse::of_py_o<asked, inverse::Enthalpy>;
-template <Asked asked>
-inline constexpr auto of_ps_o = inverse::of_py_o<asked, inverse::Entropy>;
-template <Asked asked>
-inline constexpr auto agreed_of_ph_o = inverse::agreed_of_py_o<asked, inverse::Enthalpy>;
-template <Asked asked>
-inline constexpr auto agreed_of_ps_o = inverse::agreed_of_py_o<asked, inverse::Entropy>;
-
-}  // namespace vaprix
+}  // namespace vaprix::inverse

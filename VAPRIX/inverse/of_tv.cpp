@@ -8,11 +8,8 @@
 #include "regions/b23.hpp"
 #include "state/wet.hpp"
 
-namespace vaprix {
+namespace vaprix::inverse {
 namespace {
-
-using inverse::reaches;
-using inverse::stays_below;
 
 constexpr State outside = refused(ErrorCode::property_range);
 
@@ -122,4 +119,4 @@ State of_tv(double t, double v, const Asked& asked) noexcept {
     return gibbs_state(Region::five, p, t);
 }
 
-}  // namespace vaprix
+}  // namespace vaprix::inverse

@@ -13,7 +13,7 @@
 #include "regions/region3.hpp"
 #include "state/state.hpp"
 
-namespace vaprix {
+namespace vaprix::inverse {
 
 [[nodiscard]] State of_tv(double t, double v, const Asked& asked) noexcept;
 
@@ -29,7 +29,7 @@ template <Asked asked>
 template <Asked asked>
 [[nodiscard]] inline State of_td(double t, double d) noexcept {
     const ErrorCode code = d < 0 ? ErrorCode::negative_density : ErrorCode::property_range;
-    State state = inverse::is_density(d) ? of_tv<asked>(t, 1 / d) : refused(code);
+    State state = is_density(d) ? of_tv<asked>(t, 1 / d) : refused(code);
     state.t = t;
     state.d = d;
     if constexpr (asked.p && asked.single) {
@@ -55,4 +55,4 @@ template <Asked asked>
     return of_td<asked>(t, d);
 }
 
-}  // namespace vaprix
+}  // namespace vaprix::inverse

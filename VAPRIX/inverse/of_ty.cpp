@@ -14,7 +14,7 @@
 #include "regions/saturation_line.hpp"
 #include "state/wet.hpp"
 
-namespace vaprix {
+namespace vaprix::inverse {
 namespace {
 
 // Relative steps in p and in density after which the error, of second order in them, is one of
@@ -24,69 +24,62 @@ constexpr double step_d = 1e-8;
 
 constexpr State outside = refused(ErrorCode::outside_range);
 
-// What h and s differ in: the property and its rounding, by which a y may miss that of an end and
-// still is on it; its tangents in p, in region 3 in density; how the vapour is solved, where and
-// how the liquid turns.
-struct Enthalpy {
-    static constexpr const auto& y = property::h;
-    static constexpr double rounding = 1e-11;  // of h, kJ/kg
+// What h and s differ in along an isotherm: the rounding by which a y may miss that of an end and
+// still is on it; the tangents in p, in region 3 in density; where the liquid turns; how the vapour
+// is solved.
+template <class Y>
+struct Isotherm;
 
-    static constexpr auto tangent1 = region1::h_tangent_p;
-    static constexpr auto tangent2 = region2::h_tangent_p;
+template <>
+struct Isotherm<Enthalpy> {
+    static constexpr double rounding = 1e-11;  // kJ/kg
+
+    template <class Equation>
+    static constexpr auto tangent = Equation::h_tangent_p;
     static constexpr auto tangent3 = region3::h_tangent_d;
-    static constexpr auto tangent5 = region5::h_tangent_p;
 
     // The enthalpy of the liquid has a minimum between 520.6 K, where it lies on the saturation
     // line, and 613 K, where it reaches 100 MPa. Colder, h rises throughout.
     static constexpr double turn = 1;
     static constexpr double t_turning = T_13;
+    static constexpr auto slope_tangent = region1::h_p_tangent_p;
     static bool may_turn(double t) noexcept { return t > 520; }
-    static double turning_pressure(double t, double ps) noexcept {
-        const double start = 6.6 + 1.05 * (t - 523.15);  // the minima lie nearly on a line
-        return bracketed_newton([t](double p) noexcept { return region1::h_p_tangent_p(p, t); },
-                                0.0, ps, p_max, std::clamp(start, ps, p_max), step_p)
-            .x;
-    }
+    static double p_turn(double t) noexcept { return 6.6 + 1.05 * (t - 523.15); }  // nearly
 
     template <class TangentOf>
-    static double vapour_pressure(TangentOf tangent, double t, double h, double h_lowest,
+    static double vapour_pressure(TangentOf tangent_of, double t, double h, double h_lowest,
                                   double p_highest, double h_highest) noexcept {
         const double share = (h_lowest - h) / (h_lowest - h_highest);
         const double start = p_min + (p_highest - p_min) * share;
-        return bracketed_newton([=](double p) noexcept { return tangent(p, t); }, h, p_min,
+        return bracketed_newton([=](double p) noexcept { return tangent_of(p, t); }, h, p_min,
                                 p_highest, start, step_p)
             .x;
     }
 };
 
-struct Entropy {
-    static constexpr const auto& y = property::s;
-    static constexpr double rounding = 1e-14;  // of s, kJ/(kg K)
+template <>
+struct Isotherm<Entropy> {
+    static constexpr double rounding = 1e-14;  // kJ/(kg K)
 
-    static constexpr auto tangent1 = region1::s_tangent_p;
-    static constexpr auto tangent2 = region2::s_plus_r_ln_p_tangent_p;  // of s + R ln p
+    template <class Equation>
+    static constexpr auto tangent = Equation::s_plus_r_ln_p_tangent_p;
     static constexpr auto tangent3 = region3::s_tangent_d;
-    static constexpr auto tangent5 = region5::s_plus_r_ln_p_tangent_p;
 
     // The entropy of the liquid has a maximum where it is densest along the isobar: on the
     // saturation line at 277.133 K, at 19 MPa at 273.15 K. Warmer, s falls throughout.
     static constexpr double turn = -1;
     static constexpr double t_turning = 277.14;
+    static constexpr auto slope_tangent = region1::s_p_tangent_p;
     static bool may_turn(double t) noexcept { return t < t_turning; }
-    static double turning_pressure(double t, double ps) noexcept {
-        const double start = (277.1333942 - t) / 0.208;
-        return bracketed_newton([t](double p) noexcept { return region1::s_p_tangent_p(p, t); },
-                                0.0, ps, p_max, std::max(start, ps), step_p)
-            .x;
-    }
+    static double p_turn(double t) noexcept { return (277.1333942 - t) / 0.208; }
 
     // p = p_of(p) with p_of = exp((s + R ln p - s_given)/R): the real part of s hardly depends on
     // p, so that Newton's method is nearly exact from the ideal gas.
     template <class TangentOf>
-    static double vapour_pressure(TangentOf tangent, double t, double s, double /* s_lowest */,
+    static double vapour_pressure(TangentOf tangent_of, double t, double s, double /* s_lowest */,
                                   double p_highest, double s_highest) noexcept {
         const auto excess = [=](double p) noexcept -> Tangent<double> {
-            const Tangent<double> at = tangent(p, t);
+            const Tangent<double> at = tangent_of(p, t);
             const double p_of = std::exp((at.y - s) / R);
             return {p - p_of, 1 - p_of * at.y_x / R};
         };
@@ -94,49 +87,55 @@ struct Entropy {
         return bracketed_newton(excess, 0.0, p_min, p_highest, std::max(start, p_min), step_p).x;
     }
 };
+template <>
+constexpr auto Isotherm<Entropy>::tangent<region1> = region1::s_tangent_p;
 
 // A pair of a temperature and a y.
 template <class Y>
 struct Pair {
+    using Along = Isotherm<Y>;
     double t, y;
     bool forms_p;  // the pressure of regions 1, 2 and 5 is asked for
 
     // Vapour of region 2 or 5 up to the pressure p_highest, at which y is y_highest or more.
-    template <class TangentOf>
-    [[nodiscard]] State vapour(Region region, TangentOf tangent, double p_highest,
-                               double y_highest) const noexcept {
+    template <class Equation>
+    [[nodiscard]] State vapour(double p_highest, double y_highest) const noexcept {
+        constexpr Region region = region_of<Equation>;
         if (y <= y_highest) {
-            return y >= y_highest - Y::rounding ? gibbs_state(region, p_highest, t) : outside;
+            return y >= y_highest - Along::rounding ? gibbs_state(region, p_highest, t) : outside;
         }
         const double y_lowest = single<Y::y>(gibbs_state(region, p_min, t));
         if (y >= y_lowest) {
-            return y <= y_lowest + Y::rounding ? gibbs_state(region, p_min, t) : outside;
+            return y <= y_lowest + Along::rounding ? gibbs_state(region, p_min, t) : outside;
         }
         if (!forms_p) return gibbs_state(region, 0, t);
-        const double p = Y::vapour_pressure(tangent, t, y, y_lowest, p_highest, y_highest);
+        const double p = Along::vapour_pressure(Along::template tangent<Equation>, t, y, y_lowest,
+                                                p_highest, y_highest);
         return gibbs_state(region, p, t);
     }
-    [[nodiscard]] State vapour2(double p_highest, double y_highest) const noexcept {
-        return vapour(Region::two, Y::tangent2, p_highest, y_highest);
-    }
-    [[nodiscard]] State vapour5() const noexcept {
-        return vapour(Region::five, Y::tangent5, p_max_5, Y::y.region5(p_max_5, t));
+    // Pressure above ps at which y of the liquid turns, one of the ends where it does beyond.
+    [[nodiscard]] double turning_pressure(double ps) const noexcept {
+        const auto slope = [this](double p) noexcept { return Along::slope_tangent(p, t); };
+        const double start = std::clamp(Along::p_turn(t), ps, p_max);
+        return bracketed_newton(slope, 0.0, ps, p_max, start, step_p).x;
     }
 
     // Liquid of region 1 above the saturation pressure ps, where y is y_saturated. The isotherm has
     // two legs, up to the pressure where y turns and on from there; either may be empty. The state
     // on the leg that comes first, or with `second` the one on the other leg.
     [[nodiscard]] State liquid(double ps, double y_saturated, bool second) const noexcept {
-        const double p_turn = Y::may_turn(t) ? Y::turning_pressure(t, ps) : ps;
+        const double p_turn = Along::may_turn(t) ? turning_pressure(ps) : ps;
         const bool turns = p_turn > ps && p_turn < p_max;
         const double y_turn = Y::y.region1(p_turn, t);
 
         // distance from the turn, which grows along both legs
-        const auto beyond = [](double from, double to) noexcept { return Y::turn * (to - from); };
+        const auto beyond = [](double from, double to) noexcept {
+            return Along::turn * (to - from);
+        };
         const double distance = beyond(y_turn, y);
         if (distance <= 0) {
-            return distance >= -Y::rounding && !second ? gibbs_state(Region::one, p_turn, t)
-                                                       : outside;
+            return distance >= -Along::rounding && !second ? gibbs_state(Region::one, p_turn, t)
+                                                           : outside;
         }
 
         const auto on_leg = [=, this](double p_end, double distance_of_end) noexcept {
@@ -144,7 +143,9 @@ struct Pair {
             const double share = distance / distance_of_end;
             const double start = p_turn + (p_end - p_turn) * (turns ? std::sqrt(share) : share);
             const auto [low, high] = std::minmax(p_turn, p_end);
-            const auto tangent = [this](double p) noexcept { return Y::tangent1(p, t); };
+            const auto tangent = [this](double p) noexcept {
+                return Along::template tangent<region1>(p, t);
+            };
             const double p = bracketed_newton(tangent, y, low, high, start, step_p).x;
             return gibbs_state(Region::one, p, t);
         };
@@ -153,8 +154,8 @@ struct Pair {
         if (on_first && !second) return on_leg(ps, distance_saturated);
         if (on_first != second) return outside;
         const double distance_highest = beyond(y_turn, Y::y.region1(p_max, t));
-        return distance <= distance_highest + Y::rounding ? on_leg(p_max, distance_highest)
-                                                          : outside;
+        return distance <= distance_highest + Along::rounding ? on_leg(p_max, distance_highest)
+                                                              : outside;
     }
 
     // State of region 3 between two densities, y falling from one to the other.
@@ -164,7 +165,7 @@ struct Pair {
         constexpr double rounding = 2e-10;  // relative, of the pressure of a density that has y
         const double share = y_low > y_high ? (y_low - y) / (y_low - y_high) : 1;
         const double start = d_low + (d_high - d_low) * std::clamp(share, 0.0, 1.0);
-        const auto tangent = [this](double d) noexcept { return Y::tangent3(d, t); };
+        const auto tangent = [this](double d) noexcept { return Along::tangent3(d, t); };
         const double d = bracketed_newton(tangent, y, gap * d_low, d_high, start, step_d).x;
         const double p = region3::p(d, t);
         return p <= p_max * (1 + rounding) ? dense_state(std::min(p, p_max), t, d) : outside;
@@ -173,7 +174,7 @@ struct Pair {
     [[nodiscard]] State up_to_t13() const noexcept {
         const double ps = psat(t);
         const double y_vapour = Y::y.region2(ps, t);
-        if (y >= y_vapour) return vapour2(ps, y_vapour);
+        if (y >= y_vapour) return vapour<region2>(ps, y_vapour);
         const double y_liquid = Y::y.region1(ps, t);
         if (!(y > y_liquid)) return liquid(ps, y_liquid, false);
         const double x = (y - y_liquid) / (y_vapour - y_liquid);
@@ -190,7 +191,7 @@ struct Pair {
 
         const double p_b = std::min(p_b23(t), p_max);  // 100 MPa: a rounding below 863.15 K
         const double y_b = Y::y.region2(p_b, t);
-        if (y >= y_b) return vapour2(p_b, y_b);
+        if (y >= y_b) return vapour<region2>(p_b, y_b);
         const double d_lowest = 1 / region2::v(p_b, t);
         const double y_highest = y_of(d_highest);
         if (t >= T_crit) return dense(d_lowest, y_b, d_highest, y_highest);
@@ -223,36 +224,32 @@ struct Pair {
         if (!within(T_max)) return outside;
         if (t <= T_13) return up_to_t13();
         if (t <= T_23_max) return up_to_t23();
-        return t <= T_25 ? vapour2(p_max, Y::y.region2(p_max, t)) : vapour5();
+        return t <= T_25 ? vapour<region2>(p_max, Y::y.region2(p_max, t))
+                         : vapour<region5>(p_max_5, Y::y.region5(p_max_5, t));
     }
 
     // The next one, which is liquid: wet steam or the other leg comes before it.
     [[nodiscard]] State next() const noexcept {
-        if (!within(Y::t_turning)) return outside;
+        if (!within(Along::t_turning)) return outside;
         const double ps = psat(t);
         const double y_liquid = Y::y.region1(ps, t);
         return liquid(ps, y_liquid, y <= y_liquid);
     }
 };
 
-template <class Y>
-[[nodiscard]] Pair<Y> pair(double t, double y, const Asked& asked) noexcept {
-    return {t, y, asked.p || asked.single};
-}
-
 }  // namespace
 
-State lowest_of_th(double t, double h, const Asked& asked) noexcept {
-    return pair<Enthalpy>(t, h, asked).lowest();
+template <class Y>
+State lowest_state_ty(double t, double y, const Asked& asked) noexcept {
+    return Pair<Y>{t, y, asked.p || asked.single}.lowest();
 }
-State next_of_th(double t, double h, const Asked& asked) noexcept {
-    return pair<Enthalpy>(t, h, asked).next();
+template <class Y>
+State next_state_ty(double t, double y, const Asked& asked) noexcept {
+    return Pair<Y>{t, y, asked.p || asked.single}.next();
 }
-State lowest_of_ts(double t, double s, const Asked& asked) noexcept {
-    return pair<Entropy>(t, s, asked).lowest();
-}
-State next_of_ts(double t, double s, const Asked& asked) noexcept {
-    return pair<Entropy>(t, s, asked).next();
-}
+template State lowest_state_ty<Enthalpy>(double t, double h, const Asked& asked) noexcept;
+template State lowest_state_ty<Entropy>(double t, double s, const Asked& asked) noexcept;
+template State next_state_ty<Enthalpy>(double t, double h, const Asked& asked) noexcept;
+template State next_state_ty<Entropy>(double t, double s, const Asked& asked) noexcept;
 
-}  // namespace vaprix
+}  // namespace vaprix::inverse

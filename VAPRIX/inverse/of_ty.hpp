@@ -13,30 +13,23 @@
 //           pressure, in region 3 for the density.
 #pragma once
 
-#include "state/state.hpp"
+#include "inverse/second_variable.hpp"
 
-namespace vaprix {
+namespace vaprix::inverse {
 
-[[nodiscard]] State lowest_of_th(double t, double h, const Asked& asked) noexcept;
-[[nodiscard]] State next_of_th(double t, double h, const Asked& asked) noexcept;
-[[nodiscard]] State lowest_of_ts(double t, double s, const Asked& asked) noexcept;
-[[nodiscard]] State next_of_ts(double t, double s, const Asked& asked) noexcept;
+// Y is Enthalpy or Entropy.
+template <class Y>
+[[nodiscard]] State lowest_state_ty(double t, double y, const Asked& asked) noexcept;
+template <class Y>
+[[nodiscard]] State next_state_ty(double t, double y, const Asked& asked) noexcept;
 
-template <Asked asked>
-[[nodiscard]] inline State lowest_of_th(double t, double h) noexcept {
-    return lowest_of_th(t, h, asked);
+template <class Y, Asked asked>
+[[nodiscard]] State lowest_of_ty(double t, double y) noexcept {
+    return lowest_state_ty<Y>(t, y, asked);
 }
-template <Asked asked>
-[[nodiscard]] inline State next_of_th(double t, double h) noexcept {
-    return next_of_th(t, h, asked);
-}
-template <Asked asked>
-[[nodiscard]] inline State lowest_of_ts(double t, double s) noexcept {
-    return lowest_of_ts(t, s, asked);
-}
-template <Asked asked>
-[[nodiscard]] inline State next_of_ts(double t, double s) noexcept {
-    return next_of_ts(t, s, asked);
+template <class Y, Asked asked>
+[[nodiscard]] State next_of_ty(double t, double y) noexcept {
+    return next_state_ty<Y>(t, y, asked);
 }
 
-}  // namespace vaprix
+}  // namespace vaprix::inverse

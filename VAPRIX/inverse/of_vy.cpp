@@ -17,11 +17,8 @@
 #include "regions/b23.hpp"
 #include "state/wet.hpp"
 
-namespace vaprix {
+namespace vaprix::inverse {
 namespace {
-
-using inverse::Enthalpy;
-using inverse::Entropy;
 
 constexpr State outside = refused(ErrorCode::outside_range);
 
@@ -58,38 +55,30 @@ struct Pair {
     }
 
     // Region 1, 2 or 5 by Newton's method on (p, T), which may converge beyond the region.
-    template <Region region>
+    template <class Equation>
     [[nodiscard]] bool gibbs(Point<double> start, State& state) const noexcept {
-        static constexpr Box<double> around{{1e-4, 250},
-                                            {2 * p_max, region == Region::one ? 640 : 1.1 * T_max}};
+        constexpr Region region = region_of<Equation>;
+        constexpr bool is_one = region == Region::one;
+        constexpr bool is_five = region == Region::five;
+        static constexpr Box<double> around{{1e-4, 250}, {2 * p_max, is_one ? 640 : 1.1 * T_max}};
         const auto tangents = [](double p, double t) noexcept -> TangentPair<double> {
-            const auto pair = [=](Tangent<double> volume, double v_t, Tangent<double> isobar,
-                                  double shift) noexcept {
-                return TangentPair<double>{
-                    volume.y,  volume.y_x, v_t, isobar.y - shift, Y::slope_by_p(t, volume.y, v_t),
+            const Tangent<double> volume = Equation::v_tangent_p(p, t);
+            const double v_t = Equation::v_t(p, t);
+            const Tangent<double> isobar = Y::template tangent<Equation>(p, t);
+            return {volume.y,
+                    volume.y_x,
+                    v_t,
+                    isobar.y - along_isobar<Y, Equation>(p, 0),
+                    Y::slope_by_p(t, volume.y, v_t),
                     isobar.y_x};
-            };
-            const auto shift = [p]() noexcept { return Y::along_isobar(p, 0); };
-            if constexpr (region == Region::one) {
-                return pair(region1::v_tangent_p(p, t), region1::v_t(p, t), Y::tangent1(p, t), 0);
-            } else if constexpr (region == Region::two) {
-                return pair(region2::v_tangent_p(p, t), region2::v_t(p, t), Y::tangent2(p, t),
-                            shift());
-            } else {
-                return pair(region5::v_tangent_p(p, t), region5::v_t(p, t), Y::tangent5(p, t),
-                            shift());
-            }
         };
         const auto [at, converged] = newton(tangents, v, y, start, step, &around);
-        const double t = on_end(at.y, region == Region::five ? T_25 : T_min,
-                                region == Region::one   ? T_13
-                                : region == Region::two ? T_25
-                                                        : T_max);
+        const double t = on_end(at.y, is_five ? T_25 : T_min,
+                                is_one    ? T_13
+                                : is_five ? T_max
+                                          : T_25);
         const bool beside_3 = region == Region::two && t > T_13 && t < T_23_max;
-        const double p = on_end(at.x, p_min,
-                                region == Region::five ? p_max_5
-                                : beside_3             ? p_b23(t)
-                                                       : p_max);
+        const double p = on_end(at.x, p_min, is_five ? p_max_5 : beside_3 ? p_b23(t) : p_max);
         if (!converged || region_pt(p, t) != region) return false;
         state = gibbs_state(region, p, t);
         return true;
@@ -135,13 +124,10 @@ struct Pair {
 
         const double highest = v < region1_end ? T_13 : v < region5_end ? T_25 : T_max;
         const Residual<double> low{T_min, residual(T_min)};
-        if (low.f >= 0) {
-            if (low.f <= allowed) settle(low.x);
-            return;
-        }
         const Residual<double> high{highest, residual(highest)};
-        if (high.f <= 0) {
-            if (high.f >= -allowed) settle(high.x);
+        if (low.f >= 0 || high.f <= 0) {
+            const auto& end = low.f >= 0 ? low : high;
+            if (std::fabs(end.f) <= allowed) settle(end.x);
             return;
         }
 
@@ -151,9 +137,9 @@ struct Pair {
         // A jump, or an end of the range beside a corner, where the equations of the two regions
         // that meet do not end at the same volume: the state may be on the other one's ground.
         const double t = root.x;
-        if (v < region5_end && (dense(t, state) || gibbs<Region::one>({p_max, t}, state))) return;
+        if (v < region5_end && (dense(t, state) || gibbs<region1>({p_max, t}, state))) return;
         const double p = std::clamp(R / 1000 * t / v, p_min, p_max);
-        if (gibbs<Region::two>({p, t}, state)) return;
+        if (gibbs<region2>({p, t}, state)) return;
         constexpr double neighbour = 1e-9;  // relative, beyond what of_tv rounds to a limit
         const bool within = found(of_tv<Asked{}>(t * (1 - neighbour), v)) &&
                             found(of_tv<Asked{}>(t * (1 + neighbour), v));
@@ -171,11 +157,10 @@ struct Pair {
         const double t = high.f > 0 ? chandrupatla(residual, low, high, spacing).x : T_13;
         const State at = of_tv<Asked{.p = true}>(t, v);
         // or a saturated phase, which region 3 has too beside 623.15 K
-        if (at.region == Region::wet || (t > T_13 - beside && found(at) && reproduces(at))) {
-            state = at;
-            return true;
-        }
-        return false;
+        const bool saturated = t > T_13 - beside && found(at) && reproduces(at);
+        if (at.region != Region::wet && !saturated) return false;
+        state = at;
+        return true;
     }
 
     // The state by the region that it is likely in, without a search. As the isochore has one state
@@ -190,8 +175,8 @@ struct Pair {
         if (v >= region5_end) {
             if (y >= Y::wet_below) {
                 const bool hot = Y::along_isobar(ideal(T_25).x, y) > Y::hot_above;
-                if (hot ? gibbs<Region::five>(ideal(1500), state)
-                        : gibbs<Region::two>(backward(600), state)) {
+                if (hot ? gibbs<region5>(ideal(1500), state)
+                        : gibbs<region2>(backward(600), state)) {
                     return true;
                 }
             }
@@ -199,12 +184,12 @@ struct Pair {
         }
         if (v > region1_end && y > Y::dense_above) {
             if (y < Y::thin_above && dense(700, state)) return true;
-            if (gibbs<Region::two>(ideal(900), state)) return true;
+            if (gibbs<region2>(ideal(900), state)) return true;
         }
         if (v < hot_liquid_end) {
             constexpr double p = 20;
             const Point<double> start{p, std::clamp(Y::t1(p, y), T_min, T_13)};
-            if (gibbs<Region::one>(start, state)) return true;
+            if (gibbs<region1>(start, state)) return true;
         }
         return wet(state);
     }
@@ -215,18 +200,18 @@ struct Pair {
         const double p = state.p;
         const double t = state.t;
         if (state.region == Region::five && t < T_25 + beside) {
-            (void)gibbs<Region::two>({p, T_25}, state);
+            (void)gibbs<region2>({p, T_25}, state);
             return;
         }
         const bool is_dense = state.region == Region::three || state.region == Region::wet;
         if (!(is_dense && t > T_13)) return;
-        if (t < T_13 + beside && (gibbs<Region::one>({p, T_13}, state) || wet(state))) return;
-        if (t > t_b23(p) - beside) (void)gibbs<Region::two>({p, t}, state);
+        if (t < T_13 + beside && (gibbs<region1>({p, T_13}, state) || wet(state))) return;
+        if (t > t_b23(p) - beside) (void)gibbs<region2>({p, t}, state);
     }
 
     [[nodiscard]] State solve() const noexcept {
         State state = outside;
-        const bool possible = v > inverse::smallest && v < inverse::largest;
+        const bool possible = v > smallest && v < largest;
         if (!(possible && std::fabs(y) < 2 * Y::highest)) return state;
         if (!guess(state)) search(state);
         prefer_owner(state);
@@ -236,7 +221,11 @@ struct Pair {
 
 }  // namespace
 
-State of_vh(double v, double h) noexcept { return Pair<Enthalpy>{v, h}.solve(); }
-State of_vs(double v, double s) noexcept { return Pair<Entropy>{v, s}.solve(); }
+template <class Y>
+State solve_vy(double v, double y) noexcept {
+    return Pair<Y>{v, y}.solve();
+}
+template State solve_vy<Enthalpy>(double v, double h) noexcept;
+template State solve_vy<Entropy>(double v, double s) noexcept;
 
-}  // namespace vaprix
+}  // namespace vaprix::inverse

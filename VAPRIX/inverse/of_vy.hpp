@@ -10,29 +10,22 @@
 // Source:   IAPWS R7-97(2012), Eqs. (7), (15), (28), (30) and (32).
 #pragma once
 
+#include "inverse/second_variable.hpp"
 #include "inverse/volume_limits.hpp"
 #include "state/state.hpp"
 
-namespace vaprix {
+namespace vaprix::inverse {
 
-[[nodiscard]] State of_vh(double v, double h) noexcept;
-[[nodiscard]] State of_vs(double v, double s) noexcept;
+// Y is Enthalpy or Entropy.
+template <class Y>
+[[nodiscard]] State solve_vy(double v, double y) noexcept;
 
-template <Asked asked>
-[[nodiscard]] inline State of_vh(double v, double h) noexcept {
-    return of_vh(v, h);
-}
-template <Asked asked>
-[[nodiscard]] inline State of_vs(double v, double s) noexcept {
-    return of_vs(v, s);
-}
-template <Asked asked>
-[[nodiscard]] inline State of_dh(double d, double h) noexcept {
-    return inverse::is_density(d) ? of_vh(1 / d, h) : refused(ErrorCode::outside_range);
-}
-template <Asked asked>
-[[nodiscard]] inline State of_ds(double d, double s) noexcept {
-    return inverse::is_density(d) ? of_vs(1 / d, s) : refused(ErrorCode::outside_range);
+template <class Y, Asked>
+inline constexpr auto of_vy = solve_vy<Y>;
+
+template <class Y, Asked>
+[[nodiscard]] State of_dy(double d, double y) noexcept {
+    return is_density(d) ? solve_vy<Y>(1 / d, y) : refused(ErrorCode::outside_range);
 }
 
-}  // namespace vaprix
+}  // namespace vaprix::inverse

@@ -4,6 +4,8 @@
 // Source: IAPWS SR4-04(2014), Eqs. (3) to (8).
 #pragma once
 
+#include <utility>
+
 #include "inverse/second_variable.hpp"
 #include "pt/region_pt.hpp"
 #include "regions/b23.hpp"
@@ -59,8 +61,9 @@ struct RegionBeside {
     constexpr double h_13_error = 0.02;  // kJ/kg; 3.2 mK is stated
     constexpr double p_23_error = 5e-5;  // relative; 0.0045 % is stated
     constexpr double s_rounding = 1e-9;  // kJ/(kg K), of s_23_min
-    const auto beside = [](Region region, Region neighbour, bool close) noexcept {
-        return RegionBeside{region, close ? neighbour : Region::none};
+    const auto divide = [](double above, double error, Region lower, Region upper) noexcept {
+        if (above <= 0) std::swap(lower, upper);
+        return RegionBeside{upper, std::fabs(above) <= error ? lower : Region::none};
     };
 
     // h - T s of either saturated phase is 0.0006 kJ/kg at 273.15 K
@@ -71,9 +74,7 @@ struct RegionBeside {
     if (s <= s_liquid_13) {
         if (s >= s_liquid_min && h < h_liquid_1(s)) return {Region::wet};
         if (s <= s_13_min) return {Region::one};
-        const double above = h - h_13(s);
-        return above > 0 ? beside(Region::three, Region::one, above <= h_13_error)
-                         : beside(Region::one, Region::three, above >= -h_13_error);
+        return divide(h - h_13(s), h_13_error, Region::one, Region::three);
     }
     if (s <= region3::s_crit) return {h < h_liquid_3a(s) ? Region::wet : Region::three};
     if (h > beyond_region2) return {Region::five};
@@ -83,8 +84,7 @@ struct RegionBeside {
         if (s <= s_23_max && h < h_23_max) {
             if (h <= h_23_min) return {Region::three};
             const double above = region2::p_hs(h, s) / p_b23(t_23(h, s)) - 1;
-            return above > 0 ? beside(Region::three, Region::two, above <= p_23_error)
-                             : beside(Region::two, Region::three, above >= -p_23_error);
+            return divide(above, p_23_error, Region::two, Region::three);
         }
     } else if (s <= s_vapour_max && h <= above_saturated && h < h_vapour_2ab(s)) {
         return {Region::wet};

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cmath>
+#include <type_traits>
 
 #include "frame/constants.hpp"
 #include "frame/polynomial.hpp"
@@ -41,7 +42,7 @@ struct Enthalpy {
     static constexpr double dense_region5 = 4084.04905441735;    // beyond: region 5 at once
     static constexpr double dense_outside = 7380.0;
 
-    // What the vapour tangents and values below are of, at constant p.
+    // What the vapour's tangent and value below are of, at constant p.
     static double along_isobar(double /* p */, double h) noexcept { return h; }
 
     static constexpr const auto& limits = tables::isobar_limits_h;
@@ -79,11 +80,10 @@ struct Enthalpy {
         return 1000 * (v - t * v_t);
     }
 
-    static constexpr auto tangent1 = region1::h_tangent_t;
-    static constexpr auto tangent2 = region2::h_tangent_t;
-    static constexpr auto tangent5 = region5::h_tangent_t;
-    static constexpr auto value2 = region2::h;
-    static constexpr auto value5 = region5::h;
+    template <class Equation>
+    static constexpr auto tangent = Equation::h_tangent_t;
+    template <class Equation>
+    static constexpr auto value = Equation::h;
     static constexpr auto tangents3 = region3::ph_tangents;
 };
 
@@ -133,12 +133,27 @@ struct Entropy {
         return -1000 * v_t;
     }
 
-    static constexpr auto tangent1 = region1::s_tangent_t;
-    static constexpr auto tangent2 = region2::s_plus_r_ln_p_tangent_t;
-    static constexpr auto tangent5 = region5::s_plus_r_ln_p_tangent_t;
-    static constexpr auto value2 = region2::s_plus_r_ln_p;
-    static constexpr auto value5 = region5::s_plus_r_ln_p;
+    template <class Equation>
+    static constexpr auto tangent = Equation::s_plus_r_ln_p_tangent_t;
+    template <class Equation>
+    static constexpr auto value = Equation::s_plus_r_ln_p;
     static constexpr auto tangents3 = region3::ps_tangents;
 };
+template <>
+inline constexpr auto Entropy::tangent<region1> = region1::s_tangent_t;
+template <>
+inline constexpr auto Entropy::value<region1> = region1::s;
+
+// The region of an equation in p and T.
+template <class Equation>
+inline constexpr Region region_of = std::is_same_v<Equation, region1>   ? Region::one
+                                    : std::is_same_v<Equation, region2> ? Region::two
+                                                                        : Region::five;
+
+// What tangent and value of an equation are at y.
+template <class Y, class Equation>
+[[nodiscard]] double along_isobar(double p, double y) noexcept {
+    return region_of<Equation> == Region::one ? y : Y::along_isobar(p, y);
+}
 
 }  // namespace vaprix::inverse

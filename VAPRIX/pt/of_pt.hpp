@@ -19,17 +19,14 @@ namespace vaprix {
 // A state in a region that has been settled, region 3 at the volume of the backward equations.
 template <Asked asked>
 [[nodiscard]] VAPRIX_INLINE State in_region_b(Region region, double p, double t) noexcept {
-    State state{.region = region, .p = p, .t = t};
     if constexpr (asked.single || asked.density) {
         if (region == Region::three) {
-            state.v = region3::v_pt(p, t);
-            state.d = 1 / state.v;
-        } else if (asked.density && region != Region::wet) {
-            state.v = single<property::v>(state);
-            state.d = 1 / state.v;
+            const double v = region3::v_pt(p, t);
+            return {.region = region, .p = p, .t = t, .d = 1 / v, .v = v};
         }
     }
-    return state;
+    const State state{.region = region, .p = p, .t = t};
+    return region == Region::wet ? state : with_volume<asked>(state);
 }
 
 template <Asked asked>

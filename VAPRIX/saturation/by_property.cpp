@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <type_traits>
 
 #include "frame/bracketed_newton.hpp"
 #include "frame/bracketed_secant.hpp"
@@ -20,79 +21,82 @@ using tables::SaturatedLimits;
 // Properties of a phase up to 623.15 K and their slopes along the saturation line, dy/dT = (dy/dT)_p
 // + (dy/dp)_T dps/dT.
 template <Phase phase>
+using EquationOf = std::conditional_t<phase == Phase::liquid, region1, region2>;
+
+template <Phase phase>
 Tangent<double> density_tangent(double t) noexcept {
     const Tangent<double> ps = psat_tangent(t);
-    const Tangent<double> v =
-        phase == Phase::liquid ? region1::v_tangent_p(ps.y, t) : region2::v_tangent_p(ps.y, t);
-    const double v_t = phase == Phase::liquid ? region1::v_t(ps.y, t) : region2::v_t(ps.y, t);
+    const Tangent<double> v = EquationOf<phase>::v_tangent_p(ps.y, t);
+    const double v_t = EquationOf<phase>::v_t(ps.y, t);
     return {1 / v.y, -(v_t + v.y_x * ps.y_x) / (v.y * v.y)};
 }
 
 template <Phase phase, class Y>
 Tangent<double> tangent(double t) noexcept {
-    const auto along = [t](Tangent<double> ps, Tangent<double> y, double shift, double v,
-                           double v_t) noexcept {
-        return Tangent<double>{y.y - shift, y.y_x + Y::slope_by_p(t, v, v_t) * ps.y_x};
-    };
-    const Tangent<double> ps = psat_tangent(t);
-    const double p = ps.y;
-    if constexpr (phase == Phase::liquid) {
-        return along(ps, Y::tangent1(p, t), 0, region1::v(p, t), region1::v_t(p, t));
-    } else {
-        return along(ps, Y::tangent2(p, t), Y::along_isobar(p, 0), region2::v(p, t),
-                     region2::v_t(p, t));
-    }
+    using Equation = EquationOf<phase>;
+    const auto [p, p_t] = psat_tangent(t);
+    const Tangent<double> y = Y::template tangent<Equation>(p, t);
+    const double y_p = Y::slope_by_p(t, Equation::v(p, t), Equation::v_t(p, t));
+    return {y.y - inverse::along_isobar<Y, Equation>(p, 0), y.y_x + y_p * p_t};
 }
 
 double density(double d, double /* t */) noexcept { return d; }
 
+template <auto const& polynomial_of>
+double start_at(double x) noexcept {
+    return evaluate<polynomial_of>(x, 1.0);
+}
+
 // One property of one phase: above 623.15 K by density and temperature, its tangent below, its
-// limits; and the polynomials of the start value.
+// limits. Each has a start value for the search up to 623.15 K, those with a maximum one for its
+// cold side too.
 template <Phase phase_of, auto dense_of, auto tangent_of, const SaturatedLimits& limits_of>
 struct Saturated {
     static constexpr Phase phase = phase_of;
     static constexpr auto dense = dense_of;
     static constexpr auto tangent = tangent_of;
     static constexpr const SaturatedLimits& limits = limits_of;
+
+    static double below_maximum(double y) noexcept {
+        return std::sqrt(std::fmax(limits.y_max - y, 0));
+    }
+    static double reduced(double y) noexcept { return y * (1 / limits.y_crit); }
 };
 struct LiquidDensity
     : Saturated<Phase::liquid, density, density_tangent<Phase::liquid>, tables::limits_d1> {
-    static constexpr auto start = polynomial(tables::start_d1);
-    static constexpr auto start_cold = polynomial(tables::start_d1_cold);
+    static constexpr auto warm = polynomial(tables::start_d1);
+    static constexpr auto cold = polynomial(tables::start_d1_cold);
+    static double start(double d) noexcept { return start_at<warm>(below_maximum(d)); }
 };
 struct VapourDensity
     : Saturated<Phase::vapour, density, density_tangent<Phase::vapour>, tables::limits_d2> {
-    static constexpr auto start = polynomial(tables::start_d2);
+    static constexpr auto warm = polynomial(tables::start_d2);
+    static double start(double d) noexcept { return start_at<warm>(std::log(d)); }
 };
 struct LiquidEnthalpy
     : Saturated<Phase::liquid, region3::h, tangent<Phase::liquid, Enthalpy>, tables::limits_h1> {
-    static constexpr auto start = polynomial(tables::start_h1);
+    static constexpr auto warm = polynomial(tables::start_h1);
+    static double start(double h) noexcept { return start_at<warm>(reduced(h)); }
 };
 struct VapourEnthalpy
     : Saturated<Phase::vapour, region3::h, tangent<Phase::vapour, Enthalpy>, tables::limits_h2> {
-    static constexpr auto start = polynomial(tables::start_h2);
-    static constexpr auto start_cold = polynomial(tables::start_h2_cold);
+    static constexpr auto warm = polynomial(tables::start_h2);
+    static constexpr auto cold = polynomial(tables::start_h2_cold);
+    static double start(double h) noexcept { return start_at<warm>(below_maximum(h)); }
 };
 struct LiquidEntropy
     : Saturated<Phase::liquid, region3::s, tangent<Phase::liquid, Entropy>, tables::limits_s1> {
-    static constexpr auto start = polynomial(tables::start_s1);
+    static constexpr auto warm = polynomial(tables::start_s1);
+    static double start(double s) noexcept { return start_at<warm>(reduced(s)); }
 };
 struct VapourEntropy
     : Saturated<Phase::vapour, region3::s, tangent<Phase::vapour, Entropy>, tables::limits_s2> {
-    static constexpr auto start = polynomial(tables::start_s2);
+    static constexpr auto warm = polynomial(tables::start_s2);
+    static double start(double s) noexcept { return start_at<warm>(reduced(s)); }
 };
 
 bool between(double y, double a, double b) noexcept {
     return y >= std::min(a, b) && y <= std::max(a, b);
-}
-
-template <auto const& start>
-double start_at(double x) noexcept {
-    return evaluate<start>(x, 1.0);
-}
-
-double below_maximum(const SaturatedLimits& limits, double y) noexcept {
-    return std::sqrt(std::fmax(limits.y_max - y, 0));
 }
 
 template <class Property>
@@ -140,14 +144,13 @@ double up_to_maximum(const SaturatedLimits& limits, double y) noexcept {
     return y > limits.y_max && y <= limits.y_max * (1 + rounding) ? limits.y_max : y;
 }
 
-// The branch that reaches the critical point, from the maximum or from 273.15 K; start(y) is where a
-// search up to 623.15 K starts, asked for only there.
-template <class Property, class Start>
-NewtonRoot<double> t_warm(double y_given, Start start) noexcept {
+// The branch that reaches the critical point, from the maximum or from 273.15 K.
+template <class Property>
+NewtonRoot<double> t_warm(double y_given) noexcept {
     constexpr const SaturatedLimits& limits = Property::limits;
     const double y = up_to_maximum(limits, y_given);
     if (between(y, limits.y_max, limits.y_13)) {
-        return at(newton_from<Property>(start(y), y, limits.t_max, T_13));
+        return at(newton_from<Property>(Property::start(y), y, limits.t_max, T_13));
     }
     // beside the first densities solved, as far as they are exact
     constexpr double exactness = 5e-12;  // relative
@@ -163,44 +166,19 @@ NewtonRoot<double> t_cold(double y_given) noexcept {
     constexpr const SaturatedLimits& limits = Property::limits;
     const double y = up_to_maximum(limits, y_given);
     if (!between(y, limits.y_min, limits.y_max)) return nowhere;
-    const double start = start_at<Property::start_cold>(below_maximum(limits, y));
+    const double start = start_at<Property::cold>(Property::below_maximum(y));
     return at(newton_from<Property>(start, y, T_min, limits.t_max));
-}
-
-// The start value of a property that has no maximum.
-template <class Property>
-double monotonic_start(double y) noexcept {
-    return start_at<Property::start>(y * (1 / Property::limits.y_crit));
 }
 
 }  // namespace
 
-NewtonRoot<double> t_liquid_d(double d) noexcept {
-    return t_warm<LiquidDensity>(d, [](double y) noexcept {
-        return start_at<LiquidDensity::start>(below_maximum(LiquidDensity::limits, y));
-    });
-}
+NewtonRoot<double> t_liquid_d(double d) noexcept { return t_warm<LiquidDensity>(d); }
+NewtonRoot<double> t_vapour_d(double d) noexcept { return t_warm<VapourDensity>(d); }
+NewtonRoot<double> t_liquid_h(double h) noexcept { return t_warm<LiquidEnthalpy>(h); }
+NewtonRoot<double> t_vapour_h(double h) noexcept { return t_warm<VapourEnthalpy>(h); }
+NewtonRoot<double> t_liquid_s(double s) noexcept { return t_warm<LiquidEntropy>(s); }
+NewtonRoot<double> t_vapour_s(double s) noexcept { return t_warm<VapourEntropy>(s); }
 NewtonRoot<double> t_cold_liquid_d(double d) noexcept { return t_cold<LiquidDensity>(d); }
-NewtonRoot<double> t_vapour_d(double d) noexcept {
-    return t_warm<VapourDensity>(
-        d, [](double y) noexcept { return start_at<VapourDensity::start>(std::log(y)); });
-}
-
-NewtonRoot<double> t_liquid_h(double h) noexcept {
-    return t_warm<LiquidEnthalpy>(h, monotonic_start<LiquidEnthalpy>);
-}
-NewtonRoot<double> t_vapour_h(double h) noexcept {
-    return t_warm<VapourEnthalpy>(h, [](double y) noexcept {
-        return start_at<VapourEnthalpy::start>(below_maximum(VapourEnthalpy::limits, y));
-    });
-}
 NewtonRoot<double> t_cold_vapour_h(double h) noexcept { return t_cold<VapourEnthalpy>(h); }
-
-NewtonRoot<double> t_liquid_s(double s) noexcept {
-    return t_warm<LiquidEntropy>(s, monotonic_start<LiquidEntropy>);
-}
-NewtonRoot<double> t_vapour_s(double s) noexcept {
-    return t_warm<VapourEntropy>(s, monotonic_start<VapourEntropy>);
-}
 
 }  // namespace vaprix::saturation

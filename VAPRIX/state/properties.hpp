@@ -209,4 +209,14 @@ template <Asked asked>
     return state;
 }
 
+// The other way about: v by the equation, d as its reciprocal.
+template <Asked asked>
+[[nodiscard]] VAPRIX_INLINE State with_volume(State state) noexcept {
+    if constexpr (asked.density) {
+        state.v = single<property::v>(state);
+        state.d = 1 / state.v;
+    }
+    return state;
+}
+
 }  // namespace vaprix
