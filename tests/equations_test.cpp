@@ -206,21 +206,24 @@ constexpr std::array<double, 20> published_percent = {
 
 TEST(Equations, VolumeOfRegion3) {
     constexpr double t_low = 623.15, t_high = 863.15, margin = 1.1 / 100, iterated = 1e-9;
+    constexpr std::array isobars = {20.5, 22.5, 23.0, 23.5, 25., 40.};
     Random random(36);
     Sweep sweep;
     std::map<std::string, int> visits;
     const int count = strata::states(0.1);
     for (int k = 0; k < count; ++k) {
-        // A third over the whole region, a third over the crowded bands, a third at the critical
-        // point.
-        const int kind = k % 3;
-        const double p = random.uniform(kind == 2 ? 21.04 : 16.6, kind == 0   ? 100
-                                                                  : kind == 1 ? 25
-                                                                              : 22.5);
+        // A quarter over the whole region, on both sides of the isobars that part subregions, over
+        // the crowded bands, and at the critical point.
+        const int kind = k % 4;
+        const double isobar = isobars[static_cast<std::size_t>(k / 4) % isobars.size()];
+        const double p = kind == 1 ? isobar * (1 + random.offset(1e-12, 5e-4))
+                                   : random.uniform(kind == 3 ? 21.04 : 16.6, kind == 0   ? 100
+                                                                              : kind == 2 ? 25
+                                                                                          : 22.5);
         const double ridge = static_cast<double>(
             p < 22.064 ? published::tsat<Quad>(p) : published::boundary3<Quad>("T3ef", p));
         const double t = kind == 0 ? random.uniform(t_low, t_high)
-                                   : ridge + random.offset(1e-3, kind == 1 ? 30 : 3);
+                                   : ridge + random.offset(1e-3, kind == 3 ? 3 : 30);
         if (!(t > t_low && published::p_b23<Quad>(t) < p)) continue;
         const Equation& of = published::v3_pt<Quad>(p, t);
         if (++visits[of.name] > count / 26) continue;

@@ -475,7 +475,7 @@ VAPRIX_INLINE constexpr auto coefficients_in_x(Real y) noexcept {
     }();
     static_assert(!detail::any(demand.y.negative));
     using Y = detail::SignedPowers<Real, detail::SignedChain(demand.y)>;
-    const Y ys(WithReciprocal<Real>{y, Real(0)});
+    const Y ys(WithReciprocal<Real>{y, {}});
 
     std::array<Real, static_cast<std::size_t>(P.terms[P.size - 1].I) + 1> c{};
     const auto fill = [&]<std::size_t... g>(std::index_sequence<g...>) {

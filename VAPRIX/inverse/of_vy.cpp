@@ -115,7 +115,7 @@ struct Pair {
         constexpr double any_dense = 1;  // m3/kg: v out of range below it is too small, else large
 
         const auto residual = [this](double t) noexcept {
-            const State at = of_tv<Asked{.single = true, .wet = true}>(t, v);
+            const State at = of_tv<Asked{.single = true}>(t, v);
             if (!found(at)) return v < any_dense ? beyond : -beyond;
             return mixed<Y::y>(at) - y;
         };
