@@ -68,7 +68,14 @@ const std::vector<Stratum> strata = {
     {"wet steam at 623.15 K", Place::boundary, [](Random& r) { const double t = r.beside(T_13);
         return Point{psat(t), t, r.coin() ? near_end(r) : r.uniform(0, 1)}; }},
     {"wet steam near the critical point", Place::boundary, [](Random& r) { const double t = T_crit - r.log_uniform(1e-7, 1);
-        return Point{psat(t), t, r.uniform(0, 1)}; }}};
+        return Point{psat(t), t, r.uniform(0, 1)}; }},
+    {"critical point", Place::boundary, [](Random& r) { return Point{r.beside(p_crit), r.beside(T_crit)}; }},
+    {"critical isobar", Place::boundary, [](Random& r) { return Point{r.beside(p_crit), r.uniform(T_13, T_23)}; }},
+    {"critical isotherm", Place::boundary, [](Random& r) { return Point{r.uniform(p_13, p_high), r.beside(T_crit)}; }},
+    {"critical isochore", Place::boundary, [](Random& r) { const double t = T_crit + r.log_uniform(1e-12, 150);
+        return Point{r.beside(call<POTD>(t, 322.0)), t}; }},
+    {"bands of the volume equations", Place::boundary, [](Random& r) {
+        return Point{r.beside(r.one_of({19.00881189173929, 20.5, 21.0433673189753, 22.5, 23, 25, 40})), r.uniform(T_13, 720)}; }}};
 // clang-format on
 
 State state(const Point& point) {

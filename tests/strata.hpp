@@ -88,10 +88,11 @@ State state(const Point& point);
 // VAPRIX_TEST_STATES.
 int states(double share);
 
-// Visits `share` of the states of every stratum.
+// Visits `share` of the states of every stratum of a list.
 template <class Visit>
-void sweep(double share, std::uint64_t seed, const Visit& visit) {
-    for (const Stratum& stratum : strata) {
+void sweep(double share, std::uint64_t seed, const Visit& visit,
+           const std::vector<Stratum>& list = strata) {
+    for (const Stratum& stratum : list) {
         Random random(seed++);
         for (int k = states(share); k > 0; --k) {
             const State at = state(stratum.sample(random));

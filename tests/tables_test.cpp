@@ -214,7 +214,7 @@ TEST(Tables, OfRelations) {
         const std::regex pattern(row[0]);
         int calls = 0, wrong = 0;
         for (const std::string& name : split(row[1], '/')) {
-            for (const strata::State& at : sample(name, strata::states(0.002))) {
+            for (const strata::State& at : sample(name, strata::states(0.004))) {
                 Given given;
                 for (unsigned k = 0; k < names; ++k) given[spelling[k]] = at[k];
                 for (const Export& function : exports()) {

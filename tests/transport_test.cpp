@@ -64,23 +64,4 @@ TEST(Transport, CorrelationsAgree) {
     }
 }
 
-// Region 0 is determined and written back, and no viscosity is written where there is none; any
-// other region is taken as it is.
-TEST(Transport, ViscosityOfGivenRegion) {
-    const double t_line = 400, p_line = call<PBT>(t_line), v = 0.01;
-    const struct {
-        double p, t;
-        int given, determined;
-        bool answered;
-    } cases[] = {{0.1, 300, 0, 1, true},  {0.1, 1173.15, 0, 5, true},    {0.1, 1173.2, 0, 5, false},
-                 {200, 300, 0, 0, false}, {p_line, t_line, 0, 9, false}, {200, 2000, 3, 3, true}};
-    for (const auto& c : cases) {
-        int region = c.given;
-        double eta = -1;
-        VISCVT(&c.p, &v, &c.t, &region, &eta);
-        EXPECT_EQ(region, c.determined) << digits({c.p, c.t});
-        EXPECT_EQ(eta, c.answered ? lib::viscosity(c.t, 1 / v) : -1) << digits({c.p, c.t});
-    }
-}
-
 }  // namespace
