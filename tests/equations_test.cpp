@@ -9,7 +9,6 @@
 
 #include "functions.hpp"
 #include "reference/basic_equations.hpp"
-#include "reference/region3_density.hpp"
 #include "reference/sampling.hpp"
 
 namespace {

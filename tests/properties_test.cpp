@@ -8,11 +8,9 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <type_traits>
 #include <vector>
 
 #include "reference/basic_equations.hpp"
-#include "reference/region3_density.hpp"
 #include "reference/sampling.hpp"
 #include "regions/region1.hpp"
 #include "regions/region2.hpp"
@@ -156,31 +154,26 @@ std::optional<Found> of_td(const strata::State& at) {
     found.extra = 4e-16 * static_cast<double>(1 / (p * magnitude(found.x.v_p()) / found.x.v()));
     return found;
 }
-// p and a second variable: the temperature is the family's, and so is the density of region 3 (D,
-// unused where the volume is given)
-template <auto Region, auto T, auto D, bound::Name y>
+// p and a second variable: the temperature is the family's, and so is the density of region 3, of p, T
+// and the variable
+template <auto Region, auto T, bound::Name y, auto density>
 std::optional<Found> of_py(const strata::State& at) {
-    const double p = at[bound::p];
+    const double p = at[bound::p], t = call<T>(p, at[y]);
     const int region = static_cast<int>(call<Region>(p, at[y]));
-    const double t = call<T>(p, at[y]);
     // at the saturation line of region 3 the O-family keeps a distance of 1e-12 K and may mix
     const bool at_line = p < 22.064 && std::fabs(t - call<TOP>(p)) < 2e-12;
     if (!single(at) || region == 0 || region == 4 || at_line) return {};
-    if constexpr (y == bound::v) return in_region(region, p, t, 1 / Quad(at[y]));
-    return in_region(region, p, t, call<D>(p, at[y]));
+    return in_region(region, p, t, region == 3 ? density(p, t, at[y]) : Quad(0));
 }
-// the B-family: by (p, T) at its temperature, but its density by the backward equation of the volume
-template <auto Region, auto T, bound::Name y, auto choice = nullptr>
-std::optional<Found> of_py_b(const strata::State& at) {
-    const double p = at[bound::p], t = call<T>(p, at[y]);
-    const int region = static_cast<int>(call<Region>(p, at[y]));
-    if (!single(at) || region == 0 || region == 4) return {};
-    if (region != 3) return in_region(region, p, t, 0);
-    if constexpr (std::is_null_pointer_v<decltype(choice)>) {
-        return in_region(region, p, t, 1 / Quad(call<v_of>(p, t)));
-    } else {
-        return in_region(region, p, t, 1 / choice(p, at[y])(p, at[y]));
-    }
+template <auto D>
+Quad of_export(double p, double /* t */, double y) {
+    return call<D>(p, y);
+}
+Quad of_volume(double /* p */, double /* t */, double v) { return 1 / Quad(v); }
+Quad of_published_volume(double p, double t, double /* y */) { return 1 / Quad(call<v_of>(p, t)); }
+template <const auto& choice>
+Quad of_backward_volume(double p, double /* t */, double y) {
+    return 1 / choice(p, y)(p, y);
 }
 // Saturated states: T as given or made of p; densities above 623.15 K by temperature or pressure.
 enum Phase { liquid, vapour };
@@ -217,14 +210,14 @@ const Family families[] = {
     {"OPT", of_pt_o, ""},
     {"OTP", of_pt_o, ""},
     {"OTD", of_td, ""},
-    {"BPH", of_py_b<REGIONPH, TBPH, bound::h>, " D ",
-     of_py_b<REGIONPH, TBPH, bound::h, published::v3_ph<Quad>>},
-    {"BPS", of_py_b<REGIONPS, TBPS, bound::s>, " D ",
-     of_py_b<REGIONPS, TBPS, bound::s, published::v3_ps<Quad>>},
-    {"OPH", of_py<REGIONPH, TOPH, DOPH, bound::h>, ""},
-    {"OPS", of_py<REGIONPS, TOPS, DOPS, bound::s>, ""},
-    {"BPV", of_py<REGIONPV, TBPV, VOPT, bound::v>, ""},
-    {"OPV", of_py<REGIONPV, TOPV, VOPT, bound::v>, ""},
+    {"BPH", of_py<REGIONPH, TBPH, bound::h, of_published_volume>, " D ",
+     of_py<REGIONPH, TBPH, bound::h, of_backward_volume<published::v3_ph<Quad>>>},
+    {"BPS", of_py<REGIONPS, TBPS, bound::s, of_published_volume>, " D ",
+     of_py<REGIONPS, TBPS, bound::s, of_backward_volume<published::v3_ps<Quad>>>},
+    {"OPH", of_py<REGIONPH, TOPH, bound::h, of_export<DOPH>>, ""},
+    {"OPS", of_py<REGIONPS, TOPS, bound::s, of_export<DOPS>>, ""},
+    {"BPV", of_py<REGIONPV, TBPV, bound::v, of_volume>, ""},
+    {"OPV", of_py<REGIONPV, TOPV, bound::v, of_volume>, ""},
     {"1BT", saturated<given_t, liquid>, ""},
     {"2BT", saturated<given_t, vapour>, ""},
     {"LOT", saturated<given_t, liquid>, ""},

@@ -7,7 +7,6 @@
 #include <cmath>
 
 #include "reference/basic_equations.hpp"
-#include "reference/region3_density.hpp"
 #include "reference/sampling.hpp"
 #include "regions/b23.hpp"
 #include "regions/saturation_line.hpp"

@@ -241,7 +241,7 @@ N tsat_p(N p) {
     return -by_beta / by_theta * beta / (4 * p) / (1 - n[9] / ((t - n[10]) * (t - n[10])));
 }
 
-// The boundary of regions 2 and 3 and that of 2b and 2c, Eqs. (5), (6), (20) and (21).
+// The boundary of regions 2 and 3, Eqs. (5) and (6).
 template <class N>
 N p_b23(N t) {
     return of<N, "p_b23">()(t);
@@ -250,10 +250,6 @@ template <class N>
 N t_b23(N p) {
     static const auto n = read_list<N>("if97/t01_b23.csv");
     return n[4] + root((p - n[5]) / n[3]);
-}
-template <class N>
-N p_b2bc(N h) {
-    return of<N, "p_b2bc">()(h);
 }
 
 // Region of (p, T) away from the ends of the range; a state on a boundary counts as the denser one.
@@ -274,7 +270,9 @@ const Equation<N>& only(N, N) {
 }
 template <class N>
 const Equation<N>& t2_ph(N p, N h) {
-    return p <= 4 ? of<N, "t2a_ph">() : p > p_b2bc(h) ? of<N, "t2c_ph">() : of<N, "t2b_ph">();
+    return p <= 4                     ? of<N, "t2a_ph">()
+           : p > of<N, "p_b2bc">()(h) ? of<N, "t2c_ph">()
+                                      : of<N, "t2b_ph">();
 }
 template <class N>
 bool in_2c(N s) {
