@@ -9,8 +9,8 @@ target_compile_options(vaprix_warnings INTERFACE
   $<$<COMPILE_LANGUAGE:CXX>:-Wmissing-declarations>
   $<$<BOOL:${VAPRIX_WERROR}>:-Werror>)
 
-# Strict IEEE arithmetic without contraction: the same digits from every compiler and instruction set of x86-64, as far
-# as no transcendental function is involved.
+# Strict IEEE arithmetic without contraction: the same digits from every compiler and instruction set, as far as no
+# transcendental function is involved.
 # errno is never read. Trapping semantics stay on: no speculated operation may raise a flag that hosts poll.
 add_library(vaprix_arithmetic INTERFACE)
 target_compile_options(vaprix_arithmetic INTERFACE -ffp-contract=off -fno-math-errno)

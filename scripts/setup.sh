@@ -8,7 +8,9 @@ set -eu
 
 parts="
 demo     cmake g++ ninja-build python3
-core     binutils clang clang-format clang-tidy libbenchmark-dev libclang-rt-14-dev libgtest-dev
+core     binutils clang clang-format clang-tidy libbenchmark-dev libclang-rt-14-dev libgtest-dev musl-tools
+install  libbenchmark-dev libgtest-dev pkg-config
+aarch64  binutils g++-aarch64-linux-gnu qemu-user
 bench    libbenchmark-dev libgtest-dev python3-matplotlib
 "
 # packages PART: its line of the table

@@ -7,8 +7,10 @@ FACE is one of
   answer-rules   C++ constants of the answer rules
   header         the public C header, from include/vaprix.h.in
   version-script the linker's list of exported symbols
+  def            the same as a module-definition file of Windows
   names          the exported names, one a line
   signatures     the exported functions, one a line: name and arguments
+  abi            the declarations, one a line, to compare with those of the releases
   pages          the pages of docs/ that are made, in Markdown, into the folder OUTPUT
 
 catalogue.csv has a row an export: its name, its arguments in order, the resolver of its state, the property of the
@@ -206,12 +208,23 @@ def version_script(entries, _families, _version):
     return f"{{\n    global:\n{symbols}    local:\n        *;\n}};\n"
 
 
+def module_definition(entries, _families, _version):
+    """Names in quotes: CODE is also a word of such files."""
+    symbols = "".join(f'    "{name}"{" DATA" if name in DATA else ""}\n' for name in all_names(entries))
+    return "EXPORTS\n" + symbols
+
+
 def names(entries, _families, _version):
     return "".join(f"{name}\n" for name in all_names(entries))
 
 
 def signatures(entries, _families, _version):
     return "".join(" ".join([e["name"], *e["arguments"]]) + "\n" for e in entries)
+
+
+def abi(entries, _families, _version):
+    functions = [f"{result_type(e)} {e['name']}({parameters(e)})" for e in entries]
+    return "".join(sorted(f"{declaration};\n" for declaration in functions + [f"int {name}" for name in DATA]))
 
 
 def all_names(entries):
@@ -224,7 +237,8 @@ def documents(entries, families, _version):
 
 
 FACES = {"pages": documents, "entry-points": entry_points, "answer-rules": answer_rules, "header": header,
-         "version-script": version_script, "names": names, "signatures": signatures}
+         "version-script": version_script, "def": module_definition, "names": names, "signatures": signatures,
+         "abi": abi}
 
 
 def main():

@@ -1,38 +1,49 @@
 // SPDX-License-Identifier: MIT
 #include "frame/error_code.hpp"
 
-#include <sys/syscall.h>
-#include <unistd.h>
+#include "frame/thread.hpp"
+#include "vaprix.h"
 
 // The initial thread's code, a data symbol that a host may read directly. Every other thread has a
-// copy of its own, reached through ECODETUL only.
-extern "C" __attribute__((visibility("default"))) int CODE;
+// code of its own, reached through ECODETUL only.
 int CODE = 0;
 
 namespace vaprix {
 namespace {
 
-// Static thread-local storage: set aside when the thread starts, so that not even the first failure
-// of a thread allocates, wherever the library was loaded.
-__attribute__((tls_model("initial-exec"))) thread_local int own_code = 0;
-__attribute__((tls_model("initial-exec"))) thread_local int* slot = nullptr;
+// A thread's word: nothing yet; that it is the initial thread; or else its code less 1, below 0
+// since no code is above 0.
+constexpr int no_word = 0;
+constexpr int initial_thread = 1;
 
-// The initial thread is the one whose id is the process's, no matter which thread loaded the
-// library.
-bool is_initial_thread() noexcept { return syscall(SYS_gettid) == getpid(); }
-
+// Whether CODE is the calling thread's, whose word is given.
 // A child process of another thread takes the initial thread's place with the parent's CODE, which
 // is not its own: it starts with 0.
-int& code_of_this_thread() noexcept {
-    if (slot == nullptr) slot = is_initial_thread() ? &(CODE = 0) : &own_code;
-    return *slot;
+bool has_initial_code(thread::Word word) noexcept {
+    if (word == no_word) {
+        const bool initial = thread::is_initial();
+        if (initial) CODE = 0;
+        word = initial ? initial_thread : -1;
+    }
+    return word == initial_thread;
 }
 
 }  // namespace
 
-int error_code() noexcept { return code_of_this_thread(); }
+int error_code() noexcept {
+    thread::Word word = thread::word();
+    return has_initial_code(word) ? CODE : word + 1;
+}
 
-void store(ErrorCode code) noexcept { code_of_this_thread() = static_cast<int>(code); }
+void store(ErrorCode code) noexcept {
+    thread::Word word = thread::word();
+    const int stored = static_cast<int>(code);
+    if (has_initial_code(word)) {
+        CODE = stored;
+    } else {
+        word = stored - 1;
+    }
+}
 
 double fail(ErrorCode code) noexcept {
     store(code);

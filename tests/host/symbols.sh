@@ -45,6 +45,7 @@ needed=$(dynamic NEEDED | grep -Ev '^(libc\.so\.6|libm\.so\.6|ld-linux.*)$')
 [ -n "$sanitized" ] || [ "$needed" = '' ] || fail "needs more than libc and libm: $needed"
 readelf -dW "$library" | grep -E 'RPATH|RUNPATH|TEXTREL' &&
     fail 'a search path or a text relocation in the dynamic section'
+readelf -dW "$library" | grep STATIC_TLS && fail 'static thread-local storage, which a late dlopen may refuse'
 readelf -lW "$library" | grep -E 'GNU_STACK.*RWE' && fail 'an executable stack'
 
 # One pointer is the compiler's own start-up code; a static initialiser of ours would be a second.
