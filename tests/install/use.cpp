@@ -1,0 +1,3 @@
+// SPDX-License-Identifier: MIT
+// The same from C++.
+#include "use.c"
