@@ -23,6 +23,7 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 TREES = [ROOT / "build" / "mutants" / name for name in ("a", "b")]
+FIRST = ["exports_test", "tables_test", "pairs_test", "regions_test"]  # they need no compiling
 SIBLINGS = [("liquid", "vapour"), ("region1", "region2"), ("region2", "region3"), ("p_min", "p_max"), ("T_min", "T_max"),
             ("T_13", "T_25"), ("p_crit", "psat_13"), ("psat", "p_b23"), ("low", "high"), ("::h", "::s"), ("::v", "::h"),
             ("std::min", "std::max"), ("true", "false"), ("_ph", "_ps"), ("cp", "cv"), ("&&", "||")]
@@ -60,9 +61,10 @@ def run(*command):
 
 
 def judge(tree):
-    if run("cmake", "--build", tree / "build", "--parallel", "1").returncode: return "does not compile"
-    found = run("ctest", "--test-dir", tree / "build", "--stop-on-failure", "--timeout", "120", "-L", "quick")
-    return "killed" if found.returncode else "survived"
+    for targets, tests in ((["--target", *FIRST], ["-R", "|".join(FIRST)]), ([], ["-L", "quick"])):
+        if run("cmake", "--build", tree / "build", "--parallel", "1", *targets).returncode: return "does not compile"
+        if run("ctest", "--test-dir", tree / "build", "--stop-on-failure", *tests).returncode: return "killed"
+    return "survived"
 
 
 def prepare(tree):
