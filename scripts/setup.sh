@@ -10,6 +10,7 @@ parts="
 demo     cmake g++ ninja-build python3
 core     binutils clang clang-format clang-tidy libbenchmark-dev libclang-rt-14-dev libgtest-dev musl-tools
 install  libbenchmark-dev libgtest-dev pkg-config
+fortran  gfortran libbenchmark-dev libgtest-dev pkg-config
 aarch64  binutils g++-aarch64-linux-gnu qemu-user
 bench    libbenchmark-dev libgtest-dev python3-matplotlib
 "

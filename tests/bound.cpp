@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <fstream>
 #include <map>
+#include <regex>
 #include <stdexcept>
 
 #include "split.hpp"
@@ -50,6 +51,14 @@ Result invoke(void* symbol, Arguments... arguments) {
 }
 
 }  // namespace
+
+bool Export::is_for(int region_of_state) const {
+    static const std::regex unchecked("FB23|D[LV]EST|VISCVT|DVISCD[TV]");
+    const int native = name.back() == 'N' ? name[name.size() - 2] - '0'
+                       : name == "DITER3" ? 3
+                                          : region_of_state;
+    return native == region_of_state && (native != 0 || !std::regex_match(name, unchecked));
+}
 
 double Export::operator()(const Pointers& at, int* region_given, double* result) const {
     if (name == "ECODETUL") return invoke<int>(symbol);

@@ -30,6 +30,9 @@ struct Export {
     bool region = false, out = false;  // takes a region; writes its result through an argument
     void* symbol = nullptr;
 
+    // Whether it is meant for a state of the region, 0 of no state: an equation of one region is for
+    // its own, and what checks nothing is not for no state.
+    bool is_for(int region_of_state) const;
     double operator()(const Pointers& at, int* region_given, double* result) const;
     double operator()(const Values& at, int region_given = 0) const;
 };

@@ -98,6 +98,15 @@ State state(const Point& point) {
     return at;
 }
 
+bound::Values no_state(Random& random) {
+    bound::Values at{};
+    for (double& value : at)
+        value = random.one_of({bound::infinity, -bound::infinity, 0, -0.0, -1, 1e308, -1e308, 1e-6,
+                               0.5, 3, 25, 300, 650, 1500, 2800, random.uniform(0, 14),
+                               random.uniform(0, 7400), random.log_uniform(1e-3, 1e3)});
+    return at;
+}
+
 int states(double share) {
     const char* text = std::getenv("VAPRIX_TEST_STATES");
     return static_cast<int>(share * (text != nullptr && *text != '\0' ? std::stod(text) : 100000)) +

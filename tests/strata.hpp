@@ -84,6 +84,9 @@ struct State : bound::Values {
 };
 State state(const Point& point);
 
+// Values that belong to no state together, some of them to none at all.
+bound::Values no_state(Random& random);
+
 // States per stratum, of which `share` are asked for: 100000, or the environment variable
 // VAPRIX_TEST_STATES.
 int states(double share);

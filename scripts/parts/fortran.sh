@@ -1,0 +1,10 @@
+#!/bin/sh
+# SPDX-License-Identifier: MIT
+#
+# The Fortran face: every export from programs of gfortran, the installation, the examples.
+set -eu
+cd "$(dirname "$0")/../.."
+
+cmake --preset fortran
+cmake --build build/fortran --target faces/fortran/all
+ctest --test-dir build/fortran --label-regex fortran --output-on-failure
