@@ -11,6 +11,7 @@ demo     cmake g++ ninja-build python3
 core     binutils clang clang-format clang-tidy libbenchmark-dev libclang-rt-14-dev libgtest-dev musl-tools
 install  libbenchmark-dev libgtest-dev pkg-config
 fortran  gfortran libbenchmark-dev libgtest-dev pkg-config
+hosts    fp-compiler libbenchmark-dev libgtest-dev mono-mcs
 aarch64  binutils g++-aarch64-linux-gnu qemu-user
 bench    libbenchmark-dev libgtest-dev python3-matplotlib
 "
