@@ -18,6 +18,19 @@ grep -v '^CODE$' "$exports" | tr '[:upper:]' '[:lower:]' | sed 's/$/_/' | sort |
 
 export PKG_CONFIG_PATH="$scratch/moved/$libdir/pkgconfig"
 module=$(pkg-config --variable=module vaprix-fortran)
+
+mkdir of_cmake
+cat >of_cmake/CMakeLists.txt <<END
+cmake_minimum_required(VERSION 3.25)
+project(use LANGUAGES Fortran)
+find_package(VAPRIX REQUIRED)
+add_executable(heater $face/examples/feedwater_heater.f90)
+target_link_libraries(heater PRIVATE VAPRIX::vaprix_fortran)
+END
+cmake -S of_cmake -B of_cmake -DCMAKE_PREFIX_PATH="$scratch/moved"
+cmake --build of_cmake
+of_cmake/heater | diff "$face/tests/feedwater_heater.txt" -
+
 for static in "" --static; do
     libraries="-Wl,-rpath,$scratch/moved/$libdir $(pkg-config --libs $static vaprix-fortran)"
     gfortran ${static#-} -ffpe-trap=invalid,zero,overflow "$module" "$face/examples/feedwater_heater.f90" $libraries
