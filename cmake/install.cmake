@@ -22,6 +22,8 @@ install(FILES LICENSE CHANGELOG.md docs/error-codes.md docs/oddities.md docs/b-o
         DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs/reference DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
-add_custom_target(uninstall
-  COMMAND ${CMAKE_COMMAND} -P ${CMAKE_CURRENT_SOURCE_DIR}/cmake/uninstall.cmake
-  WORKING_DIRECTORY ${PROJECT_BINARY_DIR} VERBATIM)
+if(PROJECT_IS_TOP_LEVEL)
+  add_custom_target(uninstall
+    COMMAND ${CMAKE_COMMAND} -P ${CMAKE_CURRENT_SOURCE_DIR}/cmake/uninstall.cmake
+    WORKING_DIRECTORY ${PROJECT_BINARY_DIR} VERBATIM)
+endif()

@@ -20,12 +20,11 @@ constexpr int initial_thread = 1;
 // A child process of another thread takes the initial thread's place with the parent's CODE, which
 // is not its own: it starts with 0.
 bool has_initial_code(thread::Word word) noexcept {
-    if (word == no_word) {
-        const bool initial = thread::is_initial();
-        if (initial) CODE = 0;
-        word = initial ? initial_thread : -1;
-    }
-    return word == initial_thread;
+    if (const int known = word; known != no_word) return known == initial_thread;
+    const bool initial = thread::is_initial();
+    if (initial) CODE = 0;
+    word = initial ? initial_thread : -1;
+    return initial;
 }
 
 }  // namespace
