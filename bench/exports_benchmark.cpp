@@ -110,14 +110,6 @@ template <published::Choice<double> choice>
 [[gnu::noinline]] double published_by(double a, double b) {
     return choice(a, b)(a, b);
 }
-const published::Equation<double>& t1_ph(double /* p */, double /* h */) {
-    static const auto& found = published::equation<double>("t1_ph");
-    return found;
-}
-const published::Equation<double>& t1_ps(double /* p */, double /* s */) {
-    static const auto& found = published::equation<double>("t1_ps");
-    return found;
-}
 template <auto function>
 [[gnu::noinline]] double published_line(double of) {
     return function(of);
@@ -149,20 +141,17 @@ double by_backward_volume(double of_p, double of_t) {
     return vaprix::single<of>(vaprix::dense_state(of_p, of_t, 1 / region3::v_pt(of_p, of_t)));
 }
 
-// A property at the temperature of (p, y), at the saturation pressure of T, at the saturation
-// temperature of p; vapour less liquid; wet steam of (T, x) and (p, x); quality of (p, y) and (T, y).
+// A property at the temperature of (p, y); an expression of (p, T) and more at the saturation pressure
+// of T, at the saturation temperature of p; vapour less liquid; wet steam; its quality.
 template <auto y, auto t_of>
 double at_t(double of_p, double given) {
     return y(of_p, t_of(of_p, given));
 }
 template <auto y, auto psat>
-double of_t(double t) {
-    return y(psat(t), t);
-}
+constexpr auto of_t = [](double t, auto... more) { return y(psat(t), t, more...); };
 template <auto y, auto tsat>
-double of_p(double pressure) {
-    return y(pressure, tsat(pressure));
-}
+constexpr auto of_p =
+    [](double pressure, auto... more) { return y(pressure, tsat(pressure), more...); };
 template <auto y1, auto y2, auto psat>
 double vaporisation(double t) {
     return of_t<y2, psat>(t) - of_t<y1, psat>(t);
@@ -172,26 +161,10 @@ double mixture(double pressure, double t, double quality) {
     const double liquid = y1(pressure, t);
     return liquid + quality * (y2(pressure, t) - liquid);
 }
-template <auto y1, auto y2, auto psat>
-double of_tx(double t, double quality) {
-    return mixture<y1, y2>(psat(t), t, quality);
-}
-template <auto y1, auto y2, auto tsat>
-double of_px(double pressure, double quality) {
-    return mixture<y1, y2>(pressure, tsat(pressure), quality);
-}
 template <auto y1, auto y2>
 double quality_at(double pressure, double t, double y) {
     const double liquid = y1(pressure, t);
     return (y - liquid) / (y2(pressure, t) - liquid);
-}
-template <auto y1, auto y2, auto tsat>
-double x_of_py(double pressure, double y) {
-    return quality_at<y1, y2>(pressure, tsat(pressure), y);
-}
-template <auto y1, auto y2, auto psat>
-double x_of_ty(double t, double y) {
-    return quality_at<y1, y2>(psat(t), t, y);
 }
 
 // Comparisons of the O- and of the B-family. Where a result is searched for: one evaluation of what is
@@ -347,20 +320,22 @@ void add_line() {
 
 void add_wet() {
     constexpr auto psat = vaprix::psat<double>, tsat = vaprix::tsat<double>;
-    constexpr Beside h_tx = both<of_tx<h1, h2, ps>, of_tx<region1::h, region2::h, psat>, T, x>;
-    constexpr Beside x_ph = both<x_of_py<h1, h2, ts>, x_of_py<region1::h, region2::h, tsat>, p, h>;
+    constexpr Beside h_tx =
+        both<of_t<mixture<h1, h2>, ps>, of_t<mixture<region1::h, region2::h>, psat>, T, x>;
+    constexpr Beside x_ph =
+        both<of_p<quality_at<h1, h2>, ts>, of_p<quality_at<region1::h, region2::h>, tsat>, p, h>;
     const Rows add(Set::wet);
     add("HBTX", call<HBTX, T, x>, h_tx);
     add("HOTX", call<HOTX, T, x>, h_tx);
     add("DOPX", call<DOPX, p, x>,
-        both<of_px<v1, v2, ts>, of_px<region1::v, region2::v, tsat>, p, x>);
+        both<of_p<mixture<v1, v2>, ts>, of_p<mixture<region1::v, region2::v>, tsat>, p, x>);
     add("REGIONPH", call<REGIONPH, p, h>);
     add("TBPH", call<TBPH, p, h>, both<ts, tsat, p>);
     add("XBPH", call<XBPH, p, h>, x_ph);
     add("SBPH", call<SBPH, p, h>);
     add("TOPH", call<TOPH, p, h>, both<ts, tsat, p>);
     add("XOTD", call<XOTD, T, d>,
-        both<x_of_ty<v1, v2, ps>, x_of_ty<region1::v, region2::v, psat>, T, v>);
+        both<of_t<quality_at<v1, v2>, ps>, of_t<quality_at<region1::v, region2::v>, psat>, T, v>);
     add("POTD", call<POTD, T, d>, both<ps, psat, T>);
     add("HOTD", call<HOTD, T, d>);
 }
@@ -383,15 +358,17 @@ int main(int argc, char** argv) {
     benchmark::AddCustomContext("compiler", BENCH_COMPILER);
     benchmark::AddCustomContext("flags", BENCH_FLAGS);
     published::equations<double>();  // read before anything is timed
+    using published::only, published::t2_ph, published::t2_ps;
     // a bare call
     Rows{Set::region1}("HPT1N", call<HPT1N, p, T>, o<1, &Published::h, property::h>);
     add_pt<1>();
     add_pt<2>();
     add_pt<3>();
     add_pt<5>();
-    add_backward<1, published_by<t1_ph>, region1::t_ph, published_by<t1_ps>, region1::t_ps>();
-    add_backward<2, published_by<published::t2_ph<double>>, region2::t_ph,
-                 published_by<published::t2_ps<double>>, region2::t_ps>();
+    add_backward<1, published_by<only<double, "t1_ph">>, region1::t_ph,
+                 published_by<only<double, "t1_ps">>, region1::t_ps>();
+    add_backward<2, published_by<t2_ph<double>>, region2::t_ph, published_by<t2_ps<double>>,
+                 region2::t_ps>();
     add_region3();
     add_region5();
     add_searched<1>();

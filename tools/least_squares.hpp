@@ -7,32 +7,26 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <utility>
+#include <cstdio>
 #include <vector>
 
 using Real = long double;
 using Row = std::vector<Real>;
 
-// Solution of the normal equations m, an augmented matrix, by elimination with pivoting.
+// Solution of the normal equations m, an augmented matrix, by Gauss-Jordan elimination with pivoting.
 inline Row solve(std::vector<Row> m) {
     const std::size_t n = m.size();
+    Row x(n);
     for (std::size_t i = 0; i < n; ++i) {
-        std::size_t pivot = i;
-        for (std::size_t r = i + 1; r < n; ++r) {
-            if (std::fabs(m[r][i]) > std::fabs(m[pivot][i])) pivot = r;
-        }
-        std::swap(m[i], m[pivot]);
-        for (std::size_t r = i + 1; r < n; ++r) {
-            const Real factor = m[r][i] / m[i][i];
+        const auto at = m.begin() + static_cast<std::ptrdiff_t>(i);
+        const auto size = [i](const Row& row) { return std::fabs(row[i]); };
+        std::iter_swap(at, std::ranges::max_element(at, m.end(), {}, size));
+        for (std::size_t r = 0; r < n; ++r) {
+            const Real factor = r == i ? Real(0) : m[r][i] / m[i][i];
             for (std::size_t c = i; c <= n; ++c) m[r][c] -= factor * m[i][c];
         }
     }
-    Row x(n);
-    for (std::size_t i = n; i-- > 0;) {
-        x[i] = m[i][n];
-        for (std::size_t c = i + 1; c < n; ++c) x[i] -= m[i][c] * x[c];
-        x[i] /= m[i][i];
-    }
+    for (std::size_t i = 0; i < n; ++i) x[i] = m[i][n] / m[i][i];
     return x;
 }
 
@@ -68,4 +62,16 @@ inline Fit fit(const std::vector<Row>& rows) {
         }
     }
     return found;
+}
+
+struct Exponents {
+    int I, J;
+};
+
+// Prints the terms n x^I q^J of a fit.
+inline void print_terms(const char* name, const std::vector<Exponents>& terms, const Row& n) {
+    std::printf("inline constexpr Term %s[] = {\n", name);
+    for (std::size_t k = 0; k < terms.size(); ++k)
+        std::printf("    {%d, %d, %.9Le},\n", terms[k].I, terms[k].J, n[k]);
+    std::printf("};\n");
 }
