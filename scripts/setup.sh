@@ -13,6 +13,7 @@ install  libbenchmark-dev libgtest-dev pkg-config
 fortran  gfortran libbenchmark-dev libgtest-dev pkg-config
 hosts    fp-compiler libbenchmark-dev libgtest-dev mono-mcs
 aarch64  binutils g++-aarch64-linux-gnu qemu-user
+debian   debhelper dpkg-dev libgtest-dev lintian pkg-config
 bench    libbenchmark-dev libgtest-dev python3-matplotlib
 "
 # packages PART: its line of the table

@@ -98,15 +98,15 @@ template <class Equation, auto advance = by_step>
 Attempt attempt_in(State start, Region (*owner)(State&) noexcept, double rest, double h,
                    double s) noexcept {
     constexpr bool is_dense = std::is_same_v<Equation, region3>;
-    constexpr Box<double> box =
-        is_dense ? Box<double>{{50, 600}, {800, 900}} : Box<double>{{-10, 250}, {2 * p_max, 3000}};
+    constexpr Box<double> box_3{{50, 600}, {800, 900}};
+    constexpr Box<double> box_125{{-10, 250}, {2 * p_max, 3000}};
     const auto settled = [rest](Point<double> at, Point<double> /* step */,
                                 Point<double> left) noexcept {
         return std::fabs(left.x) + at.y * std::fabs(left.y) < rest;
     };
     const double x = is_dense ? 1 / start.v : start.p;
-    const auto [at, converged] =
-        newton<advance>(Equation::hs_tangents, h, s, {x, start.t}, settled, &box, 0);
+    const auto [at, converged] = newton<advance>(Equation::hs_tangents, h, s, {x, start.t}, settled,
+                                                 is_dense ? &box_3 : &box_125, 0);
     if (!converged) return {};
     State state = is_dense ? dense_state(region3::p(at.x, at.y), at.y, at.x)
                            : gibbs_state(region_of<Equation>, at.x, at.y);
