@@ -12,6 +12,7 @@ core     binutils clang clang-format clang-tidy libbenchmark-dev libclang-rt-14-
 install  libbenchmark-dev libgtest-dev pkg-config
 fortran  gfortran libbenchmark-dev libgtest-dev pkg-config
 hosts    fp-compiler libbenchmark-dev libgtest-dev mono-mcs
+spreadsheet libreoffice-calc libreoffice-dev python3-uno
 aarch64  binutils g++-aarch64-linux-gnu qemu-user
 debian   debhelper dpkg-dev libgtest-dev lintian pkg-config
 bench    libbenchmark-dev libgtest-dev python3-matplotlib

@@ -1,0 +1,91 @@
+# SPDX-License-Identifier: MIT
+"""The functions that a spreadsheet sees: every export of the catalogue and the conversions of units, with the help of
+their arguments and the one rule of failure of the spreadsheet faces (README.md)."""
+import csv
+import math
+import pathlib
+import re
+import sys
+from typing import NamedTuple, Optional
+
+sys.dont_write_bytecode = True  # the source tree may be read-only
+HERE = pathlib.Path(__file__).resolve().parent
+sys.path.insert(0, str(HERE.parents[1] / "VAPRIX" / "exports"))
+import answers  # noqa: E402
+from generate import ARGUMENTS, WRITTEN, catalogue, result_type  # noqa: E402
+
+CATEGORY = "VAPRIX"
+REASON = "VAPRIX_REASON"
+REASON_HELP = "Why a function answers #N/A, in words; empty where it answers a value"
+REASON_ARGUMENTS = [("function", "name of the function, as text"), ("arguments", "its arguments, in order")]
+# A function answering 0 stores this code; called before another, what is read after that is the other's own.
+RESETS_CODE = ("HVAPOT", 300)
+UNWRITTEN = -99999.0  # what an export writes is this before, and so after a failure that writes nothing
+
+
+class Refusal(NamedTuple):
+    """A result that is a failure, the code that is stored with it, and the reason in words."""
+
+    value: float
+    code: Optional[int]
+    reason: str
+
+
+class Function(NamedTuple):
+    name: str  # in the spreadsheet
+    arguments: list  # as the spreadsheet gives them: (name, help)
+    help: str
+    export: Optional[dict] = None  # its row of the catalogue
+    conversion: str = ""  # else the formula
+    refusals: tuple = ()
+
+
+def worksheet_name(export):
+    """The name of an export; one that is also the address of a cell ends in an underscore."""
+    return export + "_" * bool(re.fullmatch("[A-Z]{1,3}[0-9]+", export))
+
+
+def refusals(entry):
+    """The results of an export that are failures."""
+    said = answers.answers(entry)
+    if said.otherwise == "never fails":
+        return ()
+    if said.otherwise:  # `VALUE where; more`, or nothing is written
+        value, where = re.match(r"(-?[\d.]+)? ?([^;]*)", said.otherwise).groups()
+        found = {(value or str(UNWRITTEN), None): [where]}
+    else:
+        found = {}
+        for refused in said.refusals():
+            if not refused.value.startswith("that of"):  # the saturated liquid is an answer
+                found.setdefault((refused.value, refused.code), []).append(refused.where)
+    return tuple(Refusal(float(value.replace("positive ", "")), code, worded(where, code, said.range))
+                 for (value, code), where in found.items())
+
+
+def worded(where, code, answered):
+    stored = f" (code {code})" if code is not None else ""
+    return f"{' or '.join(where)}{stored}; range: {answered}"
+
+
+def conversions():
+    with open(HERE / "conversions.csv", newline="", encoding="utf-8") as file:
+        return [Function(row["name"], [(row["argument"], row["help"])], row["description"], None, row["formula"])
+                for row in csv.DictReader(file)]
+
+
+def exported(entry, families):
+    given = [(a, ARGUMENTS[a].replace(", read and written", "")) for a in entry["arguments"] if a not in WRITTEN]
+    unit = f", {entry['unit']}" if entry["unit"] else ""
+    title = families[entry["family"]]["title"]
+    return Function(worksheet_name(entry["name"]), given, f"{entry['description']}{unit}. {title}.", entry, "",
+                    refusals(entry))
+
+
+def functions():
+    entries, families = catalogue()
+    return [exported(entry, families) for entry in entries] + conversions()
+
+
+def is_failure(function, result):
+    """The rule: a result that is not finite, or one that the export refuses by."""
+    return not math.isfinite(result) or any(result == refused.value for refused in function.refusals)
