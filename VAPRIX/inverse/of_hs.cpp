@@ -95,7 +95,7 @@ Region owner5(State& at) noexcept {
 // has no meaning. The residuals of the point before, kJ/kg, tell when the error, of second order in
 // them, is one of rounding: when they are less than `rest`.
 template <class Equation, auto advance = by_step>
-Attempt attempt_in(State start, Region (*owner)(State&) noexcept, double rest, double h,
+Attempt attempt_in(Point<double> start, Region (*owner)(State&) noexcept, double rest, double h,
                    double s) noexcept {
     constexpr bool is_dense = std::is_same_v<Equation, region3>;
     constexpr Box<double> box_3{{50, 600}, {800, 900}};
@@ -104,14 +104,15 @@ Attempt attempt_in(State start, Region (*owner)(State&) noexcept, double rest, d
                                 Point<double> left) noexcept {
         return std::fabs(left.x) + at.y * std::fabs(left.y) < rest;
     };
-    const double x = is_dense ? 1 / start.v : start.p;
-    const auto [at, converged] = newton<advance>(Equation::hs_tangents, h, s, {x, start.t}, settled,
+    const auto [at, converged] = newton<advance>(Equation::hs_tangents, h, s, start, settled,
                                                  is_dense ? &box_3 : &box_125, 0);
-    if (!converged) return {};
-    State state = is_dense ? dense_state(region3::p(at.x, at.y), at.y, at.x)
-                           : gibbs_state(region_of<Equation>, at.x, at.y);
-    const Region belongs_to = owner(state);
-    return {state, belongs_to, true};
+    Attempt found{.converged = converged};
+    if (converged) {
+        found.state = is_dense ? dense_state(region3::p(at.x, at.y), at.y, at.x)
+                               : gibbs_state(region_of<Equation>, at.x, at.y);
+        found.belongs_to = owner(found.state);
+    }
+    return found;
 }
 
 // What the search for wet steam ends with.
@@ -214,35 +215,38 @@ Attempt attempt_wet(double h, double s) noexcept {
     return attempt;
 }
 
-// Start in a region's equation, from the backward equations. There is none in region 5, where h
-// hardly depends on p and s + R ln p neither.
-State start_in(Region region, double h, double s) noexcept {
+// Start in a region's equation, pressure or density and temperature, from the backward equations.
+// There is none in region 5, where h hardly depends on p and s + R ln p neither.
+Point<double> start_in(Region region, double h, double s) noexcept {
     if (region == Region::one) {
         const double p = region1::p_hs(h, s);
-        return gibbs_state(region, p, region1::t_ph(p, h));
+        return {p, region1::t_ph(p, h)};
     }
     if (region == Region::two) {
         const double p = region2::p_hs(h, s);
-        return gibbs_state(region, p, region2::t_ph(p, h));
+        return {p, region2::t_ph(p, h)};
     }
     if (region == Region::three) {
         const double p = region3::p_hs(h, s);
-        return {.region = region, .t = region3::t_ph(p, h), .v = region3::v_ps(p, s)};
+        return {1 / region3::v_ps(p, s), region3::t_ph(p, h)};
     }
     const auto p_of = [s](double p, double t) noexcept {
         return std::exp((region5::s_plus_r_ln_p_tangent_t(p, t).y - s) / R);
     };
     const double p = std::min(p_of(1, Enthalpy::t5_start(0, h)), p_max_5);
     const double t = Enthalpy::t5_start(p, h);
-    return gibbs_state(region, std::clamp(p_of(p, t), p_min, p_max_5), t);
+    return {std::clamp(p_of(p, t), p_min, p_max_5), t};
 }
 
 // The solution in a region's equation, from a single-phase state nearby if there is one.
-Attempt attempt(Region region, double h, double s, const State& near = {}) noexcept {
+Attempt attempt(Region region, double h, double s, const State& near) noexcept {
     if (region == Region::wet) return attempt_wet(h, s);
-    const bool from_near = near.region != Region::wet && near.region != Region::none;
-    State start = from_near ? near : start_in(region, h, s);
-    if (from_near && region == Region::three) start.v = single<property::v>(near);
+    Point<double> start{near.p, near.t};
+    if (near.region == Region::wet || near.region == Region::none) {
+        start = start_in(region, h, s);
+    } else if (region == Region::three) {
+        start.x = 1 / single<property::v>(near);
+    }
     if (region == Region::one) return attempt_in<region1>(start, owner1, 1e-5, h, s);
     if (region == Region::two) return attempt_in<region2>(start, owner2, 1e-5, h, s);
     if (region == Region::five) return attempt_in<region5, by_ratio>(start, owner5, 1e-3, h, s);
@@ -277,7 +281,7 @@ State solve_hs(double h, double s) noexcept {
     const State nothing = refused(ErrorCode::outside_range);
     const Region region = region_unlimited(h, s).region;
     if (region == Region::none) return nothing;
-    const Attempt first = attempt(region, h, s);
+    const Attempt first = attempt(region, h, s, nothing);
     if (first.belongs_to == region) return by_owner(first.state, h, s);
 
     const auto bit = [](Region of) noexcept { return 1u << static_cast<unsigned>(of); };
@@ -296,10 +300,9 @@ State solve_hs(double h, double s) noexcept {
     }
     // In the corners of the range a state may have been lost to the mismatch of two equations.
     const Attempt lost = last;
-    if (!lost.converged) return nothing;
     for (const Region next : {Region::one, Region::two, Region::three}) {
         last = lost;
-        if ((tried & bit(next)) == 0 && neighbour_has_it(next)) return last.state;
+        if (lost.converged && (tried & bit(next)) == 0 && neighbour_has_it(next)) return last.state;
     }
     return nothing;
 }

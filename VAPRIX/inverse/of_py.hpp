@@ -77,16 +77,15 @@ template <class Y, Asked asked>
     return known ? in_region_py_b<Y, asked>(region, p, y) : refused(no_code);
 }
 
-// Temperature, K, of region 1, 2 or 5, 0 if it does not settle: Newton's method, which needs two
-// evaluations from the backward temperature and in region 5 from a fit. After relative steps of less
-// than `step` the error, of second order in them, is one of rounding.
+// Temperature, K, of region 1, 2 or 5, 0 if it does not settle: Newton's method along the isobar,
+// which needs two evaluations from the backward temperature and in region 5 from a fit. After relative
+// steps of less than `step` the error, of second order in them, is one of rounding.
 template <class Y, class Equation>
-[[nodiscard]] double solve_gibbs(double p, double y, double start, double low, double high,
+[[nodiscard]] double solve_gibbs(double p, double along, double start, double low, double high,
                                  double step) noexcept {
-    const auto [t, converged] =
-        newton_secant([p](double at) noexcept { return Y::template tangent<Equation>(p, at); },
-                      [p](double at) noexcept { return Y::template value<Equation>(p, at); },
-                      along_isobar<Y, Equation>(p, y), start, step);
+    const auto [t, converged] = newton_secant(
+        [p](double at) noexcept { return Y::template tangent<Equation>(p, at); },
+        [p](double at) noexcept { return Y::template value<Equation>(p, at); }, along, start, step);
     return converged ? onto_limit(t, low, high) : 0;
 }
 
@@ -109,11 +108,12 @@ template <class Y>
     }
     constexpr double step = 3e-8;
     constexpr double step_5 = 3e-7;  // whose isobars are straighter
-    const double t = region == Region::one
-                         ? solve_gibbs<Y, region1>(p, y, Y::t1(p, y), T_min, T_13, step)
-                     : region == Region::two
-                         ? solve_gibbs<Y, region2>(p, y, Y::t2(p, y), T_min, T_25, step)
-                         : solve_gibbs<Y, region5>(p, y, Y::t5_start(p, y), T_25, T_max, step_5);
+    const double along = region == Region::one ? y : Y::along_isobar(p, y);
+    const double t =
+        region == Region::one ? solve_gibbs<Y, region1>(p, y, Y::t1(p, y), T_min, T_13, step)
+        : region == Region::two
+            ? solve_gibbs<Y, region2>(p, along, Y::t2(p, y), T_min, T_25, step)
+            : solve_gibbs<Y, region5>(p, along, Y::t5_start(p, along), T_25, T_max, step_5);
     return t > 0 ? gibbs_state(region, p, t) : refused(ErrorCode::outside_range);
 }
 

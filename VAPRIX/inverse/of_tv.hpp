@@ -29,7 +29,8 @@ template <Asked asked>
 template <Asked asked>
 [[nodiscard]] inline State of_td(double t, double d) noexcept {
     const ErrorCode code = d < 0 ? ErrorCode::negative_density : ErrorCode::property_range;
-    State state = is_density(d) ? of_tv<asked>(t, 1 / d) : refused(code);
+    if (!is_density(d)) return {.t = t, .d = d, .refusal = code};
+    State state = of_tv<asked>(t, 1 / d);
     state.t = t;
     state.d = d;
     if constexpr (asked.p && asked.single) {

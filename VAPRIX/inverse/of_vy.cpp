@@ -120,19 +120,18 @@ struct Pair {
             return mixed<Y::y>(at) - y;
         };
         const auto settle = [&](double t) noexcept { state = of_tv<Asked{.p = true}>(t, v); };
-        const double allowed = rounding();
 
         const double highest = v < region1_end ? T_13 : v < region5_end ? T_25 : T_max;
         const Residual<double> low{T_min, residual(T_min)};
         const Residual<double> high{highest, residual(highest)};
         if (low.f >= 0 || high.f <= 0) {
             const auto& end = low.f >= 0 ? low : high;
-            if (std::fabs(end.f) <= allowed) settle(end.x);
+            if (std::fabs(end.f) <= rounding()) settle(end.x);
             return;
         }
 
         const Residual<double> root = chandrupatla(residual, low, high, spacing);
-        if (std::fabs(root.f) <= allowed) return settle(root.x);
+        if (std::fabs(root.f) <= rounding()) return settle(root.x);
 
         // A jump, or an end of the range beside a corner, where the equations of the two regions
         // that meet do not end at the same volume: the state may be on the other one's ground.

@@ -47,7 +47,7 @@ struct Enthalpy {
 
     static constexpr const auto& limits = tables::isobar_limits_h;
 
-    // Start value for the temperature of region 5, K.
+    // Start value for the temperature of region 5, K, by y along the isobar.
     static double t5_start(double p, double h) noexcept {
         return T_25 + evaluate<t5_start_h>((h - 4160) / 1000, p / p_max_5);
     }
@@ -106,9 +106,9 @@ struct Entropy {
 
     static constexpr const auto& limits = tables::isobar_limits_s;
 
-    // Start value for the temperature of region 5, K.
-    static double t5_start(double p, double s) noexcept {
-        return T_25 + evaluate<t5_start_s>(along_isobar(p, s) - 8.5058, p / p_max_5);
+    // Start value for the temperature of region 5, K, by y along the isobar.
+    static double t5_start(double p, double s_plus_r_ln_p) noexcept {
+        return T_25 + evaluate<t5_start_s>(s_plus_r_ln_p - 8.5058, p / p_max_5);
     }
 
     static double t1(double p, double s) noexcept { return region1::t_ps(p, s); }
