@@ -22,7 +22,15 @@ struct Elementary<double> {
     static double cbrt(double x) noexcept { return std::cbrt(x); }
     static double exp(double x) noexcept { return std::exp(x); }
     static double log(double x) noexcept { return std::log(x); }
+#ifdef _WIN32
+    // MinGW's is of x87, see msvcrt.def. The quotient takes back the rounding of 1 + x.
+    static double log1p(double x) noexcept {
+        const double u = 1 + x;
+        return u == 1 ? x : std::log(u) * (x / (u - 1));
+    }
+#else
     static double log1p(double x) noexcept { return std::log1p(x); }
+#endif
     static double pow(double x, double y) noexcept { return std::pow(x, y); }
 };
 

@@ -8,8 +8,10 @@
 // one after it has loaded and unloaded the library many times; fork: and that a child has the code
 // of the thread that forked, which is 0 if that had never called the library.
 #include <dlfcn.h>
+#ifndef _WIN32
 #include <sys/wait.h>
 #include <unistd.h>
+#endif
 
 #include <array>
 #include <atomic>
@@ -114,6 +116,7 @@ void check_threads() {
     check(lib.ecodetul() == stored[2] && *lib.code == stored[2], "the initial thread after others");
 }
 
+#ifndef _WIN32
 void check_fork(bool called) {
     std::thread([called] {
         if (called) store(1);
@@ -129,6 +132,7 @@ void check_fork(bool called) {
               called ? "a child of a thread that failed" : "a child of a new thread");
     }).join();
 }
+#endif
 
 }  // namespace
 
@@ -137,6 +141,8 @@ int main(int argc, char** argv) {
     load(argv[1], argv[2]);
     check_initial_thread();
     check_threads();
+#ifndef _WIN32
     if (argv[2] == std::string("fork")) check_fork(true), check_fork(false);
+#endif
     return failures == 0 ? 0 : 1;
 }

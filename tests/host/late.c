@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// A host of musl, which refuses static thread-local storage in a library that is opened late: a thread older than the
-// library has a code of its own, the initial thread has CODE.
+// A host in C that opens the library late, which musl refuses to one of static thread-local storage: a thread older than
+// the library has a code of its own, the initial thread has CODE.
 //
-//   musl LIBRARY
+//   late LIBRARY
 #include <dlfcn.h>
 #include <pthread.h>
 #include <stdio.h>
