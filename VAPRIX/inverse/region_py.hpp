@@ -25,7 +25,6 @@ template <class Y>
         if (y < y2(ts)) return Region::wet;
         if (y <= Y::surely_region2 || y <= y2(T_25)) return Region::two;
         if (y < Y::surely_region5) return Region::five;
-        if (y >= Y::outside_from) return Region::none;
         return Y::t5(p, y) <= Y::t_search_max ? Region::five : Region::none;
     }
     if (y >= Y::beyond_region1) {

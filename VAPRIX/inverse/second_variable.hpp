@@ -35,7 +35,6 @@ struct Enthalpy {
     // vapour up to the saturation pressure at 623.15 K
     static constexpr double surely_region2 = 4080.0;            // up to here
     static constexpr double surely_region5 = 7365.80223401565;  // up to here, beyond region 2
-    static constexpr double outside_from = 7376.980306192378;
     static constexpr double t_search_max = T_max;  // highest temperature that counts as region 5, K
     // above that pressure
     static constexpr double beyond_region1 = 2563.592003888252;  // from here: regions 2, 3 and 5
@@ -95,7 +94,6 @@ struct Entropy {
     static constexpr double highest = 13.9049560904359;
     static constexpr double surely_region2 = 7.15370696228142;
     static constexpr double surely_region5 = 8.66886626515754;
-    static constexpr double outside_from = 13.99764756652987;  // above highest: never reached
     static constexpr double t_search_max = 2273.2;  // 0.05 K beyond region 5, deliberately
     static constexpr double beyond_region1 = 3.778281339544279;
     static constexpr double dense_region5 = 7.15370696228142;
