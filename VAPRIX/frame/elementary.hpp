@@ -17,7 +17,8 @@ struct Elementary;
 template <>
 struct Elementary<double> {
     static double fabs(double x) noexcept { return std::fabs(x); }
-    static double copysign(double x, double y) noexcept { return std::copysign(x, y); }
+    // the compiler's: MinGW's std::copysign takes the numbers apart as integers
+    static double copysign(double x, double y) noexcept { return __builtin_copysign(x, y); }
     static double sqrt(double x) noexcept { return std::sqrt(x); }
     static double cbrt(double x) noexcept { return std::cbrt(x); }
     static double exp(double x) noexcept { return std::exp(x); }
