@@ -41,6 +41,7 @@ struct Function {
     size_t arguments;
     double (*call)(const double* x);
     std::span<const Refusal> refusals;
+    const char* range;
 };
 
 // A region as the library takes it; what cannot be one is -1, which has no equation.
@@ -157,10 +158,12 @@ Any reason(const Any& name, const Sequence<Any>& given) {
         return same && r.code == (code == 0 ? no_code : code);
     };
     const auto refusal = std::ranges::find_if(function->refusals, is_it);
-    const char* words = refusal != function->refusals.end() ? refusal->reason
-                        : std::isfinite(result)             ? ""
-                                                            : "no finite value";
-    return Any{OUString::createFromAscii(words)};
+    if (!fails(*function, result)) {
+        return Any{OUString{}};
+    }
+    const char* words = refusal != function->refusals.end() ? refusal->reason : "no finite value";
+    return Any{OUString::createFromAscii(words) +
+               "; range: " + OUString::createFromAscii(function->range)};
 }
 
 class Calc : public Methods {

@@ -16,7 +16,7 @@ from xml.sax.saxutils import escape
 
 sys.dont_write_bytecode = True  # the source tree may be read-only
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "spreadsheet"))
-from functions import (REASON, REASON_ARGUMENTS, REASON_HELP, RESETS_CODE, UNWRITTEN, WRITTEN,  # noqa: E402
+from functions import (MEANINGS, REASON, REASON_ARGUMENTS, REASON_HELP, RESETS_CODE, UNWRITTEN, WRITTEN,  # noqa: E402
                        functions, result_type)
 
 SERVICE = "vaprix.Calc"
@@ -33,18 +33,18 @@ def identifier(name):
 
 
 def interface(made, _version):
-    lines = [f"    any {method(f)}({', '.join(f'[in] any {identifier(a)}' for a, _ in f.arguments)});\n" for f in made]
+    lines = [f"    any {method(f)}({', '.join(f'[in] any {identifier(a)}' for a in f.arguments)});\n" for f in made]
     return (f"// {MADE}\nmodule vaprix {{\n  interface XCalc {{\n" + "".join(lines) +
             f"    any {identifier(REASON)}([in] any function, [in] sequence<any> arguments);\n  }};\n}};\n")
 
 
 def call(function):
     """A lambda of the values of the arguments."""
-    names = [a for a, _ in function.arguments]
+    names = function.arguments
     if function.conversion:
         return f"[](const double* x) {{ const double {names[0]} = x[0]; return {function.conversion}; }}"
     entry = function.export
-    given = ", ".join(f"x + {names.index(a)}" if a in names and a != "region" else "&" + a for a in entry["arguments"])
+    given = ", ".join("&" + a if a == "region" or a in WRITTEN else f"x + {names.index(a)}" for a in entry["arguments"])
     called = f"{entry['name']}({given})"
     body = f"return {called};"
     for written in WRITTEN & set(entry["arguments"]):
@@ -63,26 +63,26 @@ def refusal(refused):
 
 
 def table(made):
-    sets = {refusals: n for n, refusals in enumerate(dict.fromkeys(repr(f.refusals) for f in made))}
-    out, done = [], set()
+    """The refusals, once for functions that refuse alike, and the functions."""
+    refused = {}  # refusals as they read -> name and C++
     for function in made:
-        n = sets[repr(function.refusals)]
-        if function.refusals and n not in done:
-            done.add(n)
+        if function.refusals:
             rows = ",\n".join("    " + refusal(r) for r in function.refusals)
-            out.append(f"constexpr Refusal refusals_{n}[] = {{\n{rows}}};\n")
+            refused.setdefault(repr(function.refusals), (f"refusals_{len(refused)}", rows))
+    out = [f"constexpr Refusal {name}[] = {{\n{rows}}};\n" for name, rows in refused.values()]
     out.append("const Function functions[] = {\n")
     for function in made:
-        refused = f"refusals_{sets[repr(function.refusals)]}" if function.refusals else "{}"
-        out.append(f'    {{"{function.name}", {len(function.arguments)}, {call(function)}, {refused}}},\n')
+        name, _ = refused.get(repr(function.refusals), ("{}", ""))
+        out.append(f'    {{"{function.name}", {len(function.arguments)}, {call(function)}, {name},\n'
+                   f'     "{function.range}"}},\n')
     return "".join(out) + "};\n"
 
 
 def methods(made):
     out = []
     for n, function in enumerate(made):
-        given = ", ".join(f"const Any& {a}" for a, _ in function.arguments)
-        passed = ", ".join(f"&{a}" for a, _ in function.arguments)
+        given = ", ".join(f"const Any& {a}" for a in function.arguments)
+        passed = ", ".join(f"&{a}" for a in function.arguments)
         out.append(f"    Any SAL_CALL {method(function)}({given}) override {{ "
                    f"return over(functions[{n}], {{{passed}}}); }}\n")
     return "".join(out)
@@ -106,7 +106,7 @@ def configuration(made, _version):
     shown.append((REASON, REASON, REASON_HELP, REASON_ARGUMENTS))
     nodes = []
     for name, display, words, arguments in shown:
-        parameters = "".join(node(argument, argument, meaning) for argument, meaning in arguments)
+        parameters = "".join(node(argument, argument, MEANINGS[argument]) for argument in arguments)
         nodes.append(node(name, display, words,
                           f'<prop oor:name="CompatibilityName"><value xml:lang="en">{display}</value></prop>'
                           '<prop oor:name="Category"><value>Add-In</value></prop>'

@@ -13,9 +13,9 @@ import time
 sys.dont_write_bytecode = True  # the source tree may be read-only
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "spreadsheet"))
 import uno
-from functions import REASON, functions
+from functions import MEANINGS, REASON, functions
 from office import office, opened
-from sweep import NOT_AVAILABLE, Library, sweep
+from sweep import NOT_AVAILABLE, Library, cases, sweep
 from workbook import FAILING, STATES, TEMPERATURES
 
 extension, workbook, library = *sys.argv[1:3], Library(sys.argv[3])
@@ -100,7 +100,7 @@ def check_help(context):
         expect(f"functions named {function.name}", len(found), 1)
         expect(f"help of {function.name}", found[0]["Description"], function.help)
         expect(f"arguments of {function.name}", [(a.Name, a.Description) for a in found[0]["Arguments"] or ()],
-               function.arguments)
+               [(a, MEANINGS[a]) for a in function.arguments])
     expect("functions named " + REASON, sum(d["Name"] == REASON for d in every), 1)
 
 
@@ -137,7 +137,7 @@ def time_recalculation(desktop):
 
 with office(extension) as (desktop, context):
     document = opened(desktop)
-    differences, cells = sweep(document.Sheets.getByIndex(0), library)
+    differences, cells = sweep(document.Sheets.getByIndex(0), library, list(cases()))
     wrong += differences
     checks += cells
     document.Sheets.insertNewByName("odd", 1)

@@ -14,10 +14,13 @@ sys.path.insert(0, str(HERE.parents[1] / "VAPRIX" / "exports"))
 import answers  # noqa: E402
 from generate import ARGUMENTS, WRITTEN, catalogue, result_type  # noqa: E402
 
-CATEGORY = "VAPRIX"
 REASON = "VAPRIX_REASON"
 REASON_HELP = "Why a function answers #N/A, in words; empty where it answers a value"
-REASON_ARGUMENTS = [("function", "name of the function, as text"), ("arguments", "its arguments, in order")]
+REASON_ARGUMENTS = ["function", "arguments"]
+# name of an argument -> what the spreadsheet says of it
+MEANINGS = {name: meaning.replace(", read and written", "") for name, meaning in ARGUMENTS.items()} | {
+    "t": "temperature, degC", "bar": "absolute pressure, bar", "function": "name of the function, as text",
+    "arguments": "its arguments, in order"}
 # A function answering 0 stores this code; called before another, what is read after that is the other's own.
 RESETS_CODE = ("HVAPOT", 300)
 UNWRITTEN = -99999.0  # what an export writes is this before, and so after a failure that writes nothing
@@ -33,11 +36,17 @@ class Refusal(NamedTuple):
 
 class Function(NamedTuple):
     name: str  # in the spreadsheet
-    arguments: list  # as the spreadsheet gives them: (name, help)
-    help: str
+    arguments: list  # as the spreadsheet gives them, explained in MEANINGS
+    description: str
+    title: str  # of its family
     export: Optional[dict] = None  # its row of the catalogue
     conversion: str = ""  # else the formula
     refusals: tuple = ()
+    range: str = ""
+
+    @property
+    def help(self):
+        return f"{self.description}. {self.title}."
 
 
 def worksheet_name(export):
@@ -58,27 +67,25 @@ def refusals(entry):
         for refused in said.refusals():
             if not refused.value.startswith("that of"):  # the saturated liquid is an answer
                 found.setdefault((refused.value, refused.code), []).append(refused.where)
-    return tuple(Refusal(float(value.replace("positive ", "")), code, worded(where, code, said.range))
+    return tuple(Refusal(float(value.replace("positive ", "")), code, worded(where, code))
                  for (value, code), where in found.items())
 
 
-def worded(where, code, answered):
-    stored = f" (code {code})" if code is not None else ""
-    return f"{' or '.join(where)}{stored}; range: {answered}"
+def worded(where, code):
+    return " or ".join(where) + (f" (code {code})" if code is not None else "")
 
 
 def conversions():
     with open(HERE / "conversions.csv", newline="", encoding="utf-8") as file:
-        return [Function(row["name"], [(row["argument"], row["help"])], row["description"], None, row["formula"])
-                for row in csv.DictReader(file)]
+        return [Function(row["name"], [row["argument"]], row["description"], "Conversion of units", None,
+                         row["formula"]) for row in csv.DictReader(file)]
 
 
 def exported(entry, families):
-    given = [(a, ARGUMENTS[a].replace(", read and written", "")) for a in entry["arguments"] if a not in WRITTEN]
     unit = f", {entry['unit']}" if entry["unit"] else ""
-    title = families[entry["family"]]["title"]
-    return Function(worksheet_name(entry["name"]), given, f"{entry['description']}{unit}. {title}.", entry, "",
-                    refusals(entry))
+    return Function(worksheet_name(entry["name"]), [a for a in entry["arguments"] if a not in WRITTEN],
+                    entry["description"] + unit, families[entry["family"]]["title"], entry, "", refusals(entry),
+                    answers.answers(entry).range)
 
 
 def functions():
