@@ -24,10 +24,10 @@ struct Elementary<double> {
     static double exp(double x) noexcept { return std::exp(x); }
     static double log(double x) noexcept { return std::log(x); }
 #ifdef _WIN32
-    // MinGW's is of x87, see msvcrt.def. The quotient takes back the rounding of 1 + x.
+    // MinGW's is of x87, see msvcrt.def. The second term takes back the rounding of 1 + x.
     static double log1p(double x) noexcept {
         const double u = 1 + x;
-        return u == 1 ? x : std::log(u) * (x / (u - 1));
+        return std::log(u) + (x - (u - 1)) / u;
     }
 #else
     static double log1p(double x) noexcept { return std::log1p(x); }

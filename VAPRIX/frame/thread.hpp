@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 //
 // What the error code asks of the operating system: a word for each thread, and which thread is the
-// process's first. Nothing else of the library depends on a system.
+// process's first. Nothing else of the library depends on a system
+// but its elementary functions.
 #pragma once
 
 namespace vaprix::thread {

@@ -1,7 +1,8 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
 #
-# The time of a call of vaprix.dll in Wine beside that of libvaprix.so: the least of several runs in turn, and the ratio.
+# The time of a call of vaprix.dll in Wine beside that of libvaprix.so: the least of several runs in turn, and the
+# ratio.
 #   call_time.sh BUILD WINDOWS_BUILD [RUNS]
 set -eu
 here=$(cd "$(dirname "$0")" && pwd)
