@@ -209,7 +209,7 @@ TEST(Equations, VolumeOfRegion3) {
     Random random(36);
     Sweep sweep;
     std::map<std::string, int> visits;
-    const int count = strata::states(0.1);
+    const int count = std::max(strata::states(0.1), 5000);  // so that few states visit each too
     for (int k = 0; k < count; ++k) {
         // A quarter over the whole region, on both sides of the isobars that part subregions, over
         // the crowded bands, and at the critical point.
@@ -225,7 +225,7 @@ TEST(Equations, VolumeOfRegion3) {
                                    : ridge + random.offset(1e-3, kind == 3 ? 3 : 30);
         if (!(t > t_low && published::p_b23<Quad>(t) < p)) continue;
         const Equation& of = published::v3_pt<Quad>(p, t);
-        if (++visits[of.name] > count / 26) continue;
+        if (++visits[of.name] > strata::states(0.003) + 15) continue;
         sweep.check("", of, function(of.name)(p, t), p, t);
         const double exported = bound::call<VBPT>(p, t);
         const bool published_here = of.name[2] <= 't';
@@ -236,7 +236,7 @@ TEST(Equations, VolumeOfRegion3) {
                         published_here ? published_percent[index] * margin : iterated, {p, t});
     }
     for (char letter = 'a'; letter <= 'z'; ++letter)
-        EXPECT_GE(visits[std::string("v3") + letter], count / 10000) << letter;
+        EXPECT_GE(visits[std::string("v3") + letter], 1) << letter;
     for (char letter = 'a'; letter <= 'z'; ++letter) {
         const Equation& of = equation<Quad>(std::string("v3") + letter);
         for (int k = strata::states(0.005); k > 0; --k) {
