@@ -11,7 +11,7 @@ constexpr Values state(double p, double T, double v, double h, double s, double 
 }
 
 // liquid, vapour, cold liquid, region 3, wet steam, cold saturated liquid, saturated vapour
-inline constexpr Values states[] = {
+inline const Values states[] = {
     state(3, 300, 0.001002151679686694, 115.33127302143957, 0.39229479240262555, 0.5),
     state(3, 600, 0.08630500910008175, 3060.8506383795316, 6.654624019451805, 0.5),
     state(0.5, 275, 0.0009998610582974293, 8.263579998427824, 0.028325997535256955, 0.5),
