@@ -35,6 +35,9 @@ double p_vapour(Tangent<double> (*v_tangent_p)(double, double) noexcept, double 
     return bracketed_newton(excess, 0.0, p_min, p_highest, start, step).x;
 }
 
+// At p_min vapour is an ideal gas to 0.1 %: a volume this small needs no comparison with its limit.
+bool surely_above_p_min(double t, double v) noexcept { return v < 0.99 * R / 1000 * t / p_min; }
+
 bool forms_p(const Asked& asked) noexcept { return asked.p || asked.single; }
 
 // A pressure that is the answer itself is that of the limit where it lies a rounding beyond: that of
@@ -65,8 +68,9 @@ State up_to_t13(double t, double v, const Asked& asked) noexcept {
         return {.region = Region::wet, .p = ps, .t = t, .x = x};
     }
     // at 273.15 K the line lies a rounding below p_min
-    if (!stays_below(v, region2::v(std::min(p_min, ps), t))) return outside;
-    return vapour2(t, v, ps, asked);
+    const bool inside =
+        surely_above_p_min(t, v) || stays_below(v, region2::v(std::min(p_min, ps), t));
+    return inside ? vapour2(t, v, ps, asked) : outside;
 }
 
 State up_to_t23(double t, double v, const Asked& asked) noexcept {
@@ -78,7 +82,8 @@ State up_to_t23(double t, double v, const Asked& asked) noexcept {
     constexpr double overlap_end = 623.155;
     const bool overlapped = t < overlap_end && v < v_b * (1 + overlap);
     if (vapour && !overlapped) {
-        return stays_below(v, region2::v(p_min, t)) ? vapour2(t, v, p_b, asked) : outside;
+        const bool inside = surely_above_p_min(t, v) || stays_below(v, region2::v(p_min, t));
+        return inside ? vapour2(t, v, p_b, asked) : outside;
     }
     if (t < T_crit) {
         const double ps = psat(t);
