@@ -94,9 +94,8 @@ Region owner5(State& at) noexcept {
 // Newton's method in a region's equation, given up as soon as it leaves the box, where the equation
 // has no meaning. The residuals of the point before, kJ/kg, tell when the error, of second order in
 // them, is one of rounding: when they are less than `rest`.
-template <class Equation, auto advance = by_step>
-Attempt attempt_in(Point<double> start, Region (*owner)(State&) noexcept, double rest, double h,
-                   double s) noexcept {
+template <class Equation, auto owner, auto advance = by_step>
+Attempt attempt_in(Point<double> start, double rest, double h, double s) noexcept {
     constexpr bool is_dense = std::is_same_v<Equation, region3>;
     constexpr Box<double> box_3{{50, 600}, {800, 900}};
     constexpr Box<double> box_125{{-10, 250}, {2 * p_max, 3000}};
@@ -247,10 +246,10 @@ Attempt attempt(Region region, double h, double s, const State& near) noexcept {
     } else if (region == Region::three) {
         start.x = 1 / single<property::v>(near);
     }
-    if (region == Region::one) return attempt_in<region1>(start, owner1, 1e-5, h, s);
-    if (region == Region::two) return attempt_in<region2>(start, owner2, 1e-5, h, s);
-    if (region == Region::five) return attempt_in<region5, by_ratio>(start, owner5, 1e-3, h, s);
-    return attempt_in<region3>(start, owner3, 1e-6, h, s);
+    if (region == Region::one) return attempt_in<region1, owner1>(start, 1e-5, h, s);
+    if (region == Region::two) return attempt_in<region2, owner2>(start, 1e-5, h, s);
+    if (region == Region::five) return attempt_in<region5, owner5, by_ratio>(start, 1e-3, h, s);
+    return attempt_in<region3, owner3>(start, 1e-6, h, s);
 }
 
 // Where the equations of two regions overlap at their common limit and both reproduce h and s, the

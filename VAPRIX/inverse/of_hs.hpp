@@ -29,7 +29,7 @@ namespace vaprix::inverse {
 template <Asked asked>
 [[nodiscard]] VAPRIX_INLINE State complete_hs(const State& state, double h) noexcept {
     if (state.region == Region::wet) return wet_state_by<asked, property::h>(state.p, state.t, h);
-    const bool is_complete = state.region == Region::three || state.region == Region::none;
+    const bool is_complete = !asked.density || state.d > 0 || state.region == Region::none;
     return is_complete ? state : with_volume<asked>(state);
 }
 
