@@ -81,8 +81,8 @@ template <class Y, Asked asked>
 // which needs two evaluations from the backward temperature and in region 5 from a fit. After relative
 // steps of less than `step` the error, of second order in them, is one of rounding.
 template <class Y, class Equation>
-[[nodiscard]] double solve_gibbs(double p, double along, double start, double low, double high,
-                                 double step) noexcept {
+[[nodiscard]] VAPRIX_INLINE double solve_gibbs(double p, double along, double start, double low,
+                                               double high, double step) noexcept {
     const auto [t, converged] = newton_secant(
         [p](double at) noexcept { return Y::template tangent<Equation>(p, at); },
         [p](double at) noexcept { return Y::template value<Equation>(p, at); }, along, start, step);
