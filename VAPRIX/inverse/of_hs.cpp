@@ -238,14 +238,11 @@ Point<double> start_in(Region region, double h, double s) noexcept {
 }
 
 // The solution in a region's equation, from a single-phase state nearby if there is one.
-Attempt attempt(Region region, double h, double s, const State& near) noexcept {
+Attempt attempt(Region region, double h, double s, const State* near = nullptr) noexcept {
     if (region == Region::wet) return attempt_wet(h, s);
-    Point<double> start{near.p, near.t};
-    if (near.region == Region::wet || near.region == Region::none) {
-        start = start_in(region, h, s);
-    } else if (region == Region::three) {
-        start.x = 1 / single<property::v>(near);
-    }
+    const bool has_near = near != nullptr && near->region != Region::wet;
+    Point<double> start = has_near ? Point{near->p, near->t} : start_in(region, h, s);
+    if (has_near && region == Region::three) start.x = 1 / single<property::v>(*near);
     if (region == Region::one) return attempt_in<region1, owner1>(start, 1e-5, h, s);
     if (region == Region::two) return attempt_in<region2, owner2>(start, 1e-5, h, s);
     if (region == Region::five) return attempt_in<region5, owner5, by_ratio>(start, 1e-3, h, s);
@@ -260,7 +257,7 @@ State by_owner(const State& state, double h, double s) noexcept {
     constexpr double overlap_13 = 0.01;  // K
     constexpr double overlap_23 = 0.01;  // MPa
     const auto owned = [&](Region owner) noexcept {
-        const Attempt tried = attempt(owner, h, s, state);
+        const Attempt tried = attempt(owner, h, s, &state);
         return tried.belongs_to == owner ? tried.state : state;
     };
     if (state.region == Region::five && state.t < T_25 + overlap_25) return owned(Region::two);
@@ -280,7 +277,7 @@ State solve_hs(double h, double s) noexcept {
     const State nothing = refused(ErrorCode::outside_range);
     const Region region = region_unlimited(h, s).region;
     if (region == Region::none) return nothing;
-    const Attempt first = attempt(region, h, s, nothing);
+    const Attempt first = attempt(region, h, s);
     if (first.belongs_to == region) return by_owner(first.state, h, s);
 
     const auto bit = [](Region of) noexcept { return 1u << static_cast<unsigned>(of); };
@@ -288,7 +285,7 @@ State solve_hs(double h, double s) noexcept {
     unsigned tried = bit(region);
     const auto neighbour_has_it = [&](Region next) noexcept {
         tried |= bit(next);
-        last = attempt(next, h, s, last.state);
+        last = attempt(next, h, s, &last.state);
         return last.belongs_to == next;
     };
     while (last.belongs_to != Region::none && (tried & bit(last.belongs_to)) == 0) {
