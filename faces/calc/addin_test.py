@@ -15,20 +15,13 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "spreadshee
 import uno
 from functions import MEANINGS, REASON, functions
 from office import office, opened
-from sweep import NOT_AVAILABLE, Library, cases, sweep
+from sweep import NOT_AVAILABLE, Checks, Library, cases, sweep
 from workbook import FAILING, STATES, TEMPERATURES
 
 extension, workbook, library = *sys.argv[1:3], Library(sys.argv[3])
 BY_NAME = {f.name: f for f in functions()}
 ERRORS = {32767: NOT_AVAILABLE, 519: "#VALUE!"}
-checks, wrong = 0, []
-
-
-def expect(what, got, wanted):
-    global checks
-    checks += 1
-    if got != wanted:
-        wrong.append(f"{what}: {got!r}, not {wanted!r}")
+expect = Checks()
 
 
 def answer(name, *values):
@@ -138,8 +131,8 @@ def time_recalculation(desktop):
 with office(extension) as (desktop, context):
     document = opened(desktop)
     differences, cells = sweep(document.Sheets.getByIndex(0), library, list(cases()))
-    wrong += differences
-    checks += cells
+    expect.wrong += differences
+    expect.count += cells
     document.Sheets.insertNewByName("odd", 1)
     check_ranges(document.Sheets.getByName("odd"))
     check_odd_arguments(document.Sheets.getByName("odd"))
@@ -151,6 +144,4 @@ with office(extension) as (desktop, context):
     check_help(context)
     time_recalculation(desktop)
 
-print("\n".join(wrong[:60]))
-print(f"{checks - len(wrong)} passed, {len(wrong)} failed")
-sys.exit(bool(wrong))
+sys.exit(expect.report())

@@ -16,20 +16,13 @@ import unohelper
 from com.sun.star.sheet import XFunctionAccess
 from functions import functions
 from office import office, opened
-from sweep import NOT_AVAILABLE, Library, cases, sweep
+from sweep import NOT_AVAILABLE, Checks, Library, cases, sweep
 
 module = pathlib.Path(sys.argv[1]).read_text(encoding="ascii")
 library = Library(sys.argv[2])
 BY_NAME = {f.name: f for f in functions()}
 NOT_A_NUMBER = "Error 2015"  # as Calc shows CVErr(xlErrValue)
-checks, wrong = 0, []
-
-
-def expect(what, got, wanted):
-    global checks
-    checks += 1
-    if got != wanted:
-        wrong.append(f"{what}: {got!r}, not {wanted!r}")
+expect = Checks()
 
 
 class Exports(unohelper.Base, XFunctionAccess):
@@ -107,12 +100,10 @@ with office() as (desktop, context):
     connect.invoke((Exports(),), (), ())
     one_of_a_kind = {(function.name, kind): (function, values, kind) for function, values, kind in cases()}
     differences, cells = sweep(document.Sheets.getByIndex(0), library, list(one_of_a_kind.values()))
-    wrong += differences
-    checks += cells
+    expect.wrong += differences
+    expect.count += cells
     document.Sheets.insertNewByName("odd", 1)
     check_ranges(document.Sheets.getByName("odd"))
     document.close(True)
 
-print("\n".join(wrong[:60]))
-print(f"{checks - len(wrong)} passed, {len(wrong)} failed")
-sys.exit(bool(wrong))
+sys.exit(expect.report())

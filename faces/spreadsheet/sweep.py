@@ -17,6 +17,24 @@ MORE = [{}, {"t": 20}, {"p": 3}, {"T": 700}, {"bar": 30}, {"v": 0.002, "T": 650}
 NOT_AVAILABLE = "#N/A"
 
 
+class Checks:
+    """What a test has compared, and what of it was wrong."""
+
+    def __init__(self):
+        self.count, self.wrong = 0, []
+
+    def __call__(self, what, got, wanted):
+        self.count += 1
+        if got != wanted:
+            self.wrong.append(f"{what}: {got!r}, not {wanted!r}")
+
+    def report(self):
+        """Prints the result; whether something was wrong."""
+        print("\n".join(self.wrong[:60]))
+        print(f"{self.count - len(self.wrong)} passed, {len(self.wrong)} failed")
+        return bool(self.wrong)
+
+
 class Library:
     """The exports as they are, by values."""
 
