@@ -19,3 +19,6 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LES
    AND CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64")
   target_compile_options(vaprix_arithmetic INTERFACE -mno-fma)
 endif()
+if(EMSCRIPTEN)
+  target_include_directories(vaprix_arithmetic INTERFACE ${CMAKE_CURRENT_LIST_DIR}/emscripten)
+endif()

@@ -15,6 +15,7 @@ hosts    fp-compiler libbenchmark-dev libgtest-dev mono-mcs
 spreadsheet libreoffice-calc libreoffice-dev python3-uno
 aarch64  binutils g++-aarch64-linux-gnu qemu-user
 windows  g++-mingw-w64-x86-64-posix gfortran-mingw-w64-x86-64-posix lld llvm-14 wine64
+emscripten emscripten nodejs
 debian   debhelper dpkg-dev libgtest-dev lintian pkg-config
 bench    libbenchmark-dev libgtest-dev python3-matplotlib
 "
