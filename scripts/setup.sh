@@ -9,14 +9,14 @@ set -eu
 parts="
 demo     cmake g++ ninja-build python3
 core     binutils clang clang-format clang-tidy libbenchmark-dev libclang-rt-14-dev libgtest-dev musl-tools
-install  libbenchmark-dev libgtest-dev pkg-config
-fortran  gfortran libbenchmark-dev libgtest-dev pkg-config
-hosts    fp-compiler libbenchmark-dev libgtest-dev mono-mcs
+install  pkg-config
+fortran  gfortran pkg-config
+hosts    fp-compiler mono-mcs
 spreadsheet libreoffice-calc libreoffice-dev python3-uno
 aarch64  binutils g++-aarch64-linux-gnu qemu-user
 windows  g++-mingw-w64-x86-64-posix gfortran-mingw-w64-x86-64-posix lld llvm-14 wine64
 emscripten emscripten nodejs
-debian   debhelper dpkg-dev libgtest-dev lintian pkg-config
+debian   abigail-tools debhelper dpkg-dev lintian pkg-config
 bench    libbenchmark-dev libgtest-dev python3-matplotlib
 "
 # packages PART: its line of the table
