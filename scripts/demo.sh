@@ -9,9 +9,9 @@ cd "$(dirname "$0")/.."
 
 sh scripts/setup.sh demo
 mkdir -p build
-cmake --preset release -DVAPRIX_BUILD_TESTS=OFF -DVAPRIX_BUILD_BENCHMARKS=OFF -B build/demo >build/demo.log 2>&1 &&
-    cmake --build build/demo --target vaprix plant >>build/demo.log 2>&1 || {
+cmake --preset library >build/demo.log 2>&1 &&
+    cmake --build build/library --target vaprix plant >>build/demo.log 2>&1 || {
     cat build/demo.log >&2
     exit 1
 }
-build/demo/examples/plant build/demo/VAPRIX/libvaprix.so "$stations"
+build/library/examples/plant build/library/VAPRIX/libvaprix.so "$stations"

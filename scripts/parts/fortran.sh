@@ -7,4 +7,4 @@ cd "$(dirname "$0")/../.."
 
 cmake --preset fortran
 cmake --build build/fortran --target faces/fortran/all
-ctest --test-dir build/fortran --label-regex fortran --output-on-failure
+ctest --test-dir build/fortran/faces/fortran --output-on-failure

@@ -5,7 +5,7 @@
 set -eu
 cd "$(dirname "$0")/../.."
 
-cmake --preset release
-cmake --build build/release --target vaprix vaprix_static
-cmake --install build/release --prefix build/hosts
+cmake --preset library
+cmake --build build/library --target vaprix vaprix_static
+cmake --install build/library --component Unspecified --prefix build/hosts
 sh faces/hosts/test.sh build/hosts

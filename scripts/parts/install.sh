@@ -5,6 +5,6 @@
 set -eu
 cd "$(dirname "$0")/../.."
 
-cmake --preset release
-cmake --build build/release --target vaprix vaprix_static
-ctest --test-dir build/release --label-regex install --output-on-failure
+cmake --preset library
+cmake --build build/library --target vaprix vaprix_static
+sh tests/install/install.sh "$PWD" "$PWD/build/library" lib "$PWD/build/library/generated/exports.txt"

@@ -10,11 +10,13 @@ scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 cd "$scratch"
 
-cmake --install "$build" --prefix "$scratch/gone" >installed.log
-cmake --build "$build" --target uninstall >uninstalled.log
+# --component, of which there is but this one, leaves the list of what the user of the build installed
+cmake --install "$build" --component Unspecified --prefix "$scratch/gone" >installed.log
+mv "$build/install_manifest_Unspecified.txt" install_manifest.txt
+cmake -P "$source/cmake/uninstall.cmake"
 test -z "$(find gone -not -type d)"
 
-cmake --install "$build" --prefix "$scratch/first" >installed.log
+cmake --install "$build" --component Unspecified --prefix "$scratch/first" >installed.log
 mv first moved
 grep -rn "$scratch/first\|$source\|$build" moved && exit 1
 test -s "$(find moved -name LICENSE)"

@@ -10,7 +10,7 @@ scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 cd "$scratch"
 
-cmake --install "$build" --prefix "$scratch/first" >installed.log
+cmake --install "$build" --component Unspecified --prefix "$scratch/first" >installed.log
 mv first moved
 grep -rn "$scratch/first\|$1\|$build" moved && exit 1
 nm -D --defined-only "moved/$libdir/libvaprix_fortran.so" | sed 's/.* T //' | sort >names
