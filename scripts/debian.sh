@@ -10,6 +10,6 @@ out=build/debian
 tree=$out/vaprix
 rm -rf "$out"
 mkdir -p "$tree"
-git ls-files -z | xargs -0 cp --parents --target-directory="$tree"
+tar --create --exclude-vcs --exclude=./build . | tar --extract --directory "$tree"
 cd "$tree"
 DEB_BUILD_PROFILES=nocheck DEB_BUILD_OPTIONS=nocheck dpkg-buildpackage --build=binary --no-sign

@@ -16,7 +16,7 @@ spreadsheet libreoffice-calc libreoffice-dev python3-uno
 aarch64  binutils g++-aarch64-linux-gnu qemu-user
 windows  g++-mingw-w64-x86-64-posix gfortran-mingw-w64-x86-64-posix lld llvm-14 wine64
 emscripten emscripten nodejs
-debian   abigail-tools debhelper dpkg-dev lintian pkg-config
+debian   abigail-tools build-essential debhelper lintian pkg-config
 bench    libbenchmark-dev libgtest-dev python3-matplotlib
 "
 # packages PART: its line of the table
@@ -28,12 +28,13 @@ packages() {
 }
 
 [ $# -gt 0 ] || set -- $(echo "$parts" | cut -d' ' -f1)
-missing=""
+wanted="" missing=""
 for part in demo "$@"; do
     listed=$(packages "$part")
-    for package in $listed; do
-        dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing="$missing $package"
-    done
+    wanted="$wanted $listed"
+done
+for package in $(printf '%s\n' $wanted | sort -u); do
+    dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing="$missing $package"
 done
 [ -n "$missing" ] || exit 0
 
