@@ -8,9 +8,9 @@ set(package ${CMAKE_INSTALL_LIBDIR}/cmake/VAPRIX)
 install(TARGETS vaprix vaprix_static EXPORT VAPRIX)
 install(FILES ${PROJECT_BINARY_DIR}/generated/vaprix.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
-install(EXPORT VAPRIX NAMESPACE VAPRIX:: FILE VAPRIXConfig.cmake DESTINATION ${package})
+install(EXPORT VAPRIX NAMESPACE VAPRIX:: FILE VAPRIX-targets.cmake DESTINATION ${package})
 write_basic_package_version_file(VAPRIXConfigVersion.cmake COMPATIBILITY SameMajorVersion)
-install(FILES ${CMAKE_CURRENT_BINARY_DIR}/VAPRIXConfigVersion.cmake DESTINATION ${package})
+install(FILES cmake/VAPRIXConfig.cmake ${CMAKE_CURRENT_BINARY_DIR}/VAPRIXConfigVersion.cmake DESTINATION ${package})
 
 file(RELATIVE_PATH up ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
 cmake_path(APPEND libdir "\${prefix}" "${CMAKE_INSTALL_LIBDIR}")  # unless that is absolute

@@ -16,7 +16,7 @@ spreadsheet libreoffice-calc libreoffice-dev python3-uno
 aarch64  binutils g++-aarch64-linux-gnu qemu-user
 windows  g++-mingw-w64-x86-64-posix gfortran-mingw-w64-x86-64-posix lld llvm-14 wine64
 emscripten emscripten nodejs
-debian   abigail-tools build-essential debhelper lintian pkg-config
+debian   abigail-tools build-essential debhelper dh-fortran-mod gfortran lintian pkg-config
 bench    libbenchmark-dev libgtest-dev python3-matplotlib
 "
 # packages PART: its line of the table

@@ -1,7 +1,7 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
 #
-# The Debian packages: built, judged by lintian, unpacked into a folder of their own that a program is linked with, and
+# The Debian packages: built, judged by lintian, unpacked into a folder of their own that programs are linked with, and
 # compared with the recorded ABI.
 set -eu
 cd "$(dirname "$0")/../.."
@@ -17,6 +17,10 @@ libraries=$root/usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)
 export PKG_CONFIG_PATH="$libraries/pkgconfig"
 cc tests/install/use.c $(pkg-config --cflags --libs vaprix) -o build/debian/use
 LD_LIBRARY_PATH=$libraries build/debian/use
+gfortran faces/fortran/examples/feedwater_heater.f90 $(pkg-config --cflags --libs vaprix-fortran) -o build/debian/heater
+LD_LIBRARY_PATH=$libraries build/debian/heater | diff faces/fortran/tests/feedwater_heater.txt -
+cmake -S tests/install -B build/debian/found -G Ninja -DLANGUAGE=C -DCMAKE_PREFIX_PATH="$root/usr"
+cmake --build build/debian/found
 
 # the record of the number in the SONAME, compiled, against the types that the library's debugging information tells
 soname=$(basename "$libraries"/libvaprix.so.?)
