@@ -86,6 +86,10 @@ struct Box {
     Point<Number> low;
     Point<Number> high;
 };
+template <class Number>
+[[nodiscard]] inline bool within(const Box<Number>& box, Point<Number> at) noexcept {
+    return at.x >= box.low.x && at.x <= box.high.x && at.y >= box.low.y && at.y <= box.high.y;
+}
 
 // A variable after a step; by_ratio for a pressure on whose logarithm a and b depend: the
 // exponential of the relative step to third order.
@@ -109,11 +113,10 @@ NewtonPoint<Number> newton(TangentsOf tangents, Number a_given, Number b_given,
     constexpr int rounds = 20;
     int held_back = 0;
     for (int round = 0; round < rounds; ++round) {
-        if (box != nullptr) {
-            const Point<Number> held{std::clamp(at.x, box->low.x, box->high.x),
-                                     std::clamp(at.y, box->low.y, box->high.y)};
-            if ((held.x != at.x || held.y != at.y) && ++held_back > patience) return {held, false};
-            at = held;
+        if (box != nullptr && !within(*box, at)) {
+            at = {std::clamp(at.x, box->low.x, box->high.x),
+                  std::clamp(at.y, box->low.y, box->high.y)};
+            if (++held_back > patience) return {at, false};
         }
         const TangentPair<Number> f = tangents(at.x, at.y);
         const Point<Number> left{a_given - f.a, b_given - f.b};

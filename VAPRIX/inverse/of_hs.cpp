@@ -230,7 +230,7 @@ Point<double> start_in(Region region, double h, double s) noexcept {
         return {1 / region3::v_ps(p, s), region3::t_ph(p, h)};
     }
     const auto p_of = [s](double p, double t) noexcept {
-        return std::exp((region5::s_plus_r_ln_p_tangent_t(p, t).y - s) / R);
+        return std::exp((region5::s_plus_r_ln_p(p, t) - s) / R);
     };
     const double p = std::min(p_of(1, Enthalpy::t5_start(0, h)), p_max_5);
     const double t = Enthalpy::t5_start(p, h);

@@ -69,7 +69,7 @@ template <class Y>
 
 // O form of the region.
 template <class Y>
-[[nodiscard]] Region region_o(double p, double y) noexcept {
+[[nodiscard]] VAPRIX_INLINE Region region_o(double p, double y) noexcept {
     const Region region = region_but_phase<Y>(p, y);
     return region == Region::three && p < p_crit && Y::is_wet_o(p, y) ? Region::wet : region;
 }
