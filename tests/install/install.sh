@@ -4,21 +4,8 @@
 # The installation as its users find it: moved to another folder, by CMake, by pkg-config, linked statically, and as a
 # subproject; and nothing is left after uninstalling.
 #   install.sh SOURCE BUILD LIBDIR EXPORTS.txt
-set -eux
-source=$1 build=$2 libdir=$3 exports=$4
-scratch=$(mktemp -d)
-trap 'rm -rf "$scratch"' EXIT
-cd "$scratch"
+. "$1/tests/install/moved.sh"
 
-# --component, of which there is but this one, leaves the list of what the user of the build installed
-cmake --install "$build" --component Unspecified --prefix "$scratch/gone" >installed.log
-mv "$build/install_manifest_Unspecified.txt" install_manifest.txt
-cmake -P "$source/cmake/uninstall.cmake"
-test -z "$(find gone -not -type d)"
-
-cmake --install "$build" --component Unspecified --prefix "$scratch/first" >installed.log
-mv first moved
-grep -rn "$scratch/first\|$source\|$build" moved && exit 1
 test -s "$(find moved -name LICENSE)"
 test "$(find moved -path '*/reference/*.md' | wc -l)" -gt 15
 
@@ -31,7 +18,6 @@ use() { # use FOLDER LANGUAGE DEFINITION...
 use of_c C -DCMAKE_PREFIX_PATH="$scratch/moved"
 use of_cxx CXX -DCMAKE_PREFIX_PATH="$scratch/moved"
 
-export PKG_CONFIG_PATH="$scratch/moved/$libdir/pkgconfig"
 for file in use.c use.cpp; do
     cc "$source/tests/install/$file" $(pkg-config --cflags --libs vaprix) -o use
     LD_LIBRARY_PATH="$scratch/moved/$libdir" ./use
@@ -47,3 +33,8 @@ nm -g --undefined-only "$archive" | grep '_Z\|__cxa\|__gxx' && exit 1
 use fetched CXX -DSOURCE="$source" -DCMAKE_BUILD_TYPE=Debug
 cmake --install fetched --prefix "$scratch/nothing" >installed.log
 test ! -e nothing
+
+mv moved first
+mv install_manifest_Unspecified.txt install_manifest.txt
+cmake -P "$source/cmake/uninstall.cmake"
+test -z "$(find first -not -type d)"

@@ -12,22 +12,19 @@ sys.dont_write_bytecode = True
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1]))
 from fortran import WRITTEN, procedures, result_type  # noqa: E402
 
-MODERN = """module every_export
+MODERN = """subroutine modern(number, given, region, answer) bind(C)
     use, intrinsic :: iso_c_binding, only: c_double, c_int
     use vaprix
     implicit none
-contains
-    subroutine call_export(number, given, region, answer) bind(C)
-        integer(c_int), intent(in) :: number
-        real(c_double), intent(in) :: given(4)
-        integer(c_int), intent(inout) :: region
-        real(c_double), intent(inout) :: answer
-        select case (number)
-{cases}        end select
-    end subroutine
-end module
+    integer(c_int), intent(in) :: number
+    real(c_double), intent(in) :: given(4)
+    integer(c_int), intent(inout) :: region
+    real(c_double), intent(inout) :: answer
+    select case (number)
+{cases}    end select
+end subroutine
 """
-FIXED = """      SUBROUTINE INVOKE(NUMBER, GIVEN, REGION, ANSWER)
+FIXED = """      SUBROUTINE FIXED(NUMBER, GIVEN, REGION, ANSWER)
       INTEGER NUMBER, REGION
       DOUBLE PRECISION GIVEN(4), ANSWER
 {declared}      SELECT CASE (NUMBER)

@@ -4,19 +4,12 @@
 # The installation as Fortran programs find it: moved to another folder, the module compiled from its source, the
 # examples' results, shared and linked statically.
 #   install.sh SOURCE BUILD LIBDIR EXPORTS.txt
-set -eux
-face=$1/faces/fortran build=$2 libdir=$3 exports=$4
-scratch=$(mktemp -d)
-trap 'rm -rf "$scratch"' EXIT
-cd "$scratch"
+. "$1/tests/install/moved.sh"
+face=$source/faces/fortran
 
-cmake --install "$build" --component Unspecified --prefix "$scratch/first" >installed.log
-mv first moved
-grep -rn "$scratch/first\|$1\|$build" moved && exit 1
 nm -D --defined-only "moved/$libdir/libvaprix_fortran.so" | sed 's/.* T //' | sort >names
 grep -v '^CODE$' "$exports" | tr '[:upper:]' '[:lower:]' | sed 's/$/_/' | sort | diff - names
 
-export PKG_CONFIG_PATH="$scratch/moved/$libdir/pkgconfig"
 module=$(pkg-config --variable=module vaprix-fortran)
 
 mkdir of_cmake
