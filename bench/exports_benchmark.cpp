@@ -2,7 +2,9 @@
 //
 // Cost of each export through its exported symbol, by reference, over random states; beside it, in the
 // same loop and over the same states, the term-by-term evaluation of the same equation and the floor:
-// the library's own equation alone, inlined, with no region decision and no call.
+// the library's own equation alone, inlined, with no region decision and no call. Last, the throughput
+// of two threads beside that of one: on an idle machine a ratio below 2 means that they disturb one
+// another. So does, on any machine, a processor time of a call that is longer in company than alone.
 #include <benchmark/benchmark.h>
 
 #include <map>
@@ -35,36 +37,34 @@ using Variable = double State::*;
 constexpr Variable p = &State::p, T = &State::t, d = &State::d, v = &State::v, h = &State::h,
                    s = &State::s, x = &State::x;
 
-// Times one call on one state after the other: the one loop everything is measured in.
+// Times one call on one state after the other, each thread from a place of its own: the one loop
+// everything is measured in.
 using Loop = void (*)(benchmark::State&, const State*);
-template <class Call>
+template <auto of>
 [[gnu::flatten]] void loop(benchmark::State& run, const State* all) {
-    std::size_t k = 0;
+    auto k = static_cast<std::size_t>(run.thread_index()) * count / 2;
     for (auto _ : run) {
-        benchmark::DoNotOptimize(Call::of(all[k]));
+        benchmark::DoNotOptimize(of(all[k]));
         k = (k + 1) & (count - 1);
     }
 }
 
-template <auto function, Variable... variables>
-struct ByReference {
-    static double of(const State& a) { return function(&(a.*variables)...); }
-};
-template <auto function, Variable... variables>
-struct ByValue {
-    static double of(const State& a) { return function((a.*variables)...); }
-};
 // An export of these variables, and an equation of these variables.
 template <auto function, Variable... variables>
-constexpr Loop call = loop<ByReference<function, variables...>>;
+constexpr Loop call = loop<[](const State& a) { return function(&(a.*variables)...); }>;
 template <auto function, Variable... variables>
-constexpr Loop equation = loop<ByValue<function, variables...>>;
+constexpr Loop equation = loop<[](const State& a) { return function((a.*variables)...); }>;
 
 // What an export is compared with.
 struct Beside {
     Loop plain = nullptr;  // term by term
     Loop floor = nullptr;
 };
+
+bool is_asked_for(const std::string& title) {
+    static const std::regex filter(benchmark::GetBenchmarkFilter());
+    return std::regex_search(title, filter);
+}
 
 // Registers an export of a set of states if the filter lets it through. Loops that exports share are
 // measured once; the label of an export names what it is compared with.
@@ -89,10 +89,9 @@ class Rows {
 public:
     explicit Rows(Set of) : set(of) {}
     void operator()(const char* name, Loop library, Beside beside = {}) const {
-        static const std::regex filter(benchmark::GetBenchmarkFilter());
-        const auto index = static_cast<std::size_t>(set);
-        const std::string title = std::string(name) + "/" + set_names[index];
-        if (!std::regex_search(title, filter)) return;
+        const std::string title =
+            std::string(name) + "/" + sets[static_cast<std::size_t>(set)].name;
+        if (!is_asked_for(title)) return;
         const std::string plain = measure(beside.plain, title + ", term by term");
         const std::string floor = measure(beside.floor, title + ", floor");
         (void)measure(library, title, plain + "|" + floor);
@@ -102,25 +101,21 @@ public:
 // Term by term: the published equations. They are not to be inlined.
 using Published = published::State<double>;
 using Of = double (Published::*)() const;
-template <int region, Of property>
-[[gnu::noinline]] double published_of(double p_or_d, double t) {
-    return (Published(region, p_or_d, t).*property)();
-}
-template <published::Choice<double> choice>
-[[gnu::noinline]] double published_by(double a, double b) {
-    return choice(a, b)(a, b);
-}
 template <auto function>
-[[gnu::noinline]] double published_line(double of) {
-    return function(of);
-}
-[[gnu::noinline]] double published_region(double of_p, double of_t) {
-    return published::region(of_p, of_t);
-}
-constexpr auto h1 = published_of<1, &Published::h>, h2 = published_of<2, &Published::h>;
-constexpr auto v1 = published_of<1, &Published::v>, v2 = published_of<2, &Published::v>;
-constexpr auto ps = published_line<published::psat<double>>,
-               ts = published_line<published::tsat<double>>;
+constexpr auto apart = [](auto... of) __attribute__((noinline)) -> double {
+    return function(of...);
+};
+template <int region, Of property>
+constexpr auto published_of =
+    apart<[](double p_or_d, double t) { return (Published(region, p_or_d, t).*property)(); }>;
+template <published::Choice<double> choice>
+constexpr auto published_by = apart<[](double a, double b) { return choice(a, b)(a, b); }>;
+constexpr auto h1 = published_of<1, &Published::h>;
+constexpr auto h2 = published_of<2, &Published::h>;
+constexpr auto v1 = published_of<1, &Published::v>;
+constexpr auto v2 = published_of<2, &Published::v>;
+constexpr auto ps = apart<published::psat<double>>;
+constexpr auto ts = apart<published::tsat<double>>;
 
 // The library's equation of a property in a region, of (p, T), in region 3 of (density, T). Of the
 // volume of region 3 it is the pressure, on which a search for the volume is made.
@@ -187,27 +182,16 @@ constexpr Beside both = {equation<plain, variables...>, equation<own, variables.
 template <int region>
 constexpr Set set_of = region == 5 ? Set::region5 : static_cast<Set>(region - 1);
 
-template <int region>
-struct HptGiven {
-    static double of(const State& a) {
-        int given = region;
-        return HPT(&a.p, &a.t, &given);
-    }
-};
-struct Diter3 {
-    static double of(const State& a) {
-        const double start = 1.01 * a.d;
-        const double tolerance = 1e-6;
-        return DITER3(&a.p, &a.t, &start, &tolerance);
-    }
-};
-
 template <int k>
 void add_pt() {
     using P = Published;
     const Rows add(set_of<k>);
-    add("REGIONPT", call<REGIONPT, p, T>, {equation<published_region, p, T>});
-    add("HPT", loop<HptGiven<k>>, b<k, &P::h, property::h>);
+    add("REGIONPT", call<REGIONPT, p, T>, {equation<apart<published::region<double>>, p, T>});
+    const auto hpt = loop<[](const State& a) {
+        int given = k;
+        return HPT(&a.p, &a.t, &given);
+    }>;
+    add("HPT", hpt, b<k, &P::h, property::h>);
     add("VBPT", call<VBPT, p, T>, b<k, &P::v, property::v>);
     add("HBPT", call<HBPT, p, T>, b<k, &P::h, property::h>);
     add("SBPT", call<SBPT, p, T>, b<k, &P::s, property::s>);
@@ -260,10 +244,14 @@ void add_searched() {
 }
 
 void add_region3() {
-    using namespace published;
+    using published::t3_ph, published::t3_ps, published::v3_ph, published::v3_ps;
     const Rows add(Set::region3);
     add("HVT3N", call<HVT3N, v, T>, o<3, &Published::h, property::h>);
-    add("DITER3", loop<Diter3>, o<3, &Published::v, property::v>);
+    const auto diter3 = loop<[](const State& a) {
+        const double start = 1.01 * a.d, tolerance = 1e-6;
+        return DITER3(&a.p, &a.t, &start, &tolerance);
+    }>;
+    add("DITER3", diter3, o<3, &Published::v, property::v>);
     add("TBPH", call<TBPH, p, h>, both<published_by<t3_ph<double>>, region3::t_ph, p, h>);
     add("DBPH", call<DBPH, p, h>, both<published_by<v3_ph<double>>, region3::v_ph, p, h>);
     add("SBPH", call<SBPH, p, h>);
@@ -302,7 +290,7 @@ void add_further(Set set) {
 void add_line() {
     constexpr auto psat = vaprix::psat<double>, tsat = vaprix::tsat<double>;
     constexpr Beside h1_t = both<of_t<h1, ps>, of_t<region1::h, psat>, T>;
-    constexpr auto ts_p = published_line<published::tsat_p<double>>;
+    constexpr auto ts_p = apart<published::tsat_p<double>>;
     const Rows add(Set::line);
     add("PBT", call<PBT, T>, both<ps, psat, T>);
     add("TBP", call<TBP, p>, both<ts, tsat, p>);
@@ -342,12 +330,29 @@ void add_wet() {
 
 void add_mixed() {
     const Rows add(Set::mixed);
-    add("REGIONPT", call<REGIONPT, p, T>, {equation<published_region, p, T>});
+    add("REGIONPT", call<REGIONPT, p, T>, {equation<apart<published::region<double>>, p, T>});
     add("HBPT", call<HBPT, p, T>);
     add("HOPT", call<HOPT, p, T>);
     add("TBPH", call<TBPH, p, h>);
     add("TOPH", call<TOPH, p, h>);
     add("HOTD", call<HOTD, T, d>);
+}
+
+void add_threads() {
+    const State* const all = states(Set::mixed).data();  // made before the threads start
+    const auto add = [all](const char* title, Loop timed) {
+        if (!is_asked_for(title)) return;
+        const auto run = [timed, all](benchmark::State& state) { timed(state, all); };
+        benchmark::RegisterBenchmark(title, run)->ThreadRange(1, 2)->UseRealTime();
+    };
+    add("HBPT/all regions", call<HBPT, p, T>);
+    add("HOPT/all regions", call<HOPT, p, T>);
+    add("TBPH/all regions", call<TBPH, p, h>);
+    const auto failing = loop<[](const State& a) {
+        const double outside = -a.p;
+        return HOPT(&outside, &a.t);
+    }>;
+    add("HOPT/every call fails and stores its code", failing);
 }
 
 }  // namespace
@@ -379,5 +384,6 @@ int main(int argc, char** argv) {
     add_line();
     add_wet();
     add_mixed();
+    add_threads();
     benchmark::RunSpecifiedBenchmarks(".");
 }

@@ -75,7 +75,7 @@ def exports_table(compared):
 
 def threads_table(timed):
     rows = []
-    for name in dict.fromkeys(name.split("/real_time")[0] for name in timed):
+    for name in dict.fromkeys(name.split("/real_time")[0] for name in timed if "/threads:" in name):
         one, two = (timed[f"{name}/real_time/threads:{k}"] for k in (1, 2))
         rows.append([f"`{name.split('/')[0]}`", name.split("/")[1], f"{1e3 / one['wall']:.1f}",
                      f"{1e3 / two['wall']:.1f}", f"{one['wall'] / two['wall']:.2f}", f"{one['cpu']:.1f}",
@@ -120,7 +120,6 @@ def main():
     context, timed = run(bench / "exports_benchmark", options.repetitions, f"--benchmark_filter={options.filter}",
                          "--benchmark_enable_random_interleaving=true")
     compared = exports(timed)
-    _, threads = run(bench / "threads_benchmark", options.repetitions)
     processor = re.search(r"model name\s*: (.*)", pathlib.Path("/proc/cpuinfo").read_text(encoding="utf-8"))
     with tempfile.NamedTemporaryFile() as stripped:
         subprocess.run(["strip", "-o", stripped.name, library], check=True)
@@ -141,7 +140,7 @@ Written by `bench/report.py`; `bench/README.md` says what is measured and how to
 {exports_table(compared)}
 ## Threads
 
-{threads_table(threads)}
+{threads_table(timed)}
 ## Loading
 
 The stripped library has {size:.0f} KiB.

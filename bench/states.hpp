@@ -5,11 +5,9 @@
 
 #include <array>
 #include <cstddef>
-#include <random>
 #include <vector>
 
-#include "frame/constants.hpp"
-#include "vaprix.h"
+#include "strata.hpp"
 
 struct State {
     double p, t;        // MPa, K
@@ -17,78 +15,59 @@ struct State {
     double x;           // vapour quality of wet steam
 };
 
-enum class Set {
-    region1,  // uniform in p and T over the region
-    region2,
-    region3,
-    region5,
-    mixed,  // any of the four regions, state by state
-    line,   // saturation line up to 623.15 K: T uniform, p on its own uniform in pressure
-    dense,  // saturated liquid above 623.15 K
-    wet,    // wet steam up to 623.15 K, uniform in T and x
+// A set for each of the benchmarks' `sets`, in their order.
+enum class Set { region1, region2, region3, region5, mixed, line, dense, wet };
+
+inline strata::Point single_phase(strata::Random& random, int region, double low, double high) {
+    for (;;) {
+        const double t = random.uniform(low, high);
+        const double p =
+            random.uniform(strata::p_low, region == 5 ? strata::p_high_5 : strata::p_high);
+        if (bound::call<REGIONPT>(p, t) == region) return {p, t};
+    }
+}
+inline strata::Point saturated(double t, double x) { return {bound::call<PBT>(t), t, x}; }
+
+struct Sampled {
+    const char* name;
+    strata::Point (*sample)(strata::Random&);
 };
-inline constexpr std::array set_names{"region 1", "region 2",        "region 3",       "region 5",
-                                      "mixed",    "saturation line", "above 623.15 K", "wet steam"};
+inline const std::array<Sampled, 8> sets = {
+    // uniform in p and T over the region
+    Sampled{"region 1", [](auto& r) { return single_phase(r, 1, strata::T_low, strata::T_13); }},
+    {"region 2", [](auto& r) { return single_phase(r, 2, strata::T_low, strata::T_25); }},
+    {"region 3", [](auto& r) { return single_phase(r, 3, strata::T_13, strata::T_23); }},
+    {"region 5", [](auto& r) { return single_phase(r, 5, strata::T_25, strata::T_high); }},
+    // any of the four, state by state
+    {"mixed", [](auto& r) { return sets[static_cast<std::size_t>(r.integer(0, 3))].sample(r); }},
+    // up to 623.15 K: T uniform, p on its own uniform in pressure
+    {"saturation line",
+     [](auto& r) {
+         const double p = r.uniform(strata::p_low, strata::p_13);
+         return strata::Point{p, r.uniform(strata::T_low, strata::T_13)};
+     }},
+    // saturated liquid
+    {"above 623.15 K",
+     [](auto& r) { return saturated(r.uniform(strata::T_13, strata::T_crit), 0); }},
+    // up to 623.15 K, uniform in T and x
+    {"wet steam", [](auto& r) {
+         const double x = r.uniform(0, 1);
+         return saturated(r.uniform(strata::T_low, strata::T_13), x);
+     }}};
 
 // A power of two, so that an index is kept inside by a mask.
 inline constexpr std::size_t count = 1 << 16;
 
-using Random = std::mt19937_64;
-
-inline double uniform(Random& random, double low, double high) {
-    return std::uniform_real_distribution<double>(low, high)(random);
-}
-
-inline State single_phase(Random& random, int region, double t_low, double t_high) {
-    State a{};
-    do {
-        a.t = uniform(random, t_low, t_high);
-        a.p = uniform(random, vaprix::p_min, region == 5 ? vaprix::p_max_5 : vaprix::p_max);
-    } while (REGIONPT(&a.p, &a.t) != region);
-    a.d = DOPT(&a.p, &a.t);
-    a.v = VOPT(&a.p, &a.t);
-    a.h = HOPT(&a.p, &a.t);
-    a.s = SOPT(&a.p, &a.t);
-    return a;
-}
-
-// x = 0: the saturated liquid.
-inline State saturated(double t, double x) {
-    const double d = x == 0 ? DLOT(&t) : DOTX(&t, &x);
-    return {PBT(&t), t, d, 1 / d, HOTX(&t, &x), SOTX(&t, &x), x};
-}
-
 // The states of a set, count of them, made when first asked for.
 inline const std::vector<State>& states(Set set) {
-    using vaprix::p_min, vaprix::psat_13, vaprix::T_13, vaprix::T_23_max, vaprix::T_25,
-        vaprix::T_crit, vaprix::T_max, vaprix::T_min;
-    static std::array<std::vector<State>, set_names.size()> all;
+    using namespace bound;
+    static std::array<std::vector<State>, sets.size()> all;
     const auto index = static_cast<std::size_t>(set);
     std::vector<State>& found = all[index];
-    Random random(20260000U + index);
+    strata::Random random(20260000U + index);
     while (found.size() < count) {
-        switch (set) {
-            case Set::region1: found.push_back(single_phase(random, 1, T_min, T_13)); break;
-            case Set::region2: found.push_back(single_phase(random, 2, T_min, T_25)); break;
-            case Set::region3: found.push_back(single_phase(random, 3, T_13, T_23_max)); break;
-            case Set::region5: found.push_back(single_phase(random, 5, T_25, T_max)); break;
-            case Set::mixed: {
-                const auto k = static_cast<std::size_t>(random());
-                found.push_back(states(static_cast<Set>(k % 4))[k / 4 % count]);
-                break;
-            }
-            case Set::line: {
-                const double t = uniform(random, T_min, T_13);
-                found.push_back({uniform(random, p_min, psat_13), t, 0, 0, 0, 0, 0});
-                break;
-            }
-            case Set::dense: found.push_back(saturated(uniform(random, T_13, T_crit), 0)); break;
-            case Set::wet: {
-                const double x = uniform(random, 0, 1);
-                found.push_back(saturated(uniform(random, T_min, T_13), x));
-                break;
-            }
-        }
+        const strata::State at = strata::state(sets[index].sample(random));
+        found.push_back({at[p], at[T], at[d], at[v], at[h], at[s], at[x]});
     }
     return found;
 }
