@@ -8,7 +8,7 @@ set -eu
 
 parts="
 demo     cmake g++ ninja-build python3
-core     binutils clang clang-format clang-tidy libbenchmark-dev libclang-rt-14-dev libgtest-dev musl-tools
+core     binutils clang clang-format clang-tidy libbenchmark-dev libclang-rt-14-dev libgtest-dev libmpfr-dev musl-tools
 install  pkg-config
 fortran  gfortran pkg-config
 hosts    fp-compiler mono-mcs

@@ -21,8 +21,9 @@ def close(line, again):
     return a and b and a[1] == b[1] and abs(float(a[2]) - float(b[2])) <= 1e-4 * abs(float(a[2]))
 
 
-def differs(tool, path):
-    again = subprocess.run([tool], stdout=subprocess.PIPE, text=True, check=True).stdout.splitlines()
+def differs(tool, built, path):
+    command = [sys.executable, ROOT / tool] if tool.endswith(".py") else [built / pathlib.Path(tool).name]
+    again = subprocess.run(command, stdout=subprocess.PIPE, text=True, check=True).stdout.splitlines()
     lines = path.read_text(encoding="utf-8").splitlines()
     return len(lines) != len(again) or any(a != b and not close(a, b) for a, b in zip(lines, again))
 
@@ -35,7 +36,7 @@ def main(built):
         return 1
     with concurrent.futures.ThreadPoolExecutor() as pool:
         stale = [path for path, found in zip(fitted, pool.map(
-            lambda path: differs(built / pathlib.Path(makers[path]).name, path), fitted)) if found]
+            lambda path: differs(makers[path], built, path), fitted)) if found]
     for path in stale:
         print(f"{path}: not what {makers[path]} prints", file=sys.stderr)
     return 1 if stale else 0

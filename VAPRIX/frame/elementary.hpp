@@ -1,38 +1,31 @@
 // SPDX-License-Identifier: MIT
 //
 // The elementary functions of a number. The equations are templates over the number that they are
-// evaluated with; a kind of number beside double takes part by its own Elementary<Number>.
+// evaluated with. Our own functions serve every number with the format of a double, with the same
+// bits on every machine; another kind of number takes part by its own
+// Elementary<Number> and RealPowers<Number>.
 #pragma once
 
-#include <cmath>
 #include <type_traits>
 
+#include "frame/cube_root.hpp"
+#include "frame/exponential.hpp"
 #include "frame/inline.hpp"
+#include "frame/logarithm.hpp"
+#include "frame/machine.hpp"
+#include "frame/real_power.hpp"
 
 namespace vaprix {
 
 template <class Number>
-struct Elementary;
-
-template <>
-struct Elementary<double> {
-    static double fabs(double x) noexcept { return std::fabs(x); }
-    // the compiler's: MinGW's std::copysign takes the numbers apart as integers
-    static double copysign(double x, double y) noexcept { return __builtin_copysign(x, y); }
-    static double sqrt(double x) noexcept { return std::sqrt(x); }
-    static double cbrt(double x) noexcept { return std::cbrt(x); }
-    static double exp(double x) noexcept { return std::exp(x); }
-    static double log(double x) noexcept { return std::log(x); }
-#ifdef _WIN32
-    // MinGW's is of x87, see msvcrt.def. The second term takes back the rounding of 1 + x.
-    static double log1p(double x) noexcept {
-        const double u = 1 + x;
-        return std::log(u) + (x - (u - 1)) / u;
-    }
-#else
-    static double log1p(double x) noexcept { return std::log1p(x); }
-#endif
-    static double pow(double x, double y) noexcept { return std::pow(x, y); }
+struct Elementary {
+    static Number fabs(Number x) noexcept { return machine::fabs(x); }
+    static Number copysign(Number x, Number y) noexcept { return machine::copysign(x, y); }
+    static Number sqrt(Number x) noexcept { return machine::sqrt(x); }
+    static Number cbrt(Number x) noexcept { return cube_root(x); }
+    static Number exp(Number x) noexcept { return exponential(x); }
+    static Number log(Number x) noexcept { return logarithm(x); }
+    static Number log1p(Number x) noexcept { return logarithm_of_one_plus(x); }
 };
 
 template <class Number>
@@ -72,7 +65,7 @@ VAPRIX_INLINE Number log1p(Number x) noexcept {
 
 template <class Number>
 VAPRIX_INLINE Number pow(Number x, std::type_identity_t<Number> y) noexcept {
-    return Elementary<Number>::pow(x, y);
+    return RealPowers<Number>(x).to(y);
 }
 
 }  // namespace vaprix

@@ -17,15 +17,16 @@ inline Number signed_sqrt(Number x) noexcept {
 // ln|x|; -230 at 0.
 template <class Number>
 inline Number guarded_log(Number x) noexcept {
-    return x != 0 ? log(fabs(x)) : Number(-230);
+    return machine::select(x != 0, log(fabs(x)), Number(-230));
 }
 
 // exp(x), held between 1e-100 and 1e100.
 template <class Number>
 inline Number clamped_exp(Number x) noexcept {
-    if (x > 230) return Number(1e100);
-    if (x < -230) return Number(1e-100);
-    return exp(x);
+    const auto high = x > 230;
+    const auto low = x < -230;
+    if (machine::none(high | low)) return exp(x);
+    return machine::select(high, Number(1e100), machine::select(low, Number(1e-100), exp(x)));
 }
 
 }  // namespace vaprix

@@ -2,9 +2,9 @@
 #include "inverse/of_hs.hpp"
 
 #include <algorithm>
-#include <cmath>
 #include <type_traits>
 
+#include "frame/elementary.hpp"
 #include "frame/newton.hpp"
 #include "inverse/region_hs.hpp"
 #include "regions/saturated_energies.hpp"
@@ -70,7 +70,7 @@ bool in_dome(const State& at) noexcept {
     if (at.t >= t_near_critical) return false;
     const double ps = psat(at.t);
     const bool liquid = at.d > d_crit;
-    if (std::fabs(at.p - ps) > close * ps) return liquid == (at.p < ps);
+    if (fabs(at.p - ps) > close * ps) return liquid == (at.p < ps);
     const auto saturated = dsat3(at.t, ps);
     return at.d < saturated.liquid && at.d > saturated.vapour;
 }
@@ -101,7 +101,7 @@ Attempt attempt_in(Point<double> start, double rest, double h, double s) noexcep
     constexpr Box<double> box_125{{-10, 250}, {2 * p_max, 3000}};
     const auto settled = [rest](Point<double> at, Point<double> /* step */,
                                 Point<double> left) noexcept {
-        return std::fabs(left.x) + at.y * std::fabs(left.y) < rest;
+        return fabs(left.x) + at.y * fabs(left.y) < rest;
     };
     const auto [at, converged] = newton<advance>(Equation::hs_tangents, h, s, start, settled,
                                                  is_dense ? &box_3 : &box_125, 0);
@@ -166,20 +166,20 @@ WetSolution solve_wet(double h, double s) noexcept {
         const double x = (s - s_liquid) / s_vaporization;
         const double f = h - h_liquid - (s - s_liquid) * tau;
         const double way = t - t_before;
-        const bool secant = std::fabs(way) > secant_way;
+        const bool secant = fabs(way) > secant_way;
         const double f_t = secant ? (f - f_before) / way + 0.5 * s_t * way
                                   : s_liquid - s - 1000 * single<property::v>(liquid) / tsat_p(p) +
                                         (tau - t) * s_t;
         t_before = t;
         f_before = f;
         const double square = f_t * f_t - 2 * f * s_t;
-        const double step = -(f_t + std::sqrt(std::max(square, 0.0))) / s_t;
+        const double step = -(f_t + sqrt(std::max(square, 0.0))) / s_t;
 
         const double low = dense ? T_13_dense : T_min;
         const double high = dense ? t_near_critical : T_13;
         const double next = std::clamp(t + step, low, high);
         if (next == t) {  // no farther on this side
-            if (std::fabs(step) < settled && std::fabs(f) < f_rounding) return {t, x, Region::wet};
+            if (fabs(step) < settled && fabs(f) < f_rounding) return {t, x, Region::wet};
             if (square < 0) return {t, x, liquid_at(t)};
             if (next == T_min) return {t, x, Region::none};
             if (next == t_near_critical) return {t, x, Region::three};
@@ -191,8 +191,7 @@ WetSolution solve_wet(double h, double s) noexcept {
         }
         const bool at_limit = t + step != next;
         t = next;
-        const bool small =
-            std::fabs(step) < settled || (secant && std::fabs(step * way) < settled_secant);
+        const bool small = fabs(step) < settled || (secant && fabs(step * way) < settled_secant);
         if (small && !at_limit) {
             return {t, x, square >= 0 ? Region::wet : liquid_at(t)};
         }
@@ -230,7 +229,7 @@ Point<double> start_in(Region region, double h, double s) noexcept {
         return {1 / region3::v_ps(p, s), region3::t_ph(p, h)};
     }
     const auto p_of = [s](double p, double t) noexcept {
-        return std::exp((region5::s_plus_r_ln_p(p, t) - s) / R);
+        return exp((region5::s_plus_r_ln_p(p, t) - s) / R);
     };
     const double p = std::min(p_of(1, Enthalpy::t5_start(0, h)), p_max_5);
     const double t = Enthalpy::t5_start(p, h);

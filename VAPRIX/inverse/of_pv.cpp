@@ -2,9 +2,9 @@
 #include "inverse/of_pv.hpp"
 
 #include <algorithm>
-#include <cmath>
 
 #include "frame/bracketed_newton.hpp"
+#include "frame/elementary.hpp"
 #include "inverse/beside_line.hpp"
 #include "regions/b23.hpp"
 
@@ -37,7 +37,7 @@ double temperature1(double p, double v, double t_least, double v_least, double t
                     double v_end) noexcept {
     if (!(v > v_least && v_end > v_least)) return t_least;
     // v rises with the square of the distance, nearly
-    const double start = t_least + (t_end - t_least) * std::sqrt((v - v_least) / (v_end - v_least));
+    const double start = t_least + (t_end - t_least) * sqrt((v - v_least) / (v_end - v_least));
     return temperature(region1::v_tangent_t, p, v, std::min(t_least, t_end),
                        std::max(t_least, t_end), start);
 }

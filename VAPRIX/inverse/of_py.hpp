@@ -12,7 +12,6 @@
 #pragma once
 
 #include <algorithm>
-#include <cmath>
 
 #include "frame/bracketed_newton.hpp"
 #include "frame/newton.hpp"

@@ -7,9 +7,9 @@
 #include "inverse/of_ty.hpp"
 
 #include <algorithm>
-#include <cmath>
 
 #include "frame/bracketed_newton.hpp"
+#include "frame/elementary.hpp"
 #include "regions/b23.hpp"
 #include "regions/saturation_line.hpp"
 #include "state/wet.hpp"
@@ -80,10 +80,10 @@ struct Isotherm<Entropy> {
                                   double p_highest, double s_highest) noexcept {
         const auto excess = [=](double p) noexcept -> Tangent<double> {
             const Tangent<double> at = tangent_of(p, t);
-            const double p_of = std::exp((at.y - s) / R);
+            const double p_of = exp((at.y - s) / R);
             return {p - p_of, 1 - p_of * at.y_x / R};
         };
-        const double start = p_highest * std::exp((s_highest - s) / R);
+        const double start = p_highest * exp((s_highest - s) / R);
         return bracketed_newton(excess, 0.0, p_min, p_highest, std::max(start, p_min), step_p).x;
     }
 };
@@ -141,7 +141,7 @@ struct Pair {
         const auto on_leg = [=, this](double p_end, double distance_of_end) noexcept {
             if (!forms_p || distance >= distance_of_end) return gibbs_state(Region::one, p_end, t);
             const double share = distance / distance_of_end;
-            const double start = p_turn + (p_end - p_turn) * (turns ? std::sqrt(share) : share);
+            const double start = p_turn + (p_end - p_turn) * (turns ? sqrt(share) : share);
             const auto [low, high] = std::minmax(p_turn, p_end);
             const auto tangent = [this](double p) noexcept {
                 return Along::template tangent<region1>(p, t);
@@ -216,7 +216,7 @@ struct Pair {
 
     [[nodiscard]] bool within(double t_highest) const noexcept {
         constexpr double y_beyond = 1e4;  // any state, kJ/kg and kJ/(kg K) alike
-        return t >= T_min && t <= t_highest && std::fabs(y) < y_beyond;
+        return t >= T_min && t <= t_highest && fabs(y) < y_beyond;
     }
 
     // The state of lowest pressure.

@@ -6,10 +6,10 @@
 #include "inverse/of_vy.hpp"
 
 #include <algorithm>
-#include <cmath>
 
 #include "frame/bracketed_newton.hpp"
 #include "frame/chandrupatla.hpp"
+#include "frame/elementary.hpp"
 #include "frame/newton.hpp"
 #include "inverse/of_tv.hpp"
 #include "inverse/second_variable.hpp"
@@ -49,9 +49,9 @@ struct Pair {
     double v, y;
 
     // What rounding may make of y, worst at the dense end of region 3.
-    [[nodiscard]] double rounding() const noexcept { return 5e-13 * (std::fabs(y) + Y::unit); }
+    [[nodiscard]] double rounding() const noexcept { return 5e-13 * (fabs(y) + Y::unit); }
     [[nodiscard]] bool reproduces(const State& at) const noexcept {
-        return std::fabs(single<Y::y>(at) - y) <= rounding();
+        return fabs(single<Y::y>(at) - y) <= rounding();
     }
 
     // Region 1, 2 or 5 by Newton's method on (p, T), which may converge beyond the region.
@@ -126,12 +126,12 @@ struct Pair {
         const Residual<double> high{highest, residual(highest)};
         if (low.f >= 0 || high.f <= 0) {
             const auto& end = low.f >= 0 ? low : high;
-            if (std::fabs(end.f) <= rounding()) settle(end.x);
+            if (fabs(end.f) <= rounding()) settle(end.x);
             return;
         }
 
         const Residual<double> root = chandrupatla(residual, low, high, spacing);
-        if (std::fabs(root.f) <= rounding()) return settle(root.x);
+        if (fabs(root.f) <= rounding()) return settle(root.x);
 
         // A jump, or an end of the range beside a corner, where the equations of the two regions
         // that meet do not end at the same volume: the state may be on the other one's ground.
@@ -211,7 +211,7 @@ struct Pair {
     [[nodiscard]] State solve() const noexcept {
         State state = outside;
         const bool possible = v > smallest && v < largest;
-        if (!(possible && std::fabs(y) < 2 * Y::highest)) return state;
+        if (!(possible && fabs(y) < 2 * Y::highest)) return state;
         if (!guess(state)) search(state);
         prefer_owner(state);
         return state;

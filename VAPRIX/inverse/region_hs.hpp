@@ -63,7 +63,7 @@ struct RegionBeside {
     constexpr double s_rounding = 1e-9;  // kJ/(kg K), of s_23_min
     const auto divide = [](double above, double error, Region lower, Region upper) noexcept {
         if (above <= 0) std::swap(lower, upper);
-        return RegionBeside{upper, std::fabs(above) <= error ? lower : Region::none};
+        return RegionBeside{upper, fabs(above) <= error ? lower : Region::none};
     };
 
     // h - T s of either saturated phase is 0.0006 kJ/kg at 273.15 K

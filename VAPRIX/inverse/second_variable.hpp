@@ -5,10 +5,10 @@
 // variable, h in kJ/kg or s in kJ/(kg K).
 #pragma once
 
-#include <cmath>
 #include <type_traits>
 
 #include "frame/constants.hpp"
+#include "frame/elementary.hpp"
 #include "frame/polynomial.hpp"
 #include "regions/region1_backward.hpp"
 #include "regions/region2_backward.hpp"
@@ -100,7 +100,7 @@ struct Entropy {
     static constexpr double dense_outside = 9.2;
 
     // Without its logarithm of p the entropy of vapour hardly depends on p.
-    static double along_isobar(double p, double s) noexcept { return s + R * std::log(p); }
+    static double along_isobar(double p, double s) noexcept { return s + R * log(p); }
 
     static constexpr const auto& limits = tables::isobar_limits_s;
 

@@ -7,8 +7,7 @@
 // Source:   IAPWS R7-97(2012); IAPWS SR5-05(2016) for the B-family's volume of region 3.
 #pragma once
 
-#include <cmath>
-
+#include "frame/elementary.hpp"
 #include "pt/region_pt.hpp"
 #include "regions/region3_density.hpp"
 #include "regions/region3_volume.hpp"
@@ -47,7 +46,7 @@ template <Asked asked>
 
 [[nodiscard]] inline bool at_critical_point(double p, double t) noexcept {
     constexpr double near = 1e-9;  // K and MPa
-    return std::fabs(t - T_crit) < near && std::fabs(p - p_crit) < near;
+    return fabs(t - T_crit) < near && fabs(p - p_crit) < near;
 }
 
 // Region 3 at the density that reproduces p, exactly 322 kg/m3 at the critical point; which is of

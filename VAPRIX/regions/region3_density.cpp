@@ -2,12 +2,12 @@
 #include "regions/region3_density.hpp"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 #include "frame/bracketed_newton.hpp"
 #include "frame/bracketed_secant.hpp"
 #include "frame/constants.hpp"
+#include "frame/elementary.hpp"
 #include "regions/region3.hpp"
 #include "regions/region3_volume.hpp"
 #include "regions/saturation_line.hpp"
@@ -50,7 +50,7 @@ double newton(const region3::Isotherm& isotherm, double p, Side side, double d_s
     // an end of the side stands for a root beyond it, and next to the critical point the isotherm
     // is so flat that rounding decides the steps
     const bool solved = (root.converged && root.x > side.low && root.x < side.high) ||
-                        std::fabs(isotherm.p(root.x) - p) < rounding * p;
+                        fabs(isotherm.p(root.x) - p) < rounding * p;
     return solved ? root.x : 0.0;
 }
 

@@ -105,9 +105,9 @@ struct Forward {
 template <class Number>
 Number psat(Number t) noexcept {
     // Eq. (30) itself gives 22.064000000002 MPa at the critical temperature.
-    if (fabs(t - T_crit) < critical_rounding) return p_crit;
     const detail::line::Forward<Number> f(t);
-    return (f.beta * f.beta) * (f.beta * f.beta);
+    const Number ps = (f.beta * f.beta) * (f.beta * f.beta);
+    return machine::select(fabs(t - T_crit) < critical_rounding, Number(p_crit), ps);
 }
 
 // dbeta/dtheta from A beta^2 + B beta + C = 0, Eq. (29)

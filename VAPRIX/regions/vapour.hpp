@@ -163,7 +163,8 @@ Number Vapour<Equation, Number>::u(Number p, Number t) noexcept {
 // s = R (tau (gamma0_tau + gammar_tau) - (gamma0 + gammar))
 template <class Equation, class Number>
 Number Vapour<Equation, Number>::s(Number p, Number t) noexcept {
-    return s_plus_r_ln_p(p, t) - R * guarded_log(p);
+    const Number ln_p = guarded_log(p);
+    return s_plus_r_ln_p(p, t) - R * ln_p;
 }
 
 // s + R ln p

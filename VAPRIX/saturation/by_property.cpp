@@ -2,11 +2,11 @@
 #include "saturation/by_property.hpp"
 
 #include <algorithm>
-#include <cmath>
 #include <type_traits>
 
 #include "frame/bracketed_newton.hpp"
 #include "frame/bracketed_secant.hpp"
+#include "frame/elementary.hpp"
 #include "frame/polynomial.hpp"
 #include "inverse/second_variable.hpp"
 #include "regions/tables/saturated_limits.hpp"
@@ -57,9 +57,7 @@ struct Saturated {
     static constexpr auto tangent = tangent_of;
     static constexpr const SaturatedLimits& limits = limits_of;
 
-    static double below_maximum(double y) noexcept {
-        return std::sqrt(std::fmax(limits.y_max - y, 0));
-    }
+    static double below_maximum(double y) noexcept { return sqrt(std::max(0.0, limits.y_max - y)); }
     static double reduced(double y) noexcept { return y * (1 / limits.y_crit); }
 };
 struct LiquidDensity
@@ -71,7 +69,7 @@ struct LiquidDensity
 struct VapourDensity
     : Saturated<Phase::vapour, density, density_tangent<Phase::vapour>, tables::limits_d2> {
     static constexpr auto warm = polynomial(tables::start_d2);
-    static double start(double d) noexcept { return start_at<warm>(std::log(d)); }
+    static double start(double d) noexcept { return start_at<warm>(log(d)); }
 };
 struct LiquidEnthalpy
     : Saturated<Phase::liquid, region3::h, tangent<Phase::liquid, Enthalpy>, tables::limits_h1> {
@@ -120,15 +118,15 @@ double t_dense(double y) noexcept {
         const auto t_of = [](double u) noexcept {
             return std::min(T_crit * (1 - u * u), tables::t_solved);
         };
-        const Residual<double> cold{std::sqrt(1 - T_13 / T_crit), limits.y_13_dense - y};
-        const Residual<double> hot{std::sqrt(1 - tables::t_solved / T_crit), limits.y_solved - y};
+        const Residual<double> cold{sqrt(1 - T_13 / T_crit), limits.y_13_dense - y};
+        const Residual<double> hot{sqrt(1 - tables::t_solved / T_crit), limits.y_solved - y};
         return t_of(
             bracketed_secant([=](double u) noexcept { return excess(t_of(u)); }, cold, hot, step)
                 .x);
     }
     constexpr double step = 1e-5;  // a smaller one is soon less than the spacing of temperatures
     const auto t_of = [](double x) noexcept { return T_crit * (1 - x * x * x); };
-    const Residual<double> cold{std::cbrt(1 - tables::t_solved / T_crit), limits.y_estimated - y};
+    const Residual<double> cold{cbrt(1 - tables::t_solved / T_crit), limits.y_estimated - y};
     const Residual<double> hot{0, limits.y_crit - y};
     return t_of(
         bracketed_secant([=](double x) noexcept { return excess(t_of(x)); }, cold, hot, step).x);
@@ -154,10 +152,10 @@ NewtonRoot<double> t_warm(double y_given) noexcept {
     }
     // beside the first densities solved, as far as they are exact
     constexpr double exactness = 5e-12;  // relative
-    if (std::fabs(y - limits.y_13_dense) <= exactness * limits.y_13_dense) return at(T_13_dense);
+    if (fabs(y - limits.y_13_dense) <= exactness * limits.y_13_dense) return at(T_13_dense);
     // between the two equations that meet at 623.15 K
     if (between(y, limits.y_13, limits.y_13_dense)) return at(T_13);
-    if (std::fabs(y - limits.y_crit) <= rounding * limits.y_crit) return at(T_crit);
+    if (fabs(y - limits.y_crit) <= rounding * limits.y_crit) return at(T_crit);
     return between(y, limits.y_13_dense, limits.y_crit) ? at(t_dense<Property>(y)) : nowhere;
 }
 

@@ -9,8 +9,8 @@
 #pragma once
 
 #include <algorithm>
-#include <cmath>
 
+#include "frame/elementary.hpp"
 #include "regions/saturation_line.hpp"
 #include "state/wet.hpp"
 
@@ -60,7 +60,7 @@ template <Asked asked>
 inline constexpr double critical_tolerance = 1e-9;
 
 [[nodiscard]] inline bool near_critical(double p) noexcept {
-    return std::fabs(p - p_crit) < critical_tolerance;
+    return fabs(p - p_crit) < critical_tolerance;
 }
 
 // O-family, at the temperature that reproduces p. Any p above 0 is accepted: below the line the
@@ -105,7 +105,7 @@ template <Phase phase, Asked asked>
 // Up to a rounding beyond the critical point: 322 kg/m3 there.
 template <Phase phase, Asked asked>
 [[nodiscard]] VAPRIX_INLINE State phase_of_t_widened(double t) noexcept {
-    if (std::fabs(t - T_crit) < critical_tolerance) return dense_state(p_crit, t, d_crit);
+    if (fabs(t - T_crit) < critical_tolerance) return dense_state(p_crit, t, d_crit);
     return phase_of_t<phase, asked>(t);
 }
 template <Phase phase, Asked asked>
@@ -139,7 +139,7 @@ template <Phase phase, Asked asked>
 // through p <= 0.
 template <Asked asked>
 [[nodiscard]] VAPRIX_INLINE State wet_of_px_b(double p, double x) noexcept {
-    if (!(is_quality(x) && std::fabs(p) <= p_crit)) return refused(no_code);
+    if (!(is_quality(x) && fabs(p) <= p_crit)) return refused(no_code);
     State state = wet_state<asked>(p, tsat(p));
     state.x = x;
     return state;

@@ -89,7 +89,10 @@ inline constexpr Reading v_or_infinite{
 // region 5 above, whatever the region of the state. Its zero is that of the real fluid.
 template <class N>
 N ideal_gibbs(N pressure, N t) noexcept {
-    const N at_1_mpa = t <= T_25 ? Region2<N>::ideal_part(t) : Region5<N>::ideal_part(t);
+    const auto hot = t > T_25;
+    const N at_1_mpa = machine::none(hot) ? Region2<N>::ideal_part(t)
+                                          : machine::select(hot, Region5<N>::ideal_part(t),
+                                                            Region2<N>::ideal_part(t));
     return R * t * (at_1_mpa + guarded_log(pressure));
 }
 template <class N>

@@ -190,7 +190,7 @@ inline constexpr Reading d{
 // Reciprocals that are the result of some exports, down to the rounding.
 inline constexpr Reading v_of_d{[](const auto& at) noexcept {
                                     const auto density = d.of(at);
-                                    return density > 0 ? 1 / density : failed;
+                                    return machine::select(density > 0, 1 / density, failed);
                                 },
                                 d.asked};
 inline constexpr Reading d_of_v{[](const auto& at) noexcept { return 1 / mixed<v>(at); }, v.asked};
@@ -200,8 +200,8 @@ inline constexpr Reading v_of_d_of_v{[](const auto& at) noexcept { return 1 / d_
 }  // namespace property
 
 // A state of region 1, 2 or 5 with its density, if that is asked for.
-template <Asked asked>
-[[nodiscard]] VAPRIX_INLINE State with_density(State state) noexcept {
+template <Asked asked, class Number>
+[[nodiscard]] VAPRIX_INLINE StateOf<Number> with_density(StateOf<Number> state) noexcept {
     if constexpr (asked.density) {
         state.d = 1 / single<property::v>(state);
         state.v = 1 / state.d;
@@ -210,8 +210,8 @@ template <Asked asked>
 }
 
 // The other way about: v by the equation, d as its reciprocal.
-template <Asked asked>
-[[nodiscard]] VAPRIX_INLINE State with_volume(State state) noexcept {
+template <Asked asked, class Number>
+[[nodiscard]] VAPRIX_INLINE StateOf<Number> with_volume(StateOf<Number> state) noexcept {
     if constexpr (asked.density) {
         state.v = single<property::v>(state);
         state.d = 1 / state.v;

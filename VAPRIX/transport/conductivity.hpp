@@ -37,31 +37,33 @@ Number dense(Number r) noexcept {
 
 // (d1/Tr^10 + d2) rr^(9/5) exp(C1 (1 - rr^(14/5)))
 template <class Number>
-Number compressed(Number tr, Number r) noexcept {
+Number compressed(Number tr, Number r, const RealPowers<Number>& of_r) noexcept {
     const Number y = 1 / tr;
     const Number y2 = y * y;
     const Number y4 = y2 * y2;
-    const Number power = pow(r, 1.8);
+    const Number power = of_r.to(1.8);
     return (d1 * (y4 * y4 * y2) + d2) * power * clamped_exp(C1 * (1 - power * r));
 }
 
 // d3 S rr^Q exp(Q/(1 + Q) (1 - rr^(1 + Q))): the region around the critical point
 template <class Number>
-Number critical(Number t, Number r) noexcept {
+Number critical(Number t, Number r, const RealPowers<Number>& of_r) noexcept {
     const Number distance = fabs(t - T_star) / T_star + C4;
     const Number reciprocal = 1 / pow(distance, 0.6);
     const Number Q = 2 + C5 * reciprocal;
-    const Number S = t >= T_star ? 1 / distance : C6 * reciprocal;
-    const Number power = pow(r, Q);
+    const Number S = machine::select(t >= T_star, 1 / distance, C6 * reciprocal);
+    const Number power = of_r.to(Q);
     return d3 * S * power * clamped_exp(Q / (1 + Q) * (1 - power * r));
 }
 
 // d4 exp(C2 Tr^(3/2) + C3/rr^5), left out where it is smaller than 1e-85
 template <class Number>
 Number liquid(Number tr, Number root, Number r) noexcept {
-    if (r < 0.5) return Number(0);
-    const Number r2 = r * r;
-    return d4 * clamped_exp(C2 * (tr * root) + C3 / (r2 * r2 * r));
+    const auto dense = r >= 0.5;
+    if (machine::none(dense)) return Number(0);
+    const Number held = machine::select(dense, r, Number(1));
+    const Number r2 = held * held;
+    return machine::select(dense, d4 * clamped_exp(C2 * (tr * root) + C3 / (r2 * r2 * held)), 0.0);
 }
 
 }  // namespace detail::conductivity
@@ -72,7 +74,9 @@ Number conductivity(Number t, Number d) noexcept {
     const Number tr = t / T_star;
     const Number r = d / rho_star;
     const Number root = signed_sqrt(tr);
-    return dilute(tr, root) + dense(r) + (compressed(tr, r) + critical(t, r) + liquid(tr, root, r));
+    const RealPowers<Number> of_r(r);
+    return dilute(tr, root) + dense(r) +
+           (compressed(tr, r, of_r) + critical(t, r, of_r) + liquid(tr, root, r));
 }
 
 }  // namespace vaprix::transport

@@ -24,5 +24,14 @@ struct vaprix::Elementary<__float128> {
     static Quad exp(Quad x) noexcept { return expq(x); }
     static Quad log(Quad x) noexcept { return logq(x); }
     static Quad log1p(Quad x) noexcept { return log1pq(x); }
-    static Quad pow(Quad x, Quad y) noexcept { return powq(x, y); }
+};
+
+template <>
+class vaprix::RealPowers<__float128> {
+public:
+    explicit RealPowers(__float128 base) noexcept : x(base) {}
+    [[nodiscard]] __float128 to(__float128 y) const noexcept { return powq(x, y); }
+
+private:
+    __float128 x;
 };

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+//
+// What processors do to a number, IEEE 754 binary64, in an instruction or two: the ground that the
+// elementary functions stand on. A number that holds several brings the same functions.
+#pragma once
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <type_traits>
+
+#include "frame/inline.hpp"
+
+namespace vaprix::machine {
+
+VAPRIX_INLINE double fabs(double x) noexcept { return std::fabs(x); }
+VAPRIX_INLINE double sqrt(double x) noexcept { return std::sqrt(x); }
+// the compiler's: MinGW's std::copysign takes the numbers apart as integers
+VAPRIX_INLINE double copysign(double x, double y) noexcept { return __builtin_copysign(x, y); }
+
+// Where the condition holds the first, elsewhere the second.
+template <class Number>
+VAPRIX_INLINE Number select(bool condition, Number yes, std::type_identity_t<Number> no) noexcept {
+    return condition ? yes : no;
+}
+
+// Sign, exponent and fraction.
+VAPRIX_INLINE std::uint64_t bits(double x) noexcept { return std::bit_cast<std::uint64_t>(x); }
+VAPRIX_INLINE double number(std::uint64_t bits) noexcept { return std::bit_cast<double>(bits); }
+
+VAPRIX_INLINE bool none(bool condition) noexcept { return !condition; }
+
+// Of a table, the entry of an index.
+VAPRIX_INLINE double entry(const double* table, std::uint64_t index) noexcept {
+    return table[index];
+}
+
+// The number with the lower half of its fraction cut off: the product of two such is exact.
+template <class Number>
+VAPRIX_INLINE Number upper_half(Number x) noexcept {
+    return number(bits(x) & 0xffff'ffff'f800'0000u);
+}
+
+}  // namespace vaprix::machine
