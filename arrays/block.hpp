@@ -36,11 +36,12 @@ template <class Value>
 }
 
 // `count` elements, at most block_size, of the arguments in the resolver's order and the result, each
-// contiguous, and their codes. None overlays another: arguments may be read again after results are
-// written. A specialisation takes over the blocks of the exports that it is for:
+// contiguous, and their codes. No result overlays an argument, which may be read again once it is
+// written. A specialisation, below, takes over the blocks of the exports that it is for, here the
+// enthalpy of every answer rule:
 //
 //     template <class Export>
-//         requires std::same_as<typename Export::resolver, resolvers::of_pt_b>
+//         requires std::derived_from<Export, Answered<resolvers::of_pt_b, Export::rule, property::h>>
 //     struct Block<Export> {
 //         static void evaluate(std::size_t count, std::int32_t* code, const double* p,
 //                              const double* t, double* out) noexcept;

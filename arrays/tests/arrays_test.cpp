@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <iomanip>
 #include <stdexcept>
 #include <string>
 #include <tuple>
@@ -51,6 +52,16 @@ const std::vector<strata::State>& states() {
     return all;
 }
 
+template <class Number>
+bool same(Number a, Number b) {
+    if constexpr (std::is_same_v<Number, double>) {
+        if (std::isnan(a)) return std::isnan(b);  // whatever its sign
+        return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
+    } else {
+        return a == b;
+    }
+}
+
 // Elements among numbers that are not to be touched.
 template <class Number>
 class Column {
@@ -70,15 +81,7 @@ public:
     }
     [[nodiscard]] std::ptrdiff_t step() const { return step_; }
     [[nodiscard]] bool operator==(const Column& other) const {
-        return std::equal(
-            memory_.begin(), memory_.end(), other.memory_.begin(), [](Number a, Number b) {
-                if constexpr (std::is_same_v<Number, double>) {
-                    if (std::isnan(a)) return std::isnan(b);  // whatever its sign
-                    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
-                } else {
-                    return a == b;
-                }
-            });
+        return std::equal(memory_.begin(), memory_.end(), other.memory_.begin(), same<Number>);
     }
 };
 
@@ -165,7 +168,13 @@ testing::AssertionResult answers_alike(const Export& each, std::size_t n, Random
     for (std::size_t k = 0; k < inputs.size(); ++k)
         if (&inputs[k] != &result && !(inputs[k] == given[k]))
             return testing::AssertionFailure() << shape << ": argument " << k << " is changed";
-    if (!(result == expected)) return testing::AssertionFailure() << shape << ": results differ";
+    if (!(result == expected)) {
+        std::size_t k = 0;
+        while (k < n && same(result[k], expected[k])) ++k;
+        if (k == n) return testing::AssertionFailure() << shape << ": written beside results";
+        return testing::AssertionFailure() << std::setprecision(17) << shape << ": element " << k
+                                           << " is " << result[k] << ", not " << expected[k];
+    }
     if (!(region == expected_region))
         return testing::AssertionFailure() << shape << ": regions differ";
     if (!(code == expected_code)) return testing::AssertionFailure() << shape << ": codes differ";

@@ -25,6 +25,11 @@ done
 cc -static "$source/tests/install/use.c" $(pkg-config --static --cflags --libs vaprix) -o use
 ./use
 
+cc "$source/arrays/tests/use.c" $(pkg-config --cflags --libs vaprix_arrays) -o use
+LD_LIBRARY_PATH="$scratch/moved/$libdir" ./use
+cc -static "$source/arrays/tests/use.c" $(pkg-config --static --cflags --libs vaprix_arrays) -o use
+./use
+
 # The static library defines the exported names and no other, and needs the C library alone.
 archive=moved/$libdir/libvaprix.a
 nm -g --defined-only "$archive" | sed -n 's/.* [A-Z] //p' | sort | diff "$exports" -
