@@ -24,6 +24,9 @@ struct Array {
 };
 
 template <class Value>
+Array(Value*, std::ptrdiff_t) -> Array<Value>;
+
+template <class Value>
 struct Result : Array<Value> {
     static constexpr bool is_read = false;
 };

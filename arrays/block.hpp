@@ -8,7 +8,7 @@
 #include <cstdint>
 
 #include "exports/answer.hpp"
-#include "frame/thread.hpp"
+#include "stored_code.hpp"
 
 namespace vaprix::arrays {
 
@@ -24,9 +24,6 @@ struct Answered {
     static constexpr const Answers& rule = answer_rule;
     static constexpr const auto& property_asked = property_of_state;
 };
-
-// Where a call stores its code: the calling thread's word.
-[[nodiscard]] thread::Word stored_code() noexcept;
 
 // An argument that is only read is given by value, one that is written by its place.
 [[nodiscard]] inline double element(const double* at) noexcept { return *at; }

@@ -4,7 +4,7 @@
 // where it is collected.
 #include "frame/error_code.hpp"
 
-#include "block.hpp"
+#include "stored_code.hpp"
 
 namespace vaprix {
 
