@@ -200,7 +200,7 @@ TEST(Arrays, AnswerAsTheCallsOneByOne) {
         for (const Export& each : bound::exports()) {
             if (each.name == "ECODETUL") continue;
             EXPECT_TRUE(answers_alike(each, states().size(), random, true));
-            for (const std::size_t n : {0, 1, 7, 255, 256, 257, 1000})
+            for (const std::size_t n : {0U, 1U, 7U, 255U, 256U, 257U, 1000U})
                 for (int shape = 0; shape < 3; ++shape)
                     EXPECT_TRUE(answers_alike(each, n, random, false));
         }
