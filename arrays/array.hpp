@@ -83,7 +83,7 @@ void each_block(std::size_t n, std::int32_t* code, Operands&&... operands) noexc
     alignas(64) std::int32_t codes[block_size];
     for (std::size_t first = 0; first < n; first += block_size) {
         const std::size_t count = std::min(n - first, block_size);
-        Block<Export>::evaluate(count, codes, operands.load(first, count)...);
+        evaluate_block<Export>(count, codes, operands.load(first, count)...);
         (operands.store(first, count), ...);
         if (code != nullptr) std::copy_n(codes, count, code + first);
     }

@@ -52,15 +52,18 @@ def exports(entries):
     out = [GENERATED + '#pragma once\n\n#include "answer_rules.hpp"\n#include "exports/functions.hpp"\n\n'
            "namespace vaprix::arrays {\n\nusing namespace inverse;\n\nnamespace resolvers {\n"
            + "".join(f"struct {r};\n" for r in resolvers) + "}  // namespace resolvers\n\nnamespace exports {\n"]
-    for entry in entries:
+    for number, entry in enumerate(entries):
         answered = "" if not entry["resolver"] else (
             f" : Answered<resolvers::{entry['resolver']}, rules::{entry['rule']}, property::{entry['property']}>")
         arguments = ", ".join(kind.removeprefix("const ").rstrip(" *") + " " + name if kind.startswith("const ")
                               else kind + name for kind, name in operands(entry, inner_order(entry)))
         give = "" if result_type(entry) == "void" else "*out = "
-        out.append(f"\nstruct {entry['name']}{answered} {{\n"
+        out.append(f"\nstruct {entry['name']}{answered} {{\n    static constexpr std::size_t number = {number};\n"
                    f"    static void evaluate({arguments}) noexcept {{\n        {give}{expression(entry)};\n    }}\n}};\n")
-    return "".join(out) + "\n}  // namespace exports\n}  // namespace vaprix::arrays\n"
+    all_exports = ", ".join(e["name"] for e in entries)
+    return "".join(out) + "\ntemplate <class... Exports>\nstruct All {};\n" \
+        f"inline constexpr All<{all_exports}> all;\n" \
+        "\n}  // namespace exports\n}  // namespace vaprix::arrays\n"
 
 
 def entry_points(entries):

@@ -1,21 +1,17 @@
 // SPDX-License-Identifier: MIT
 //
-// How a block of elements is evaluated: one after the other by the export's own answer, or by whatever
-// takes the block over.
+// How a block of elements is evaluated: by packs of lanes where the export has a plan, what that leaves
+// one after the other by the export's own answer.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 
 #include "exports/answer.hpp"
+#include "packed.hpp"
 #include "stored_code.hpp"
 
 namespace vaprix::arrays {
-
-inline constexpr std::size_t block_size = 256;
-// Up to the next multiple of it, the arrays of a block may be read and written beyond its elements;
-// the arguments there are those of the last element.
-inline constexpr std::size_t padding = 8;
 
 // What an export of the catalogue with a resolver is known by; the others are known by their type only.
 template <class resolver_of_state, const Answers& answer_rule, const auto& property_of_state>
@@ -32,29 +28,41 @@ template <class Value>
     return at;
 }
 
-// `count` elements, at most block_size, of the arguments in the resolver's order and the result, each
-// contiguous, and their codes. No result overlays an argument, which may be read again once it is
-// written. A specialisation, below, takes over the blocks of the exports that it is for, here the
-// enthalpy of every answer rule:
-//
-//     template <class Export>
-//         requires std::derived_from<Export, Answered<resolvers::of_pt_b, Export::rule, property::h>>
-//     struct Block<Export> {
-//         static void evaluate(std::size_t count, std::int32_t* code, const double* p,
-//                              const double* t, double* out) noexcept;
-//     };
+// One element by the export's own answer.
+template <class Export, class... Values>
+void evaluate_one(std::int32_t& code, Values*... values) noexcept {
+    thread::Word stored = stored_code();
+    stored = 0;
+    Export::evaluate(element(values)...);
+    code = stored;
+}
+
+// By the plan of the export, from one or two variables of its state.
 template <class Export>
-struct Block {
-    template <class... Values>
-    static void evaluate(std::size_t count, std::int32_t* code, Values*... values) noexcept {
-        thread::Word stored = stored_code();
-        for (std::size_t k = 0; k < count; ++k) {
-            stored = 0;
-            Export::evaluate(element(values + k)...);
-            code[k] = stored;
+Elements answer_planned(std::size_t count, std::int32_t* code, const double* x, const double* y,
+                        double* out) noexcept {
+    return answer_packed(plans()[Export::number], count, code, x, y, out);
+}
+template <class Export>
+Elements answer_planned(std::size_t count, std::int32_t* code, const double* x,
+                        double* out) noexcept {
+    return answer_planned<Export>(count, code, x, x, out);
+}
+
+// `count` elements, at most block_size, of the arguments in the resolver's order and the result, each
+// contiguous, and their codes. None overlays another: arguments may be read again after results are
+// written.
+template <class Export, class... Values>
+void evaluate_block(std::size_t count, std::int32_t* code, Values*... values) noexcept {
+    if constexpr (requires { answer_planned<Export>(count, code, values...); }) {
+        if (plans() != nullptr && plans()[Export::number].divide != nullptr) {
+            const Elements left = answer_planned<Export>(count, code, values...);
+            for_each(left, [&](std::size_t k) { evaluate_one<Export>(code[k], (values + k)...); });
+            return;
         }
     }
-};
+    for (std::size_t k = 0; k < count; ++k) evaluate_one<Export>(code[k], (values + k)...);
+}
 
 }  // namespace vaprix::arrays
 

@@ -17,7 +17,9 @@ inline Number signed_sqrt(Number x) noexcept {
 // ln|x|; -230 at 0.
 template <class Number>
 inline Number guarded_log(Number x) noexcept {
-    return machine::select(x != 0, log(fabs(x)), Number(-230));
+    const auto zero = x == 0;
+    if (machine::none(zero)) return log(fabs(x));
+    return machine::select(zero, Number(-230), log(fabs(x)));
 }
 
 // exp(x), held between 1e-100 and 1e100.

@@ -22,10 +22,13 @@ template <class Number, class... More>
     constexpr std::uint64_t one = 0x3ff0'0000'0000'0000, two52 = 0x4330'0000'0000'0000;
     constexpr std::uint64_t fraction = 0x000f'ffff'ffff'ffff, lower = 0x3f'ffff;
     const auto subnormal = x < 0x1p-1022;
-    const auto from_start =
-        machine::bits(machine::select(subnormal, 0x1p54 * x, x)) - log_start + one;
-    const Number k = machine::number((from_start >> 52) | two52) -
-                     machine::select(subnormal, Number(0x1p52 + 1023 + 54), Number(0x1p52 + 1023));
+    Number bias = 0x1p52 + 1023;
+    if (!machine::none(subnormal)) {
+        x = machine::select(subnormal, 0x1p54 * x, x);
+        bias = machine::select(subnormal, bias + 54, bias);
+    }
+    const auto from_start = machine::bits(x) - log_start + one;
+    const Number k = machine::number((from_start >> 52) | two52) - bias;
     const auto j = (from_start >> 45) & 127;
     const auto z_bits = (from_start & fraction) + log_start;
     const Number z = machine::number(z_bits);

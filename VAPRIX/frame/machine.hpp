@@ -35,10 +35,4 @@ VAPRIX_INLINE double entry(const double* table, std::uint64_t index) noexcept {
     return table[index];
 }
 
-// The number with the lower half of its fraction cut off: the product of two such is exact.
-template <class Number>
-VAPRIX_INLINE Number upper_half(Number x) noexcept {
-    return number(bits(x) & 0xffff'ffff'f800'0000u);
-}
-
 }  // namespace vaprix::machine

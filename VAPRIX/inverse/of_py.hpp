@@ -23,15 +23,15 @@
 namespace vaprix::inverse {
 
 // Temperature, K, by the backward equation of a single phase. One that misses the end of its region
-// by up to its own tolerance of 25 mK, that of region 5 by a rounding, is put on the end; a temperature on the wrong side of the
-// saturation line stays as it is.
+// by up to its own tolerance of 25 mK, that of region 5 by a rounding, is put on the end; a
+// temperature on the wrong side of the saturation line stays as it is.
+inline constexpr double backward_tolerance = 0.025;
+inline constexpr double t_25_widened = 1073.175;
 template <class Y>
 [[nodiscard]] double t_backward(Region region, double p, double y) noexcept {
-    constexpr double tolerance = 0.025;
-    constexpr double t_25_widened = 1073.175;
     if (region == Region::one) {
         const double t = Y::t1(p, y);
-        return t >= T_min - tolerance ? std::max(t, T_min) : t;
+        return t >= T_min - backward_tolerance ? std::max(t, T_min) : t;
     }
     if (region == Region::two) {
         const double t = Y::t2(p, y);
@@ -79,6 +79,8 @@ template <class Y, Asked asked>
 // Temperature, K, of region 1, 2 or 5, 0 if it does not settle: Newton's method along the isobar,
 // which needs two evaluations from the backward temperature and in region 5 from a fit. After relative
 // steps of less than `step` the error, of second order in them, is one of rounding.
+inline constexpr double gibbs_step = 3e-8;
+inline constexpr double gibbs_step_5 = 3e-7;  // whose isobars are straighter
 template <class Y, class Equation>
 [[nodiscard]] VAPRIX_INLINE double solve_gibbs(double p, double along, double start, double low,
                                                double high, double step) noexcept {
@@ -105,14 +107,12 @@ template <class Y>
         const auto [at, converged] = solve_dense<Y>(p, y);
         return converged ? dense_state(p, at.y, at.x) : refused(ErrorCode::outside_range);
     }
-    constexpr double step = 3e-8;
-    constexpr double step_5 = 3e-7;  // whose isobars are straighter
     const double along = region == Region::one ? y : Y::along_isobar(p, y);
     const double t =
-        region == Region::one ? solve_gibbs<Y, region1>(p, y, Y::t1(p, y), T_min, T_13, step)
+        region == Region::one ? solve_gibbs<Y, region1>(p, y, Y::t1(p, y), T_min, T_13, gibbs_step)
         : region == Region::two
-            ? solve_gibbs<Y, region2>(p, along, Y::t2(p, y), T_min, T_25, step)
-            : solve_gibbs<Y, region5>(p, along, Y::t5_start(p, along), T_25, T_max, step_5);
+            ? solve_gibbs<Y, region2>(p, along, Y::t2(p, y), T_min, T_25, gibbs_step)
+            : solve_gibbs<Y, region5>(p, along, Y::t5_start(p, along), T_25, T_max, gibbs_step_5);
     return t > 0 ? gibbs_state(region, p, t) : refused(ErrorCode::outside_range);
 }
 

@@ -42,16 +42,35 @@ struct Enthalpy {
     static constexpr double dense_outside = 7380.0;
 
     // What the vapour's tangent and value below are of, at constant p.
-    static double along_isobar(double /* p */, double h) noexcept { return h; }
+    template <class Number>
+    static Number along_isobar(Number /* p */, Number h) noexcept {
+        return h;
+    }
 
     static constexpr const auto& limits = tables::isobar_limits_h;
 
     // Start value for the temperature of region 5, K, by y along the isobar.
-    static double t5_start(double p, double h) noexcept {
+    template <class Number>
+    static Number t5_start(std::type_identity_t<Number> p, Number h) noexcept {
         return T_25 + evaluate<t5_start_h>((h - 4160) / 1000, p / p_max_5);
     }
 
-    static double t1(double p, double h) noexcept { return region1::t_ph(p, h); }
+    template <class Number>
+    static Number t1(Number p, Number h) noexcept {
+        return Region1<Number>::t_ph(p, h);
+    }
+    template <class Number>
+    static Number t2a(Number p, Number h) noexcept {
+        return Region2<Number>::t2a_ph(p, h);
+    }
+    template <class Number>
+    static Number t2b(Number p, Number h) noexcept {
+        return Region2<Number>::t2b_ph(p, h);
+    }
+    template <class Number>
+    static Number t2c(Number p, Number h) noexcept {
+        return Region2<Number>::t2c_ph(p, h);
+    }
     static double t2(double p, double h) noexcept { return region2::t_ph(p, h); }
     static double t3(double p, double h) noexcept { return region3::t_ph(p, h); }
     static double t5(double p, double h) noexcept { return region5::t_ph(p, h); }
@@ -60,6 +79,12 @@ struct Enthalpy {
 
     // Which side of the critical state a state of region 3 is on: subregion 3a or 3b.
     static bool is_3a(double p, double h) noexcept { return h <= region3::h3ab(p); }
+
+    // Whether a state of region 2 beyond 2a is of subregion 2c, else of 2b.
+    template <class Number>
+    static auto is_2c(Number p, Number h) noexcept {
+        return p > Region2<Number>::p_b2bc(h);
+    }
 
     // Phase of a dense state below the critical pressure by the basic equation that the O-family
     // then evaluates, so that the two agree next to the critical point.
@@ -100,16 +125,35 @@ struct Entropy {
     static constexpr double dense_outside = 9.2;
 
     // Without its logarithm of p the entropy of vapour hardly depends on p.
-    static double along_isobar(double p, double s) noexcept { return s + R * log(p); }
+    template <class Number>
+    static Number along_isobar(Number p, Number s) noexcept {
+        return s + R * log(p);
+    }
 
     static constexpr const auto& limits = tables::isobar_limits_s;
 
     // Start value for the temperature of region 5, K, by y along the isobar.
-    static double t5_start(double p, double s_plus_r_ln_p) noexcept {
+    template <class Number>
+    static Number t5_start(std::type_identity_t<Number> p, Number s_plus_r_ln_p) noexcept {
         return T_25 + evaluate<t5_start_s>(s_plus_r_ln_p - 8.5058, p / p_max_5);
     }
 
-    static double t1(double p, double s) noexcept { return region1::t_ps(p, s); }
+    template <class Number>
+    static Number t1(Number p, Number s) noexcept {
+        return Region1<Number>::t_ps(p, s);
+    }
+    template <class Number>
+    static Number t2a(Number p, Number s) noexcept {
+        return Region2<Number>::t2a_ps(p, s);
+    }
+    template <class Number>
+    static Number t2b(Number p, Number s) noexcept {
+        return Region2<Number>::t2b_ps(p, s);
+    }
+    template <class Number>
+    static Number t2c(Number p, Number s) noexcept {
+        return Region2<Number>::t2c_ps(p, s);
+    }
     static double t2(double p, double s) noexcept { return region2::t_ps(p, s); }
     static double t3(double p, double s) noexcept { return region3::t_ps(p, s); }
     static double t5(double p, double s) noexcept { return region5::t_ps(p, s); }
@@ -117,6 +161,11 @@ struct Entropy {
     static double p3sat(double s) noexcept { return region3::p3sat_s(s); }
 
     static bool is_3a(double /* p */, double s) noexcept { return s <= region3::s_crit; }
+
+    template <class Number>
+    static auto is_2c(Number /* p */, Number s) noexcept {
+        return s < Region2<Number>::s_2bc;
+    }
 
     // The O-family has no phase test of its own for (p, s).
     static bool is_wet_o(double p, double s) noexcept { return p < p3sat(s); }
@@ -137,10 +186,10 @@ struct Entropy {
     static constexpr auto value = Equation::s_plus_r_ln_p;
     static constexpr auto tangents3 = region3::ps_tangents;
 };
-template <>
-inline constexpr auto Entropy::tangent<region1> = region1::s_tangent_t;
-template <>
-inline constexpr auto Entropy::value<region1> = region1::s;
+template <class Number>
+inline constexpr auto Entropy::tangent<Region1<Number>> = Region1<Number>::s_tangent_t;
+template <class Number>
+inline constexpr auto Entropy::value<Region1<Number>> = Region1<Number>::s;
 
 // The region of an equation in p and T.
 template <class Equation>

@@ -33,6 +33,17 @@ struct Region2 : Vapour<Region2Equation, Number> {
     [[nodiscard]] static Number t_ps(Number p, Number s) noexcept;  // temperature, K
     [[nodiscard]] static Number p_hs(Number h, Number s) noexcept;  // pressure, MPa
 
+    // The same in one subregion.
+    [[nodiscard]] static Number t2a_ph(Number p, Number h) noexcept;
+    [[nodiscard]] static Number t2b_ph(Number p, Number h) noexcept;
+    [[nodiscard]] static Number t2c_ph(Number p, Number h) noexcept;
+    [[nodiscard]] static Number t2a_ps(Number p, Number s) noexcept;
+    [[nodiscard]] static Number t2b_ps(Number p, Number s) noexcept;
+    [[nodiscard]] static Number t2c_ps(Number p, Number s) noexcept;
+
+    // Highest pressure of subregion 2a of (p, h) and (p, s), MPa.
+    static constexpr double p_2a = 4;
+
     // Divides subregions 2b, which owns it, and 2c of (p, s) and (h, s), kJ/(kg K).
     static constexpr double s_2bc = 5.85;
 
@@ -42,9 +53,6 @@ struct Region2 : Vapour<Region2Equation, Number> {
     // Boundary of subregions 2a and 2b of (h, s), near 4 MPa: enthalpy, kJ/kg, of s. A state on the
     // line belongs to 2a.
     [[nodiscard]] static Number h_2ab(Number s) noexcept;
-
-private:
-    static constexpr double p_2a = 4;  // highest pressure of 2a of (p, h) and (p, s), MPa
 };
 
 using region2 = Region2<double>;

@@ -25,24 +25,44 @@ Number Region2<Number>::p_b2bc(Number h) noexcept {
 // Eqs. (22) to (24): theta = sum n pi^I (eta - 2.1)^J in 2a, (pi - 2)^I (eta - 2.6)^J in 2b,
 // (pi + 25)^I (eta - 1.8)^J in 2c, eta = h / 2000 kJ/kg
 template <class Number>
-Number Region2<Number>::t_ph(Number p, Number h) noexcept {
-    const Number eta = h / 2000;
-    if (p <= p_2a) return evaluate_table<tables::t2a_ph>(p, eta - 2.1);
-    return p > p_b2bc(h) ? evaluate_table<tables::t2c_ph>(p + 25, eta - 1.8)
-                         : evaluate_table<tables::t2b_ph>(p - 2, eta - 2.6);
+VAPRIX_INLINE Number Region2<Number>::t2a_ph(Number p, Number h) noexcept {
+    return evaluate_table<tables::t2a_ph>(p, h / 2000 - 2.1);
+}
+template <class Number>
+VAPRIX_INLINE Number Region2<Number>::t2b_ph(Number p, Number h) noexcept {
+    return evaluate_table<tables::t2b_ph>(p - 2, h / 2000 - 2.6);
+}
+template <class Number>
+VAPRIX_INLINE Number Region2<Number>::t2c_ph(Number p, Number h) noexcept {
+    return evaluate_table<tables::t2c_ph>(p + 25, h / 2000 - 1.8);
 }
 
-// Eqs. (25) to (27): theta = sum n pi^I (s/2 - 2)^J in 2a, pi^I (10 - s/0.7853)^J in 2b,
-// pi^I (2 - s/2.9251)^J in 2c
+template <class Number>
+Number Region2<Number>::t_ph(Number p, Number h) noexcept {
+    if (p <= p_2a) return t2a_ph(p, h);
+    return p > p_b2bc(h) ? t2c_ph(p, h) : t2b_ph(p, h);
+}
+
+template <class Number>
+VAPRIX_INLINE Number Region2<Number>::t2a_ps(Number p, Number s) noexcept {
+    return evaluate_table<tables::t2a_ps>(signed_sqrt(signed_sqrt(p)), s / 2 - 2);
+}
+template <class Number>
+VAPRIX_INLINE Number Region2<Number>::t2b_ps(Number p, Number s) noexcept {
+    return evaluate_table<tables::t2b_ps>(p, 10 - s / 0.7853);
+}
+template <class Number>
+VAPRIX_INLINE Number Region2<Number>::t2c_ps(Number p, Number s) noexcept {
+    constexpr double s_star_2c_reciprocal = 0.34186865406311;
+    return evaluate_table<tables::t2c_ps>(p, 2 - s * s_star_2c_reciprocal);
+}
+
 template <class Number>
 Number Region2<Number>::t_ps(Number p, Number s) noexcept {
-    constexpr double s_star_2c_reciprocal = 0.34186865406311;
-    if (p <= p_2a) return evaluate_table<tables::t2a_ps>(signed_sqrt(signed_sqrt(p)), s / 2 - 2);
-    return s < s_2bc ? evaluate_table<tables::t2c_ps>(p, 2 - s * s_star_2c_reciprocal)
-                     : evaluate_table<tables::t2b_ps>(p, 10 - s / 0.7853);
+    if (p <= p_2a) return t2a_ps(p, s);
+    return s < s_2bc ? t2c_ps(p, s) : t2b_ps(p, s);
 }
 
-// Eq. (2)
 template <class Number>
 Number Region2<Number>::h_2ab(Number s) noexcept {
     constexpr const auto& n = tables::h2ab;

@@ -47,11 +47,11 @@ template <Asked asked>
 
 // --- by pressure ---
 
-// B-family: from 0.0005 MPa, a little below the line on purpose (270.4175 K).
+// B-family: from a little below the line on purpose (270.4175 K), MPa.
+inline constexpr double line_p_lowest = 0.0005;
 template <Asked asked>
 [[nodiscard]] VAPRIX_INLINE State line_of_p_b(double p) noexcept {
-    constexpr double lowest = 0.0005;
-    if (!(p >= lowest && p <= p_crit)) return refused(ErrorCode::saturation_pressure_range);
+    if (!(p >= line_p_lowest && p <= p_crit)) return refused(ErrorCode::saturation_pressure_range);
     return wet_state<asked>(p, asked.t || asked.wet ? tsat(p) : 0);
 }
 

@@ -87,6 +87,8 @@ template <const auto& property, class Number>
 [[nodiscard]] VAPRIX_INLINE Number mixed(const StateOf<Number>& state) noexcept {
     if constexpr (requires { property.of; }) {
         return property.of(state);
+    } else if constexpr (requires { Number::lanes; }) {
+        return single<property>(state);  // several states at a time are never wet
     } else {
         if (state.region != Region::wet) return single<property>(state);
         if (state.x == 0) return single<property>(liquid_end(state));

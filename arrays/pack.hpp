@@ -1,0 +1,209 @@
+// SPDX-License-Identifier: MIT
+//
+// A number of several lanes, each IEEE 754 binary64, that one instruction treats alike: every lane
+// has the bits that a double would have. Include it before the equations, whose templates call the
+// functions below.
+#pragma once
+
+#if defined(__x86_64__)
+#include <immintrin.h>
+#endif
+
+#include <cstddef>
+#include <cstdint>
+#include <type_traits>
+#include <utility>
+
+#include "frame/inline.hpp"
+#include "frame/machine.hpp"
+
+namespace vaprix {
+
+// Integers of the lanes: their bits.
+template <int lanes>
+struct Bits {
+    typedef std::uint64_t Vector __attribute__((vector_size(lanes * sizeof(std::uint64_t))));
+    Vector v;
+
+    friend VAPRIX_INLINE Bits operator+(Bits a, Bits b) noexcept { return {a.v + b.v}; }
+    friend VAPRIX_INLINE Bits operator-(Bits a, Bits b) noexcept { return {a.v - b.v}; }
+    friend VAPRIX_INLINE Bits operator+(Bits a, std::uint64_t b) noexcept { return {a.v + b}; }
+    friend VAPRIX_INLINE Bits operator-(Bits a, std::uint64_t b) noexcept { return {a.v - b}; }
+    friend VAPRIX_INLINE Bits operator*(Bits a, std::uint64_t b) noexcept { return {a.v * b}; }
+    friend VAPRIX_INLINE Bits operator&(Bits a, std::uint64_t b) noexcept { return {a.v & b}; }
+    friend VAPRIX_INLINE Bits operator|(Bits a, std::uint64_t b) noexcept { return {a.v | b}; }
+    friend VAPRIX_INLINE Bits operator<<(Bits a, int b) noexcept { return {a.v << b}; }
+    friend VAPRIX_INLINE Bits operator>>(Bits a, int b) noexcept { return {a.v >> b}; }
+};
+
+// A truth of each lane.
+template <int lanes>
+struct Mask {
+    typedef std::int64_t Vector __attribute__((vector_size(lanes * sizeof(std::int64_t))));
+    Vector v;  // -1 or 0
+
+    friend VAPRIX_INLINE Mask operator&(Mask a, Mask b) noexcept { return {a.v & b.v}; }
+    friend VAPRIX_INLINE Mask operator|(Mask a, Mask b) noexcept { return {a.v | b.v}; }
+    friend VAPRIX_INLINE Mask operator!(Mask a) noexcept { return {~a.v}; }
+};
+
+template <int lanes_>
+struct Pack {
+    static constexpr int lanes = lanes_;
+    typedef double Vector __attribute__((vector_size(lanes * sizeof(double))));
+    Vector v;
+
+    Pack() = default;
+    VAPRIX_INLINE constexpr explicit Pack(Vector of) noexcept : v(of) {}
+    template <class Real>
+    requires std::is_arithmetic_v<Real> VAPRIX_INLINE constexpr Pack(Real x) noexcept
+        : v(repeated(static_cast<double>(x), std::make_index_sequence<lanes>{})) {}
+
+    static VAPRIX_INLINE Pack load(const double* from) noexcept {
+        Pack pack;
+        __builtin_memcpy(&pack.v, from, sizeof pack.v);
+        return pack;
+    }
+    VAPRIX_INLINE void store(double* to) const noexcept { __builtin_memcpy(to, &v, sizeof v); }
+
+    friend VAPRIX_INLINE Pack operator+(Pack a, Pack b) noexcept { return Pack(a.v + b.v); }
+    friend VAPRIX_INLINE Pack operator-(Pack a, Pack b) noexcept { return Pack(a.v - b.v); }
+    friend VAPRIX_INLINE Pack operator*(Pack a, Pack b) noexcept { return Pack(a.v * b.v); }
+    friend VAPRIX_INLINE Pack operator/(Pack a, Pack b) noexcept { return Pack(a.v / b.v); }
+    friend VAPRIX_INLINE Pack operator-(Pack a) noexcept { return Pack(-a.v); }
+    VAPRIX_INLINE Pack& operator+=(Pack b) noexcept { return *this = *this + b; }
+    VAPRIX_INLINE Pack& operator-=(Pack b) noexcept { return *this = *this - b; }
+    VAPRIX_INLINE Pack& operator*=(Pack b) noexcept { return *this = *this * b; }
+
+    friend VAPRIX_INLINE Mask<lanes> operator<(Pack a, Pack b) noexcept { return {a.v < b.v}; }
+    friend VAPRIX_INLINE Mask<lanes> operator>(Pack a, Pack b) noexcept { return {a.v > b.v}; }
+    friend VAPRIX_INLINE Mask<lanes> operator<=(Pack a, Pack b) noexcept { return {a.v <= b.v}; }
+    friend VAPRIX_INLINE Mask<lanes> operator>=(Pack a, Pack b) noexcept { return {a.v >= b.v}; }
+    friend VAPRIX_INLINE Mask<lanes> operator==(Pack a, Pack b) noexcept { return {a.v == b.v}; }
+    friend VAPRIX_INLINE Mask<lanes> operator!=(Pack a, Pack b) noexcept { return {a.v != b.v}; }
+
+private:
+    template <std::size_t... lane>
+    static VAPRIX_INLINE constexpr Vector repeated(double x,
+                                                   std::index_sequence<lane...>) noexcept {
+        return Vector{(static_cast<void>(lane), x)...};
+    }
+};
+
+namespace machine {
+
+template <int lanes>
+VAPRIX_INLINE Bits<lanes> bits(Pack<lanes> x) noexcept {
+    return {reinterpret_cast<typename Bits<lanes>::Vector>(x.v)};
+}
+template <int lanes>
+VAPRIX_INLINE Pack<lanes> number(Bits<lanes> x) noexcept {
+    return Pack<lanes>(reinterpret_cast<typename Pack<lanes>::Vector>(x.v));
+}
+
+template <int lanes>
+VAPRIX_INLINE Pack<lanes> select(Mask<lanes> where, Pack<lanes> yes,
+                                 std::type_identity_t<Pack<lanes>> no) noexcept {
+    return Pack<lanes>(where.v ? yes.v : no.v);
+}
+
+// A bit of each lane, the first the lowest.
+template <int lanes>
+VAPRIX_INLINE unsigned truths(Mask<lanes> mask) noexcept {
+#if defined(__x86_64__)
+    if constexpr (lanes == 2) {
+        return static_cast<unsigned>(_mm_movemask_pd(reinterpret_cast<__m128d>(mask.v)));
+    }
+#if defined(__AVX__)
+    if constexpr (lanes == 4) {
+        return static_cast<unsigned>(_mm256_movemask_pd(reinterpret_cast<__m256d>(mask.v)));
+    }
+#endif
+#if defined(__AVX512DQ__)
+    if constexpr (lanes == 8) {
+        return static_cast<unsigned>(_mm512_movepi64_mask(reinterpret_cast<__m512i>(mask.v)));
+    }
+#endif
+#else
+    unsigned truths = 0;
+    for (int lane = 0; lane < lanes; ++lane) truths |= (mask.v[lane] != 0 ? 1U : 0U) << lane;
+    return truths;
+#endif
+}
+template <int lanes>
+VAPRIX_INLINE bool none(Mask<lanes> mask) noexcept {
+    return truths(mask) == 0;
+}
+
+template <int lanes>
+VAPRIX_INLINE Pack<lanes> sqrt(Pack<lanes> x) noexcept {
+    Pack<lanes> root;
+#if defined(__x86_64__)
+    if constexpr (lanes == 2) root.v = _mm_sqrt_pd(x.v);
+#if defined(__AVX__)
+    if constexpr (lanes == 4) root.v = _mm256_sqrt_pd(x.v);
+#endif
+#if defined(__AVX512F__)
+    if constexpr (lanes == 8) root.v = _mm512_sqrt_pd(x.v);
+#endif
+#else
+    for (int lane = 0; lane < lanes; ++lane) root.v[lane] = __builtin_sqrt(x.v[lane]);
+#endif
+    return root;
+}
+
+inline constexpr std::uint64_t sign = 0x8000'0000'0000'0000;
+template <int lanes>
+VAPRIX_INLINE Pack<lanes> fabs(Pack<lanes> x) noexcept {
+    return number(bits(x) & ~sign);
+}
+template <int lanes>
+VAPRIX_INLINE Pack<lanes> copysign(Pack<lanes> x, Pack<lanes> y) noexcept {
+    return number(Bits<lanes>{(bits(x) & ~sign).v | (bits(y) & sign).v});
+}
+
+// The integer nearest to a number between 0 and 2^31.
+template <int lanes>
+VAPRIX_INLINE Bits<lanes> rounded(Pack<lanes> x) noexcept {
+    return bits(x + 0x1p52) & 0xffff'ffffu;
+}
+
+template <int lanes>
+VAPRIX_INLINE Pack<lanes> entry(const double* table, Bits<lanes> index) noexcept {
+#if defined(__AVX512F__)
+    if constexpr (lanes == 8) {
+        return Pack<lanes>(_mm512_i64gather_pd(reinterpret_cast<__m512i>(index.v), table, 8));
+    }
+#endif
+#if defined(__AVX2__)
+    if constexpr (lanes == 4) {
+        return Pack<lanes>(_mm256_i64gather_pd(table, reinterpret_cast<__m256i>(index.v), 8));
+    }
+#endif
+    Pack<lanes> entries;
+    for (int lane = 0; lane < lanes; ++lane) entries.v[lane] = table[index.v[lane]];
+    return entries;
+}
+template <int lanes>
+VAPRIX_INLINE Pack<lanes> entry(const float* table, Bits<lanes> index) noexcept {
+#if defined(__AVX512F__)
+    if constexpr (lanes == 8) {
+        return Pack<lanes>(_mm512_cvtps_pd(
+            _mm512_i64gather_ps(reinterpret_cast<__m512i>(index.v), table, sizeof *table)));
+    }
+#endif
+#if defined(__AVX2__)
+    if constexpr (lanes == 4) {
+        return Pack<lanes>(_mm256_cvtps_pd(
+            _mm256_i64gather_ps(table, reinterpret_cast<__m256i>(index.v), sizeof *table)));
+    }
+#endif
+    Pack<lanes> entries;
+    for (int lane = 0; lane < lanes; ++lane) {
+        entries.v[lane] = static_cast<double>(table[index.v[lane]]);
+    }
+    return entries;
+}
+
+}  // namespace machine
+}  // namespace vaprix

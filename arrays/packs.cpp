@@ -1,0 +1,191 @@
+// SPDX-License-Identifier: MIT
+//
+// The plans of all exports for packs of VAPRIX_LANES lanes, as VAPRIX_PLANS. Compiled for each instruction
+// set: only what has a pack in its name may stay a function here, since the linker keeps one of each.
+#include "pack.hpp"
+
+#include "block.hpp"
+#include "divide.hpp"
+#include "plan.hpp"
+#include "solve.hpp"
+
+namespace vaprix::arrays {
+
+namespace {
+
+using Lanes = Pack<VAPRIX_LANES>;
+
+// A formula of two variables over a block.
+template <auto formula>
+void kernel(const double* x, const double* y, double* out, std::size_t count) noexcept {
+    for (std::size_t k = 0; k < count; k += Lanes::lanes) {
+        formula(Lanes::load(x + k), Lanes::load(y + k)).store(out + k);
+    }
+}
+
+// What a resolver makes of p and T in a region that is known: the B-family has v, and d from it, the
+// O-family d, and v from it.
+enum class Finish { none, volume, density };
+
+template <const auto& property, Asked asked, Finish finish, Region region>
+inline constexpr auto evaluated = [](Lanes p, Lanes t) noexcept {
+    StateOf<Lanes> state{.region = region, .p = p, .t = t};
+    if constexpr (finish == Finish::volume) state = with_volume<asked>(state);
+    if constexpr (finish == Finish::density) state = with_density<asked>(state);
+    return single<property>(state);
+};
+
+// A property of the state alone.
+template <const auto& property>
+concept Plain = !requires(const State& at) {
+    property.defined(at, 0.0);
+};
+
+template <const auto& property, Asked asked, Finish finish>
+constexpr void set_evaluations(Plan& plan) {
+    constexpr auto vapour = kernel<evaluated<property, asked, finish, Region::two>>;
+    plan.evaluate[region1] = kernel<evaluated<property, asked, finish, Region::one>>;
+    plan.evaluate[region2a] = plan.evaluate[region2b] = plan.evaluate[region2c] = vapour;
+    plan.evaluate[region5] = kernel<evaluated<property, asked, finish, Region::five>>;
+}
+
+// Temperature from p and h or s, by the backward equation (B) and solved (O).
+template <class Y>
+constexpr std::array<Plan::Kernel, parts> solved_b = [] {
+    std::array<Plan::Kernel, parts> solve{};
+    solve[region1] = kernel<[](Lanes p, Lanes y) noexcept { return onto_cold_limit(Y::t1(p, y)); }>;
+    solve[region2a] =
+        kernel<[](Lanes p, Lanes y) noexcept { return onto_hot_limit(Y::t2a(p, y)); }>;
+    solve[region2b] =
+        kernel<[](Lanes p, Lanes y) noexcept { return onto_hot_limit(Y::t2b(p, y)); }>;
+    solve[region2c] =
+        kernel<[](Lanes p, Lanes y) noexcept { return onto_hot_limit(Y::t2c(p, y)); }>;
+    return solve;
+}();
+
+template <class Y, auto start>
+constexpr auto vapour_o = [](Lanes p, Lanes y) noexcept {
+    return solve_gibbs<Y, Region2<Lanes>>(p, Y::along_isobar(p, y), start(p, y), T_min, T_25,
+                                          inverse::gibbs_step);
+};
+template <class Y>
+constexpr std::array<Plan::Kernel, parts> solved_o = [] {
+    std::array<Plan::Kernel, parts> solve{};
+    solve[region1] = kernel<[](Lanes p, Lanes y) noexcept {
+        return solve_gibbs<Y, Region1<Lanes>>(p, y, Y::t1(p, y), T_min, T_13, inverse::gibbs_step);
+    }>;
+    solve[region2a] = kernel<vapour_o<Y, Y::template t2a<Lanes>>>;
+    solve[region2b] = kernel<vapour_o<Y, Y::template t2b<Lanes>>>;
+    solve[region2c] = kernel<vapour_o<Y, Y::template t2c<Lanes>>>;
+    solve[region5] = kernel<[](Lanes p, Lanes y) noexcept {
+        const Lanes along = Y::along_isobar(p, y);
+        return solve_gibbs<Y, Region5<Lanes>>(p, along, Y::t5_start(p, along), T_25, T_max,
+                                              inverse::gibbs_step_5);
+    }>;
+    return solve;
+}();
+
+// How packs resolve a state; a resolver without one is left to the exports' own answers.
+template <class Resolver>
+struct Packed;
+
+template <Finish finish_>
+struct OfPt {
+    static constexpr Finish finish = finish_;
+    static constexpr ErrorCode refusal = ErrorCode::outside_range;
+    static constexpr void set(Plan& plan) { plan.divide = divide_pt<Lanes>; }
+};
+template <>
+struct Packed<resolvers::of_pt_b> : OfPt<Finish::volume> {};
+template <>
+struct Packed<resolvers::of_pt_o> : OfPt<Finish::density> {};
+
+template <class Y, const auto& solved, Finish finish_>
+struct OfPy {
+    static constexpr Finish finish = finish_;
+    static constexpr ErrorCode refusal = ErrorCode::outside_range;
+    static constexpr void set(Plan& plan) {
+        plan.divide = divide_py<Y, Lanes>;
+        plan.solve = solved;
+        for (std::size_t part = 0; part < parts; ++part) {
+            if (plan.solve[part] == nullptr) plan.evaluate[part] = nullptr;
+        }
+    }
+};
+template <class Y>
+using OfPyB = OfPy<Y, solved_b<Y>, Finish::volume>;
+template <class Y>
+using OfPyO = OfPy<Y, solved_o<Y>, Finish::none>;
+template <>
+struct Packed<resolvers::of_ph_b> : OfPyB<inverse::Enthalpy> {};
+template <>
+struct Packed<resolvers::of_ps_b> : OfPyB<inverse::Entropy> {};
+template <>
+struct Packed<resolvers::of_ph_o> : OfPyO<inverse::Enthalpy> {};
+template <>
+struct Packed<resolvers::of_ps_o> : OfPyO<inverse::Entropy> {};
+
+template <Part phase>
+struct OfLineT {
+    static constexpr Finish finish = Finish::density;
+    static constexpr ErrorCode refusal = ErrorCode::saturation_temperature_range;
+    static constexpr void set(Plan& plan) {
+        plan.divide = divide_line_t<phase, Lanes>;
+        plan.solves_pressure = true;
+        plan.solve[phase] = kernel<[](Lanes t, Lanes) noexcept { return psat(t); }>;
+    }
+};
+template <>
+struct Packed<resolvers::liquid_of_t> : OfLineT<region1> {};
+template <>
+struct Packed<resolvers::vapour_of_t> : OfLineT<region2a> {};
+
+template <Part phase>
+struct OfLineP {
+    static constexpr Finish finish = Finish::density;
+    static constexpr ErrorCode refusal = ErrorCode::saturation_pressure_range;
+    static constexpr void set(Plan& plan) {
+        plan.divide = divide_line_p<phase, Lanes>;
+        plan.solve[phase] = kernel<[](Lanes p, Lanes) noexcept { return tsat(p); }>;
+    }
+};
+template <>
+struct Packed<resolvers::liquid_of_p_b> : OfLineP<region1> {};
+template <>
+struct Packed<resolvers::vapour_of_p_b> : OfLineP<region2a> {};
+
+// The plan of an export. Packs answer where its rule has no word: of a single phase, by a property of
+// the state alone, and of what is surely outside.
+template <class Export>
+constexpr Plan plan_of() {
+    Plan plan;
+    if constexpr (requires { sizeof(Packed<typename Export::resolver>); }) {
+        using Resolved = Packed<typename Export::resolver>;
+        constexpr const auto& rule = Export::rule;
+        constexpr const auto& property = Export::property_asked;
+        if constexpr (Plain<property> && !rule.of_any && !rule.only_wet) {
+            set_evaluations<property, asked<rule, property>, Resolved::finish>(plan);
+            Resolved::set(plan);
+            plan.t_high = std::min(rule.above.t, rule.above_too.t);
+            plan.t_low = rule.below.t;
+            plan.outside_value = rule.outside.value;
+            if constexpr (requires { property.factor; }) {
+                if (rule.outside.scaled) plan.outside_value *= property.factor;
+            }
+            const ErrorCode code = rule.own_code ? Resolved::refusal : rule.outside.code;
+            plan.outside_code = code == no_code ? 0 : static_cast<std::int32_t>(code);
+        }
+    }
+    return plan;
+}
+
+constexpr std::array all_plans = []<class... Exports>(exports::All<Exports...>) {
+    return std::array{plan_of<Exports>()...};
+}(exports::all);
+
+}  // namespace
+
+extern const Plan* const VAPRIX_PLANS;
+constinit const Plan* const VAPRIX_PLANS = all_plans.data();
+
+}  // namespace vaprix::arrays

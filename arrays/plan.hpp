@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+//
+// How packs of lanes answer a block of an export: the elements are divided into parts, by region and
+// subregion, each of which is evaluated without a branch. What falls into no part is left to the
+// export's own answer: states on a limit or beside one, failures, regions without kernels.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace vaprix::arrays {
+
+inline constexpr std::size_t block_size = 256;
+// Up to the next multiple of it, the arrays of a block may be read and written beyond its elements;
+// the arguments there are those of the last element.
+inline constexpr std::size_t padding = 8;
+
+// A bit of each element of a block, the first the lowest.
+using Elements = std::array<std::uint64_t, block_size / 64>;
+
+enum Part : std::size_t { region1, region2a, region2b, region2c, region5, outside, parts };
+using Divided = std::array<Elements, parts>;
+
+struct Plan {
+    using Divide = void (*)(const double* x, const double* y, std::size_t count,
+                            Divided& divided) noexcept;
+    using Kernel = void (*)(const double* x, const double* y, double* out,
+                            std::size_t count) noexcept;
+    using Kernels = std::array<Kernel, parts>;
+
+    Divide divide = nullptr;  // null: no plan
+    // What the equation needs beside the first given variable, not above 0 where it is not found; null:
+    // the second given one.
+    Kernels solve{};
+    bool solves_pressure = false;  // of a temperature, else the other way about
+    Kernels evaluate{};            // of p and T; null: the part is left
+    double t_low = 0;              // temperatures between which the answer rule has no word
+    double t_high = 1e300;
+    double outside_value = 0;  // what the part outside is answered with
+    std::int32_t outside_code = 0;
+};
+
+}  // namespace vaprix::arrays
