@@ -6,7 +6,7 @@ set -eu
 cd "$(dirname "$0")/.."
 mkdir -p build
 
-find VAPRIX arrays bench examples faces tests tools -name '*.[ch]' -o -name '*.cpp' -o -name '*.hpp' |
+find VAPRIX arrays bench cpp examples faces tests tools -name '*.[ch]' -o -name '*.cpp' -o -name '*.hpp' |
     grep -v '^VAPRIX/[a-z]*/tables/' | xargs clang-format --dry-run --Werror
 python3 VAPRIX/exports/generate.py pages build/pages
 diff -r build/pages/reference docs/reference
@@ -17,4 +17,4 @@ python3 tools/check.py build/release/tools
 # without the tests each file is compiled once, so that it is analysed once
 cmake --preset release-clang -B build/lint -DVAPRIX_BUILD_TESTS=OFF >/dev/null
 cmake --build build/lint --target vaprix_faces vaprix_arrays_faces >/dev/null
-find VAPRIX arrays/*.cpp -name '*.cpp' | xargs -P "$(nproc)" -n 2 clang-tidy --quiet -p build/lint
+find VAPRIX arrays/*.cpp cpp/*.cpp -name '*.cpp' | xargs -P "$(nproc)" -n 2 clang-tidy --quiet -p build/lint

@@ -17,6 +17,23 @@ struct Derivatives {
     Number cv;   // isochoric heat capacity, kJ/(kg K)
 };
 
+// The same with the entropy, from shared powers: by a few roundings not the digits of each alone.
+template <class Number>
+struct DerivativesAndEntropy {
+    Derivatives<Number> of;
+    Number s;  // kJ/(kg K)
+};
+
+// What second derivatives follow from.
+template <class Number>
+struct Curvatures {
+    Number v_pp;  // (d2v/dp2)_T, m3/(kg MPa2)
+    Number v_pt;  // d2v/dpdT, m3/(kg MPa K)
+    Number v_tt;  // (d2v/dT2)_p, m3/(kg K2)
+    Number h_pp;  // (d2h/dp2)_T, kJ/(kg MPa2): v_p - T v_pt without the cancellation
+    Number cp_t;  // (dcp/dT)_p, kJ/(kg K2)
+};
+
 // A property that follows from the derivatives and the pressure. Each region offers
 // derived<formula> at a state, compiled beside its equation, so that only those sums are evaluated
 // that the formula reads.

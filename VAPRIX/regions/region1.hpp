@@ -55,6 +55,39 @@ struct Region1 {
     template <Formula<Number> formula>
     [[nodiscard]] static Number derived(Number p, Number t) noexcept;
 
+    // All of them at once, inlined: a sum that is not read is not evaluated.
+    // v = R T pi gamma_pi / p, (dv/dp)_T = R T gamma_pipi / p*^2,
+    // (dv/dT)_p = R (gamma_pi - tau gamma_pitau) / p*, (dh/dp)_T = R T tau gamma_pitau / p*,
+    // cp = -R tau^2 gamma_tautau, cv = cp + R (gamma_pi - tau gamma_pitau)^2 / gamma_pipi
+    VAPRIX_INLINE static Derivatives<Number> derivatives(Number p, Number t) noexcept {
+        const Reduced r(p, t);
+        const auto [tautau, pi, pitau, pipi] =
+            evaluate<gamma_tautau, gamma_pi, gamma_pitau, gamma_pipi>(r.x(), r.y());
+        return from_sums(r.tau, t, tautau, pi, pitau, pipi);
+    }
+    VAPRIX_INLINE static DerivativesAndEntropy<Number> derivatives_and_s(Number p,
+                                                                         Number t) noexcept {
+        const Reduced r(p, t);
+        const auto [s, tautau, pi, pitau, pipi] =
+            evaluate<entropy, gamma_tautau, gamma_pi, gamma_pitau, gamma_pipi>(r.x(), r.y());
+        return {from_sums(r.tau, t, tautau, pi, pitau, pipi), s};
+    }
+
+    // v_pp = R T gamma_pipipi / p*^3, v_pt = R (gamma_pipi - tau gamma_pipitau) / p*^2,
+    // v_tt = R tau^2 gamma_pitautau / (p* T), cp_t = R tau^2 (2 gamma_tautau + tau gamma_tautautau) / T
+    VAPRIX_INLINE static Curvatures<Number> curvatures(Number p, Number t) noexcept {
+        const Reduced r(p, t);
+        const auto [pipipi, pipi, pipitau, pitautau, tautau, tautautau] =
+            evaluate<gamma_pipipi, gamma_pipi, gamma_pipitau, gamma_pitautau, gamma_tautau,
+                     gamma_tautautau>(r.x(), r.y());
+        const Number tau2_t = r.tau * r.tau / t;
+        return {.v_pp = v_p_factor / p_star * t * pipipi,
+                .v_pt = v_p_factor * (pipi - r.tau * pipitau),
+                .v_tt = v_factor * tau2_t * pitautau,
+                .h_pp = h_p_factor / p_star * pipitau,
+                .cp_t = R * tau2_t * (2 * tautau + r.tau * tautautau)};
+    }
+
     // Backward equations: regions/region1_backward.hpp.
     [[nodiscard]] static Number t_ph(Number p, Number h) noexcept;  // temperature, K
     [[nodiscard]] static Number t_ps(Number p, Number s) noexcept;  // temperature, K
@@ -86,6 +119,10 @@ private:
     static constexpr auto gamma_tau = d_y(gamma);
     static constexpr auto gamma_tautau = d_y(gamma_tau);
     static constexpr auto gamma_pitau = d_y(gamma_pi);
+    static constexpr auto gamma_pipipi = -1 * d_x(gamma_pipi);
+    static constexpr auto gamma_pipitau = d_y(gamma_pipi);
+    static constexpr auto gamma_pitautau = d_y(gamma_pitau);
+    static constexpr auto gamma_tautautau = d_y(gamma_tautau);
 
     static constexpr auto volume_over_t = R_per_p_star * gamma_pi;
     static constexpr auto volume_pitau = R_per_p_star * gamma_pitau;
@@ -111,15 +148,11 @@ private:
         [[nodiscard]] Number y() const noexcept { return tau - y_0; }
     };
 
-    // v = R T pi gamma_pi / p, (dv/dp)_T = R T gamma_pipi / p*^2,
-    // (dv/dT)_p = R (gamma_pi - tau gamma_pitau) / p*, (dh/dp)_T = R T tau gamma_pitau / p*,
-    // cp = -R tau^2 gamma_tautau, cv = cp + R (gamma_pi - tau gamma_pitau)^2 / gamma_pipi
-    VAPRIX_INLINE static Derivatives<Number> derivatives(Number p, Number t) noexcept {
-        const Reduced r(p, t);
-        const auto [tautau, pi, pitau, pipi] =
-            evaluate<gamma_tautau, gamma_pi, gamma_pitau, gamma_pipi>(r.x(), r.y());
-        const Number a = pi - r.tau * pitau;
-        const Number c = r.tau * r.tau * tautau;
+    VAPRIX_INLINE static Derivatives<Number> from_sums(Number tau, Number t, Number tautau,
+                                                       Number pi, Number pitau,
+                                                       Number pipi) noexcept {
+        const Number a = pi - tau * pitau;
+        const Number c = tau * tau * tautau;
         return {.v = v_factor * t * pi,
                 .v_p = v_p_factor * t * pipi,
                 .v_t = v_factor * a,

@@ -83,6 +83,49 @@ struct Region3 {
         [[nodiscard]] Number f_difference(Number d, Number e) const noexcept;
     };
 
+    // All derivatives at once, inlined: a sum that is not read is not evaluated.
+    // v_t = p_t/(d^2 p_d), v_p = -1/(d^2 p_d), h_p = v - T v_t: of the difference, delta^2
+    // phi_deltadelta + delta phi_delta + delta tau phi_deltatau, n1 falls out
+    VAPRIX_INLINE static Derivatives<Number> derivatives(Number d, Number t) noexcept {
+        const auto [tt, thermal_sum, stiffness_sum] =
+            evaluate<tautau, thermal, stiffness>(d * d_crit_reciprocal, T_crit / t);
+        return from_sums(d, t, tt, thermal_sum, stiffness_sum);
+    }
+    VAPRIX_INLINE static DerivativesAndEntropy<Number> derivatives_and_s(Number d,
+                                                                         Number t) noexcept {
+        const Number delta = d * d_crit_reciprocal;
+        const auto [s, tt, thermal_sum, stiffness_sum] =
+            evaluate<entropy, tautau, thermal, stiffness>(delta, T_crit / t);
+        return {from_sums(d, t, tt, thermal_sum, stiffness_sum), s - R_n1 * guarded_log(delta)};
+    }
+
+    // Of density as a function of (p, T): d_t = -p_t/p_d, d_pp = -p_dd/p_d^3,
+    // d_pt = -(p_dt + p_dd d_t)/p_d^2, d_tt = -(p_tt + 2 p_dt d_t + p_dd d_t^2)/p_d;
+    // cp = cv + T p_t^2/(d^2 p_d), with all of it changing along the isobar.
+    VAPRIX_INLINE static Curvatures<Number> curvatures(Number d, Number t) noexcept {
+        const auto [b, a, dd, dt, tt, cv_sum] =
+            evaluate<stiffness, thermal, stiffness_slope, mixed_slope, thermal_slope, tautau_slope>(
+                d * d_crit_reciprocal, T_crit / t);
+        const Number factor = R / 1000;
+        const Number p_d = factor * t * (b + n1), p_t = factor * d * (a + n1);
+        const Number p_dd = factor * t / d * dd, p_dt = factor * (dt + n1);
+        const Number p_tt = factor * d / t * tt;
+        const Number d_t = -p_t / p_d;
+        const Number p_d_t = p_dt + p_dd * d_t, p_t_t = p_tt + p_dt * d_t;  // along the isobar
+        const Number d_pp = -p_dd / (p_d * p_d * p_d), d_pt = -p_d_t / (p_d * p_d);
+        const Number d_tt = -(p_t_t + p_d_t * d_t) / p_d;
+        const Number d2 = d * d, d3 = d2 * d;
+        const Number q = p_t * p_t / (d2 * p_d);
+        const Number q_t = 2 * p_t * p_t_t / (d2 * p_d) - q * (2 * d_t / d + p_d_t / p_d);
+        const Number cv_d = -1000 * t / d2 * p_tt;
+        const Number v_pt = (2 * d_t / p_d - d * d_pt) / d3;
+        return {.v_pp = (2 / (p_d * p_d) - d * d_pp) / d3,
+                .v_pt = v_pt,
+                .v_tt = (2 * d_t * d_t - d * d_tt) / d3,
+                .h_pp = -1000 * (1 / (d2 * p_d) + t * v_pt),
+                .cp_t = R / t * cv_sum + cv_d * d_t + 1000 * (q + t * q_t)};
+    }
+
     // Backward equations of (p, h), (p, s) and (h, s): regions/region3_backward.hpp.
     // Entropy of the critical point, which divides subregions 3a and 3b of (p, s) and (h, s),
     // kJ/(kg K).
@@ -145,6 +188,15 @@ private:
     static constexpr auto stiffness = weighted(phi, [](int I, int) { return I * (I + 1); });
     // tau^2 phi_tautau
     static constexpr auto tautau = weighted(phi, [](int, int J) { return J * (J - 1); });
+    // delta times the derivative of stiffness by delta; -tau times that of thermal and of tautau by
+    // tau; stiffness less tau times its derivative by tau, less n1
+    static constexpr auto stiffness_slope =
+        weighted(phi, [](int I, int) { return I * I * (I + 1); });
+    static constexpr auto thermal_slope =
+        weighted(phi, [](int I, int J) { return I * J * (J - 1); });
+    static constexpr auto tautau_slope = weighted(phi, [](int, int J) { return J * J * (J - 1); });
+    static constexpr auto mixed_slope =
+        weighted(phi, [](int I, int J) { return I * (I + 1) * (1 - J); });
 
     static constexpr auto pressure = (R_l / 1000) * delta_phi_delta;
     static constexpr auto enthalpy_over_t = R_l * weighted(phi, [](int I, int J) { return I + J; });
@@ -163,12 +215,10 @@ private:
     static constexpr auto R_n1 = static_cast<Number>(R_l * extended(n1));
     static constexpr auto R_n1_1000 = static_cast<Number>(R_l * extended(n1) / 1000);
 
-    // v_t = p_t/(d^2 p_d), v_p = -1/(d^2 p_d), h_p = v - T v_t: of the difference, delta^2
-    // phi_deltadelta + delta phi_delta + delta tau phi_deltatau, n1 falls out
-    VAPRIX_INLINE static Derivatives<Number> derivatives(Number d, Number t) noexcept {
+    VAPRIX_INLINE static Derivatives<Number> from_sums(Number d, Number t, Number tt,
+                                                       Number thermal_sum,
+                                                       Number stiffness_sum) noexcept {
         constexpr auto v_p_factor = static_cast<Number>(1000 / R_l);
-        const auto [tt, thermal_sum, stiffness_sum] =
-            evaluate<tautau, thermal, stiffness>(d * d_crit_reciprocal, T_crit / t);
         const Number a = thermal_sum + n1;
         const Number b = stiffness_sum + n1;
         const Number v = 1 / d;

@@ -54,6 +54,40 @@ public:
     template <Formula<Number> formula>
     [[nodiscard]] static Number derived(Number p, Number t) noexcept;
 
+    // All derivatives at once, inlined: a sum that is not read is not evaluated.
+    // v = R T a / p, (dv/dp)_T = -R T c / p^2, (dv/dT)_p = R b / p, (dh/dp)_T = R T tau
+    // gammar_pitau, the ideal gas having none, cp and cv as above
+    VAPRIX_INLINE static Derivatives<Number> derivatives(Number p, Number t) noexcept {
+        return derivatives(p, t, SecondDerivatives(p, t));
+    }
+    VAPRIX_INLINE static DerivativesAndEntropy<Number> derivatives_and_s(Number p,
+                                                                         Number t) noexcept {
+        const Number r_ln_p = R * guarded_log(p);  // before the sums, which the call would spill
+        const Number tau = Equation::T_star / t;
+        const auto [s, tt, pi, pitau, pipi] =
+            evaluate<entropy, gamma_tautau, gamma_pi, gamma_pitau, gamma_pipi>(
+                p, tau - Equation::shift);
+        return {derivatives(p, t, SecondDerivatives(p, t, tau, tt, pi, pitau, pipi)),
+                ideal<entropy0>(tau, t) + s - r_ln_p};
+    }
+
+    // v_pp = R T (2 / p^3 + gammar_pipipi), v_pt = R (gammar_pipi - tau gammar_pipitau - 1 / p^2),
+    // v_tt = R tau^2 gammar_pitautau / T,
+    // cp_t = R tau^2 (2 gamma_tautau + tau gamma_tautautau) / T, gamma = gamma0 + gammar
+    VAPRIX_INLINE static Curvatures<Number> curvatures(Number p, Number t) noexcept {
+        const Number tau = Equation::T_star / t;
+        const auto [pipipi, pipi, pipitau, pitautau, tt, ttt] =
+            evaluate<gamma_pipipi, gamma_pipi, gamma_pipitau, gamma_pitautau, gamma_tautau,
+                     gamma_tautautau>(p, tau - Equation::shift);
+        const Number tau2_t = tau * tau / t;
+        const Number ideal_pipi = 1 / (p * p);
+        return {.v_pp = v_factor * t * (2 * ideal_pipi / p + pipipi),
+                .v_pt = v_factor * (pipi - tau * pipitau - ideal_pipi),
+                .v_tt = v_factor * tau2_t * pitautau,
+                .h_pp = h_p_factor * pipitau,
+                .cp_t = R / t * ideal<slope0>(tau, t) + R * tau2_t * (2 * tt + tau * ttt)};
+    }
+
     // The two parts of gamma = g/(R T): that of the ideal gas at 1 MPa, gamma0 - ln pi, and the
     // residual one, which is the logarithm of the fugacity coefficient.
     [[nodiscard]] static Number ideal_part(Number t) noexcept;
@@ -69,6 +103,8 @@ private:
     // ideal-gas part, without ln pi
     static constexpr auto gamma0 = Equation::ideal;
     static constexpr auto tautau0 = weighted(gamma0, [](int, int J) { return J * (J - 1); });
+    // 2 tau^2 gamma0_tautau + tau^3 gamma0_tautautau
+    static constexpr auto slope0 = weighted(gamma0, [](int, int J) { return J * J * (J - 1); });
     static constexpr auto enthalpy0 = R_T_star * d_y(gamma0);
     static constexpr auto entropy0 = R_l * weighted(gamma0, [](int, int J) { return J - 1; });
     static constexpr auto gibbs0_over_t = R_l * gamma0;
@@ -80,6 +116,10 @@ private:
     static constexpr auto gamma_tau = d_y(gamma);
     static constexpr auto gamma_tautau = d_y(gamma_tau);
     static constexpr auto gamma_pitau = d_y(gamma_pi);
+    static constexpr auto gamma_pipipi = d_x(gamma_pipi);
+    static constexpr auto gamma_pipitau = d_y(gamma_pipi);
+    static constexpr auto gamma_pitautau = d_y(gamma_pitau);
+    static constexpr auto gamma_tautautau = d_y(gamma_tautau);
     static constexpr auto enthalpy = R_T_star * gamma_tau;
     // tau gamma_tau - gamma as one polynomial, all of whose folded terms keep their sign
     static constexpr auto entropy = R_l * (weighted(gamma, [](int, int J) { return J - 1; }) +
@@ -114,6 +154,10 @@ private:
             const Number tau = Equation::T_star / t;
             const auto [tt, pi, mixed, pipi] =
                 evaluate<gamma_tautau, gamma_pi, gamma_pitau, gamma_pipi>(p, tau - Equation::shift);
+            *this = SecondDerivatives(p, t, tau, tt, pi, mixed, pipi);
+        }
+        VAPRIX_INLINE SecondDerivatives(Number p, Number t, Number tau, Number tt, Number pi,
+                                        Number mixed, Number pipi) noexcept {
             tautau = ideal<tautau0>(tau, t) + tau * tau * tt;
             pitau = mixed;
             a = 1 + p * pi;
@@ -122,10 +166,8 @@ private:
         }
     };
 
-    // v = R T a / p, (dv/dp)_T = -R T c / p^2, (dv/dT)_p = R b / p, (dh/dp)_T = R T tau
-    // gammar_pitau, the ideal gas having none, cp and cv as above
-    VAPRIX_INLINE static Derivatives<Number> derivatives(Number p, Number t) noexcept {
-        const SecondDerivatives d(p, t);
+    VAPRIX_INLINE static Derivatives<Number> derivatives(Number p, Number t,
+                                                         const SecondDerivatives& d) noexcept {
         const Number v_t_ideal = v_factor / p;
         const Number v_ideal = v_t_ideal * t;
         return {.v = v_ideal * d.a,

@@ -23,7 +23,7 @@ N derived3(const StateOf<N>& at) noexcept {
     return Region3<N>::template derived<formula>(at.p, at.d, at.t);
 }
 template <class FormulaOf>
-constexpr auto derived(FormulaOf) {
+constexpr auto derived(FormulaOf /* formula */) {
     return Property{[]<class N>(Kind<N>) constexpr noexcept {constexpr Formula<N> formula =
                                                                  FormulaOf{}(Kind<N>{});
     return Equations<N>{Region1<N>::template derived<formula>,

@@ -51,11 +51,11 @@ inline constexpr Reading eps{
 // refractive index at a wavelength, micrometres
 struct Refraction {
     Asked asked = of_density;
-    [[nodiscard]] bool defined(const State& at, double wavelength) const noexcept {
+    [[nodiscard]] static bool defined(const State& at, double wavelength) noexcept {
         return at.t > 0 && at.d > 0 && at.t <= refractive_top && wavelength >= 0.2 &&
                wavelength <= 1.1;
     }
-    [[nodiscard]] double of(const State& at, double wavelength) const noexcept {
+    [[nodiscard]] static double of(const State& at, double wavelength) noexcept {
         return transport::refractive_index(at.t, at.d, wavelength);
     }
 };

@@ -24,6 +24,8 @@ for file in use.c use.cpp; do
 done
 cc -static "$source/tests/install/use.c" $(pkg-config --static --cflags --libs vaprix) -o use
 ./use
+c++ -std=c++17 "$source/tests/install/use_state.cpp" $(pkg-config --cflags --libs vaprix_cpp vaprix) -o use
+LD_LIBRARY_PATH="$scratch/moved/$libdir" ./use
 
 cc "$source/arrays/tests/use.c" $(pkg-config --cflags --libs vaprix_arrays) -o use
 LD_LIBRARY_PATH="$scratch/moved/$libdir" ./use
@@ -32,7 +34,7 @@ cc -static "$source/arrays/tests/use.c" $(pkg-config --static --cflags --libs va
 
 # The static library defines the exported names and no other, and needs the C library alone.
 archive=moved/$libdir/libvaprix.a
-nm -g --defined-only "$archive" | sed -n 's/.* [A-Z] //p' | sort | diff "$exports" -
+nm -g --defined-only "$archive" | sed -n 's/.* [A-Zu] //p' | sort | diff "$exports" -
 nm -g --undefined-only "$archive" | grep '_Z\|__cxa\|__gxx' && exit 1
 
 use fetched CXX -DSOURCE="$source" -DCMAKE_BUILD_TYPE=Debug
