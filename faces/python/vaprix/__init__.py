@@ -1,0 +1,37 @@
+# SPDX-License-Identifier: MIT
+"""Properties of water and steam after IAPWS-IF97: every function of VAPRIX as a ufunc of NumPy, under its plain name.
+
+    >>> vaprix.HBPT(3, 300)                          # MPa, K: kJ/kg
+    >>> vaprix.HBPT(3, np.linspace(300, 800, 6))     # arrays, which broadcast
+
+Units are MPa, K, kg/m3, m3/kg, kJ/kg, kJ/(kg K), m/s, Pa s; help(vaprix.HBPT) has range, failures and source. A
+failure is a number, -99999.0 of most functions, no exception and no warning; code(...) has the codes of the elements,
+reason(...) their meaning. float32 for float32, rounded from float64. Constants are floats. A function that takes a
+region, where 0 has it determined, answers (result, region).
+"""
+import operator as _operator
+
+from . import _ufuncs
+from ._reasons import REASONS as _REASONS
+from ._ufuncs import *  # noqa: F401,F403
+
+__version__ = _ufuncs.__version__
+
+
+def code(function, *arguments, **how):
+    """The codes of the elements, 0 where a call stores none: code(vaprix.HOPT, p, T) or code("HOPT", p, T).
+
+    What a ufunc takes by name may follow: out=, where=.
+    """
+    name = getattr(function, "__name__", function)
+    if name not in _ufuncs._codes:
+        raise ValueError(f"{name!r} is no function of vaprix")
+    return _ufuncs._codes[name](*arguments, **how)
+
+
+def reason(code):
+    """What a code says, as text."""
+    number = _operator.index(code)
+    if number not in _REASONS:
+        raise ValueError(f"{number} is no code of vaprix")
+    return _REASONS[number]
