@@ -35,8 +35,12 @@ void divide_pt(const double* p_of, const double* t_of, std::size_t count,
             const Number band = (t - T_min) * detail::psat_bands_per_kelvin - 0.5;
             const auto index = machine::rounded(machine::select(cold & (band > 0), band, 0.0));
             const double* const bounds = &detail::psat_band_bounds[0].low;
-            add(divided[region1], k, cold & (p > machine::entry(bounds + 1, index + index)));
-            vapour = vapour | (cold & (p < machine::entry(bounds, index + index)));
+            const auto liquid = cold & (p > machine::entry(bounds + 1, index + index));
+            add(divided[region1], k, liquid);
+            const auto rest = cold & (!liquid);
+            if (!machine::none(rest)) {
+                vapour = vapour | (rest & (p < machine::entry(bounds, index + index)));
+            }
         }
         const auto warm = valid & (t > T_13) & (t <= T_23_max);
         if (!machine::none(warm)) vapour = vapour | (warm & (p <= p_b23(t)));
@@ -59,27 +63,23 @@ void divide_py(const double* p_of, const double* y_of, std::size_t count,
             first_band;
         constexpr std::size_t bounds = sizeof(IsobarLimits) / sizeof(float);
         const auto index = band * bounds;
-        const auto at = [&](std::size_t bound) {
-            return machine::entry(&Y::limits[0].cold.low + bound, index);
+        // above one limit of the isobar and below the next
+        const auto between = [&](std::size_t bound) {
+            const auto limits = machine::entries(&Y::limits[0].cold.low + bound, index);
+            return valid & (y > limits.first) & (y < limits.second);
         };
-        enum : std::size_t {
-            cold_high = 1,
-            liquid_low,
-            vapour_high = 5,
-            t25_low,
-            t25_high,
-            t_max_low
-        };
-        add(divided[region1], k, valid & (y > at(cold_high)) & (y < at(liquid_low)));
-        const auto vapour = valid & (y > at(vapour_high)) & (y < at(t25_low));
-        if (!machine::none(vapour)) {
+        enum : std::size_t { cold_high = 1, vapour_high = 5, t25_high = 7 };
+        const auto liquid = between(cold_high);
+        add(divided[region1], k, liquid);
+        if (!machine::none(valid & (!liquid))) {
+            const auto vapour = between(vapour_high);
             const auto a = vapour & (p <= Region2<Number>::p_2a);
             const auto c = vapour & (!a) & Y::template is_2c<Number>(p, y);
             add(divided[region2a], k, a);
             add(divided[region2b], k, vapour & (!a) & (!c));
             add(divided[region2c], k, c);
+            add(divided[region5], k, between(t25_high));
         }
-        add(divided[region5], k, valid & (y > at(t25_high)) & (y < at(t_max_low)));
         add(divided[outside], k, (!valid) & (p == p));
     }
 }

@@ -47,6 +47,24 @@ struct Mask {
     friend VAPRIX_INLINE Mask operator!(Mask a) noexcept { return {~a.v}; }
 };
 
+#if defined(__AVX512DQ__)
+template <>
+struct Mask<8> {
+    __mmask8 v;  // a bit of each lane
+
+    friend VAPRIX_INLINE Mask operator&(Mask a, Mask b) noexcept { return {_kand_mask8(a.v, b.v)}; }
+    friend VAPRIX_INLINE Mask operator|(Mask a, Mask b) noexcept { return {_kor_mask8(a.v, b.v)}; }
+    friend VAPRIX_INLINE Mask operator!(Mask a) noexcept { return {_knot_mask8(a.v)}; }
+};
+#endif
+
+enum class Comparison { less, greater, not_greater, not_less, equal, not_equal };
+
+template <int lanes>
+struct Pack;
+template <Comparison comparison, int lanes>
+VAPRIX_INLINE Mask<lanes> compare(Pack<lanes> a, Pack<lanes> b) noexcept;
+
 template <int lanes_>
 struct Pack {
     static constexpr int lanes = lanes_;
@@ -75,12 +93,24 @@ struct Pack {
     VAPRIX_INLINE Pack& operator-=(Pack b) noexcept { return *this = *this - b; }
     VAPRIX_INLINE Pack& operator*=(Pack b) noexcept { return *this = *this * b; }
 
-    friend VAPRIX_INLINE Mask<lanes> operator<(Pack a, Pack b) noexcept { return {a.v < b.v}; }
-    friend VAPRIX_INLINE Mask<lanes> operator>(Pack a, Pack b) noexcept { return {a.v > b.v}; }
-    friend VAPRIX_INLINE Mask<lanes> operator<=(Pack a, Pack b) noexcept { return {a.v <= b.v}; }
-    friend VAPRIX_INLINE Mask<lanes> operator>=(Pack a, Pack b) noexcept { return {a.v >= b.v}; }
-    friend VAPRIX_INLINE Mask<lanes> operator==(Pack a, Pack b) noexcept { return {a.v == b.v}; }
-    friend VAPRIX_INLINE Mask<lanes> operator!=(Pack a, Pack b) noexcept { return {a.v != b.v}; }
+    friend VAPRIX_INLINE Mask<lanes> operator<(Pack a, Pack b) noexcept {
+        return compare<Comparison::less>(a, b);
+    }
+    friend VAPRIX_INLINE Mask<lanes> operator>(Pack a, Pack b) noexcept {
+        return compare<Comparison::greater>(a, b);
+    }
+    friend VAPRIX_INLINE Mask<lanes> operator<=(Pack a, Pack b) noexcept {
+        return compare<Comparison::not_greater>(a, b);
+    }
+    friend VAPRIX_INLINE Mask<lanes> operator>=(Pack a, Pack b) noexcept {
+        return compare<Comparison::not_less>(a, b);
+    }
+    friend VAPRIX_INLINE Mask<lanes> operator==(Pack a, Pack b) noexcept {
+        return compare<Comparison::equal>(a, b);
+    }
+    friend VAPRIX_INLINE Mask<lanes> operator!=(Pack a, Pack b) noexcept {
+        return compare<Comparison::not_equal>(a, b);
+    }
 
 private:
     template <std::size_t... lane>
@@ -89,6 +119,30 @@ private:
         return Vector{(static_cast<void>(lane), x)...};
     }
 };
+
+template <Comparison comparison, int lanes>
+VAPRIX_INLINE Mask<lanes> compare(Pack<lanes> a, Pack<lanes> b) noexcept {
+#if defined(__AVX512DQ__)
+    if constexpr (lanes == 8) {
+        constexpr int predicates[] = {_CMP_LT_OS, _CMP_GT_OS, _CMP_LE_OS,
+                                      _CMP_GE_OS, _CMP_EQ_OQ, _CMP_NEQ_UQ};
+        return {_mm512_cmp_pd_mask(a.v, b.v, predicates[static_cast<int>(comparison)])};
+    } else
+#endif
+        if constexpr (comparison == Comparison::less) {
+        return {a.v < b.v};
+    } else if constexpr (comparison == Comparison::greater) {
+        return {a.v > b.v};
+    } else if constexpr (comparison == Comparison::not_greater) {
+        return {a.v <= b.v};
+    } else if constexpr (comparison == Comparison::not_less) {
+        return {a.v >= b.v};
+    } else if constexpr (comparison == Comparison::equal) {
+        return {a.v == b.v};
+    } else {
+        return {a.v != b.v};
+    }
+}
 
 namespace machine {
 
@@ -104,7 +158,12 @@ VAPRIX_INLINE Pack<lanes> number(Bits<lanes> x) noexcept {
 template <int lanes>
 VAPRIX_INLINE Pack<lanes> select(Mask<lanes> where, Pack<lanes> yes,
                                  std::type_identity_t<Pack<lanes>> no) noexcept {
-    return Pack<lanes>(where.v ? yes.v : no.v);
+#if defined(__AVX512DQ__)
+    if constexpr (lanes == 8)
+        return Pack<lanes>(_mm512_mask_blend_pd(where.v, no.v, yes.v));
+    else
+#endif
+        return Pack<lanes>(where.v ? yes.v : no.v);
 }
 
 // A bit of each lane, the first the lowest.
@@ -120,9 +179,7 @@ VAPRIX_INLINE unsigned truths(Mask<lanes> mask) noexcept {
     }
 #endif
 #if defined(__AVX512DQ__)
-    if constexpr (lanes == 8) {
-        return static_cast<unsigned>(_mm512_movepi64_mask(reinterpret_cast<__m512i>(mask.v)));
-    }
+    if constexpr (lanes == 8) return _cvtmask8_u32(mask.v);
 #endif
 #else
     unsigned truths = 0;
@@ -184,25 +241,33 @@ VAPRIX_INLINE Pack<lanes> entry(const double* table, Bits<lanes> index) noexcept
     for (int lane = 0; lane < lanes; ++lane) entries.v[lane] = table[index.v[lane]];
     return entries;
 }
+// Two neighbouring floats of a table, from an even or an odd index; neither is zero.
 template <int lanes>
-VAPRIX_INLINE Pack<lanes> entry(const float* table, Bits<lanes> index) noexcept {
+struct Neighbours {
+    Pack<lanes> first, second;
+};
+template <int lanes>
+VAPRIX_INLINE Neighbours<lanes> entries(const float* table, Bits<lanes> index) noexcept {
+    Bits<lanes> both;
 #if defined(__AVX512F__)
     if constexpr (lanes == 8) {
-        return Pack<lanes>(_mm512_cvtps_pd(
-            _mm512_i64gather_ps(reinterpret_cast<__m512i>(index.v), table, sizeof *table)));
-    }
+        both.v = reinterpret_cast<typename Bits<lanes>::Vector>(
+            _mm512_i64gather_epi64(reinterpret_cast<__m512i>(index.v), table, sizeof *table));
+    } else
 #endif
-#if defined(__AVX2__)
-    if constexpr (lanes == 4) {
-        return Pack<lanes>(_mm256_cvtps_pd(
-            _mm256_i64gather_ps(table, reinterpret_cast<__m256i>(index.v), sizeof *table)));
+    {
+        for (int lane = 0; lane < lanes; ++lane) {
+            std::uint64_t two;
+            __builtin_memcpy(&two, table + index.v[lane], sizeof two);
+            both.v[lane] = two;
+        }
     }
-#endif
-    Pack<lanes> entries;
-    for (int lane = 0; lane < lanes; ++lane) {
-        entries.v[lane] = static_cast<double>(table[index.v[lane]]);
-    }
-    return entries;
+    const auto widened = [](Bits<lanes> bits) noexcept {
+        constexpr std::uint64_t bias = 1023 - 127;
+        const auto signs = (bits & 0x8000'0000u) << 32;
+        return number(Bits<lanes>{(((bits & 0x7fff'ffffu) << 29) + (bias << 52)).v | signs.v});
+    };
+    return {widened(both & 0xffff'ffffu), widened(both >> 32)};
 }
 
 }  // namespace machine

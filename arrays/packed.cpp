@@ -26,6 +26,9 @@ Elements first(std::size_t count) noexcept {
     return elements;
 }
 
+void without(Elements& from, const Elements& elements) noexcept {
+    for (std::size_t word = 0; word < from.size(); ++word) from[word] &= ~elements[word];
+}
 void remove(Elements& from, std::size_t element) noexcept {
     from[element / 64] &= ~(std::uint64_t{1} << (element % 64));
 }
@@ -69,20 +72,35 @@ void answer_part(const Plan& plan, Part part, const Elements& elements, std::siz
     }
     plan.evaluate[part](p, t, results, size);
 
+    // where a state was solved for and found, at a temperature that the answer rule has no word about
     const auto is_answered = [&](std::size_t k) noexcept {
-        return p[k] > 0 && t[k] > 0 && t[k] >= plan.t_low && t[k] <= plan.t_high;
+        return (p[k] > 0) & (t[k] > 0) & (t[k] >= plan.t_low) & (t[k] <= plan.t_high);
     };
-    bool all = true;
-    for (std::size_t k = 0; k < size; ++k) all &= is_answered(k);
-    if (whole && all) {
-        left = {};
+    const bool all =
+        (plan.solve[part] == nullptr && !plan.has_limits) || plan.all_found(plan, p, t, size);
+    if (!whole) {
+        for (std::size_t k = 0; k < size; ++k) out[some.element[k]] = results[k];
+    }
+    if (all) {
+        without(left, elements);
         return;
     }
     for (std::size_t k = 0; k < size; ++k) {
-        const std::size_t element = whole ? k : some.element[k];
-        if (!whole) out[element] = results[k];
-        if (is_answered(k)) remove(left, element);
+        if (is_answered(k)) remove(left, whole ? k : some.element[k]);
     }
+}
+
+void answer_outside(const Plan& plan, const Elements& elements, std::size_t count,
+                    std::int32_t* code, double* out) noexcept {
+    if (size_of(elements) == count) {
+        std::fill_n(out, count, plan.outside_value);
+        std::fill_n(code, count, plan.outside_code);
+        return;
+    }
+    for_each(elements, [&](std::size_t k) {
+        out[k] = plan.outside_value;
+        code[k] = plan.outside_code;
+    });
 }
 
 }  // namespace
@@ -100,11 +118,8 @@ Elements answer_packed(const Plan& plan, std::size_t count, std::int32_t* code, 
         for (std::size_t word = 0; word < all.size(); ++word) elements[word] &= all[word];
         if (elements == Elements{}) continue;
         if (part == outside) {
-            for_each(elements, [&](std::size_t k) {
-                out[k] = plan.outside_value;
-                code[k] = plan.outside_code;
-                remove(left, k);
-            });
+            answer_outside(plan, elements, count, code, out);
+            without(left, elements);
         } else if (plan.evaluate[part] != nullptr) {
             answer_part(plan, static_cast<Part>(part), elements, count, x, y, out, left);
         }

@@ -23,16 +23,33 @@ void kernel(const double* x, const double* y, double* out, std::size_t count) no
     }
 }
 
+bool all_found(const Plan& plan, const double* p_of, const double* t_of,
+               std::size_t count) noexcept {
+    auto found = Lanes(0) == 0;
+    for (std::size_t k = 0; k < count; k += Lanes::lanes) {
+        const Lanes p = Lanes::load(p_of + k), t = Lanes::load(t_of + k);
+        found = found & (p > 0) & (t > 0) & (t >= plan.t_low) & (t <= plan.t_high);
+    }
+    return machine::none(!found);
+}
+
 // What a resolver makes of p and T in a region that is known: the B-family has v, and d from it, the
 // O-family d, and v from it.
 enum class Finish { none, volume, density };
 
 template <const auto& property, Asked asked, Finish finish, Region region>
 inline constexpr auto evaluated = [](Lanes p, Lanes t) noexcept {
-    StateOf<Lanes> state{.region = region, .p = p, .t = t};
-    if constexpr (finish == Finish::volume) state = with_volume<asked>(state);
-    if constexpr (finish == Finish::density) state = with_density<asked>(state);
-    return single<property>(state);
+    if constexpr (requires { property.equations; }) {
+        if constexpr (region == Region::one) return property.region1(p, t);
+        if constexpr (region == Region::two) return property.region2(p, t);
+        if constexpr (region == Region::five) return property.region5(p, t);
+    } else {
+        StateOf<Lanes> state;
+        state.region = region, state.p = p, state.t = t;
+        if constexpr (finish == Finish::volume) state = with_volume<asked>(state);
+        if constexpr (finish == Finish::density) state = with_density<asked>(state);
+        return property.of(state);
+    }
 };
 
 // A property of the state alone.
@@ -166,6 +183,8 @@ constexpr Plan plan_of() {
         if constexpr (Plain<property> && !rule.of_any && !rule.only_wet) {
             set_evaluations<property, asked<rule, property>, Resolved::finish>(plan);
             Resolved::set(plan);
+            plan.all_found = all_found;
+            plan.has_limits = rule.below.t > 0 || std::min(rule.above.t, rule.above_too.t) < T_max;
             plan.t_high = std::min(rule.above.t, rule.above_too.t);
             plan.t_low = rule.below.t;
             plan.outside_value = rule.outside.value;

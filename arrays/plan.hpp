@@ -35,7 +35,11 @@ struct Plan {
     Kernels solve{};
     bool solves_pressure = false;  // of a temperature, else the other way about
     Kernels evaluate{};            // of p and T; null: the part is left
-    double t_low = 0;              // temperatures between which the answer rule has no word
+    // Whether all states have been found, at temperatures that the answer rule has no word about.
+    bool (*all_found)(const Plan& plan, const double* p, const double* t,
+                      std::size_t count) noexcept = nullptr;
+    bool has_limits = false;  // of those temperatures
+    double t_low = 0;
     double t_high = 1e300;
     double outside_value = 0;  // what the part outside is answered with
     std::int32_t outside_code = 0;
