@@ -28,40 +28,43 @@ template <class Value>
     return at;
 }
 
-// One element by the export's own answer.
+// One element by the export's own answer, which stores its code at `stored`.
 template <class Export, class... Values>
-void evaluate_one(std::int32_t& code, Values*... values) noexcept {
-    thread::Word stored = stored_code();
+void evaluate_one(thread::Word& stored, std::int32_t& code, Values*... values) noexcept {
     stored = 0;
     Export::evaluate(element(values)...);
     code = stored;
 }
 
-// By the plan of the export, from one or two variables of its state.
-template <class Export>
-Elements answer_planned(std::size_t count, std::int32_t* code, const double* x, const double* y,
-                        double* out) noexcept {
-    return answer_packed(plans()[Export::number], count, code, x, y, out);
+// By a plan, from one or two variables of the state.
+inline Elements answer_planned(const Plan& plan, std::size_t count, std::int32_t* code,
+                               const double* x, const double* y, double* out) noexcept {
+    return answer_packed(plan, count, code, x, y, out);
 }
-template <class Export>
-Elements answer_planned(std::size_t count, std::int32_t* code, const double* x,
-                        double* out) noexcept {
-    return answer_planned<Export>(count, code, x, x, out);
+inline Elements answer_planned(const Plan& plan, std::size_t count, std::int32_t* code,
+                               const double* x, double* out) noexcept {
+    return answer_packed(plan, count, code, x, x, out);
 }
 
 // `count` elements, at most block_size, of the arguments in the resolver's order and the result, each
-// contiguous, and their codes. None overlays another: arguments may be read again after results are
+// contiguous, and their codes. No result overlays an argument, which may be read again once it is
 // written.
 template <class Export, class... Values>
 void evaluate_block(std::size_t count, std::int32_t* code, Values*... values) noexcept {
-    if constexpr (requires { answer_planned<Export>(count, code, values...); }) {
-        if (plans() != nullptr && plans()[Export::number].divide != nullptr) {
-            const Elements left = answer_planned<Export>(count, code, values...);
-            for_each(left, [&](std::size_t k) { evaluate_one<Export>(code[k], (values + k)...); });
+    thread::Word stored = stored_code();
+    if constexpr (requires(const Plan& plan) { answer_planned(plan, count, code, values...); }) {
+        const Plan* const all = plans();
+        if (all != nullptr && all[Export::number].divide != nullptr) {
+            const Elements left = answer_planned(all[Export::number], count, code, values...);
+            for_each(left, [&](std::size_t k) {
+                evaluate_one<Export>(stored, code[k], (values + k)...);
+            });
             return;
         }
     }
-    for (std::size_t k = 0; k < count; ++k) evaluate_one<Export>(code[k], (values + k)...);
+    for (std::size_t k = 0; k < count; ++k) {
+        evaluate_one<Export>(stored, code[k], (values + k)...);
+    }
 }
 
 }  // namespace vaprix::arrays
