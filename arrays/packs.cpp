@@ -199,7 +199,7 @@ constexpr Plan plan_of() {
 }
 
 constexpr std::array all_plans = []<class... Exports>(exports::All<Exports...>) {
-    return std::array{plan_of<Exports>()...};
+    return std::array<Plan, sizeof...(Exports)>{plan_of<Exports>()...};
 }(exports::all);
 
 }  // namespace
