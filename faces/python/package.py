@@ -5,17 +5,21 @@
 FACE is one of
   table    C++ table of the exports for ufuncs.cpp
   reasons  Python dictionary of the codes' meanings
+  readings Python table of what functions water() asks
   stubs    the types of the package, from vaprix/stubs.pyi.in
 """
+import math
 import pathlib
+import re
 import sys
 import textwrap
 
 HERE = pathlib.Path(__file__).resolve().parent
 sys.dont_write_bytecode = True  # the source tree may be read-only
-sys.path[:0] = [str(HERE.parents[1] / "VAPRIX" / "exports"), str(HERE.parents[1] / "arrays")]
+sys.path[:0] = [str(HERE.parents[1] / folder) for folder in ("VAPRIX/exports", "arrays", "faces/spreadsheet")]
 from answers import CODES, answers, prose, rows  # noqa: E402
 from arrays import operands  # noqa: E402
+from functions import refusals  # noqa: E402
 from generate import ARGUMENTS, WRITTEN, catalogue  # noqa: E402
 
 LEFT_OUT = "error code"  # its quantity: vaprix.code answers by element, whatever thread asks
@@ -99,6 +103,28 @@ def reasons():
             "".join(f"    {code['code']}: {code['meaning']!r},\n" for code in CODES.values()) + "}\n")
 
 
+# what a name begins with -> the attribute of water()
+ATTRIBUTES = {"P": "p", "T": "T", "V": "v", "D": "d", "H": "h", "S": "s", "X": "x", "U": "u", "F": "f", "G": "g",
+              "CP": "cp", "CV": "cv", "W": "w", "Z": "z", "ETA": "eta", "VNU": "nu", "TCO": "lambda_", "PR": "Pr",
+              "EPS": "epsilon", "FUG": "fugacity", "ALP": "alpha_p", "ALV": "alpha_v", "BET": "beta_p", "CAP": "kappa",
+              "CAPT": "kappa_T", "GAM": "cp_per_cv", "RJT": "mu", "REGION": "region"}
+
+
+def readings():
+    """(attribute, family, arguments): (name, numbers that are failures) of the functions of two state variables; the
+    region is of no family. NaN and infinity are failures of all."""
+    out = {}
+    begins = "|".join(ATTRIBUTES)
+    for entry in catalogue()[0]:
+        letters = "".join(entry["arguments"]).upper()
+        found = re.fullmatch(rf"(REGION|(?:{begins})(?=[BO]))([BO]?){letters}", entry["name"])
+        if found and (len(letters) == 2 or entry["property"] == "T"):
+            failures = sorted({r.value for r in refusals(entry) if math.isfinite(r.value)})
+            out[ATTRIBUTES[found[1]], found[2], "".join(sorted(entry["arguments"]))] = (
+                entry["name"], tuple(entry["arguments"]), tuple(failures))
+    return f'"""{GENERATED}"""\nREADINGS = {{\n' + "".join(f"    {k!r}: {v!r},\n" for k, v in out.items()) + "}\n"
+
+
 def stub(entry, text):
     kind = "float" if not entry["arguments"] else class_name(entry)
     return f'{entry["name"]}: {kind}\n"""{text}"""\n'
@@ -121,7 +147,7 @@ def stubs():
     return text.replace("@declarations@\n", "\n".join([*classes, *(stub(e, t) for e, t in entries)]))
 
 
-FACES = {"table": table, "reasons": reasons, "stubs": stubs}
+FACES = {"table": table, "reasons": reasons, "readings": readings, "stubs": stubs}
 
 
 def main():

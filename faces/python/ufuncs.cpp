@@ -125,7 +125,7 @@ void through_blocks(const Function& function, const Strided* operand, std::size_
 
 // Whether the elements of the result are arguments of those after them, as they are where NumPy reduces.
 bool is_reduction(const Strided& first, const Strided& result) noexcept {
-    return result.step == 0 || result.at == first.at + first.step;
+    return result.at == first.at + first.step;
 }
 
 template <class Number, bool codes>
@@ -146,6 +146,20 @@ void loop(char** at, const npy_intp* count, const npy_intp* steps, void* data) n
     if (!whole) return through_blocks<Number, codes>(function, operand, n, block_size);
     const QuietFlags quiet;
     function.over(n, straight, nullptr);
+}
+
+// The number, or NaN with the flag that NumPy tells of.
+template <class Number>
+void checked(char** at, const npy_intp* count, const npy_intp* steps, void* /*data*/) noexcept {
+    const Strided number{at[0], steps[0]}, failed{at[1], steps[1]}, result{at[2], steps[2]};
+    bool any = false;
+    for (std::size_t k = 0; k < static_cast<std::size_t>(*count); ++k) {
+        const bool fails = failed.element<const npy_bool>(k) != 0;
+        any = any || fails;
+        result.element<Number>(k) =
+            fails ? std::numeric_limits<Number>::quiet_NaN() : number.element<const Number>(k);
+    }
+    if (any) std::feraiseexcept(FE_INVALID);
 }
 
 // What NumPy keeps for a ufunc as long as that lives, which is as long as the module.
@@ -235,12 +249,20 @@ bool add_function(PyObject* values, PyObject* codes, const Function& function) {
            add(codes, function.name, ufunc(function, code_loops, {NPY_DOUBLE}, kept[1], true));
 }
 
+PyObject* checked_ufunc() {
+    static PyUFuncGenericFunction loops[] = {checked<float>, checked<double>};
+    static void* no_data[] = {nullptr, nullptr};
+    static char types[] = {NPY_FLOAT, NPY_BOOL, NPY_FLOAT, NPY_DOUBLE, NPY_BOOL, NPY_DOUBLE};
+    return PyUFunc_FromFuncAndData(loops, no_data, types, 2, 2, 1, PyUFunc_None, "water",
+                                   "The number, or NaN where it is a failure.", 0);
+}
+
 bool fill(PyObject* module) {
     PyObject* values = PyModule_GetDict(module);
     PyObject* codes = PyDict_New();
     if (codes == nullptr) return false;
     Py_INCREF(codes);
-    bool done = add(values, "_codes", codes) &&
+    bool done = add(values, "_codes", codes) && add(values, "_checked", checked_ufunc()) &&
                 add(values, "__version__", PyUnicode_FromString(VAPRIX_VERSION_TEXT));
     for (const Function& function : functions) done = done && add_function(values, codes, function);
     Py_DECREF(codes);

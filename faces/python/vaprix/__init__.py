@@ -3,6 +3,7 @@
 
     >>> vaprix.HBPT(3, 300)                          # MPa, K: kJ/kg
     >>> vaprix.HBPT(3, np.linspace(300, 800, 6))     # arrays, which broadcast
+    >>> vaprix.water(p=10, h=2900).T                 # states of any two variables
 
 Units are MPa, K, kg/m3, m3/kg, kJ/kg, kJ/(kg K), m/s, Pa s; help(vaprix.HBPT) has range, failures and source. A
 failure is a number, -99999.0 of most functions, no exception and no warning; code(...) has the codes of the elements,
@@ -14,6 +15,7 @@ import operator as _operator
 from . import _ufuncs
 from ._reasons import REASONS as _REASONS
 from ._ufuncs import *  # noqa: F401,F403
+from ._water import water  # noqa: F401
 
 __version__ = _ufuncs.__version__
 
