@@ -4,6 +4,7 @@ import gc
 import pickle
 import sys
 import threading
+import time
 import warnings
 
 import numpy as np
@@ -176,7 +177,7 @@ def test_no_warning():
 
 
 def test_threads():
-    """Beside each other, with the same results, and without the interpreter's lock."""
+    """Beside each other, with the same results."""
     p, t = np.tile(P, 300), np.tile(T, 300)
     wanted, found = np.tile(H, 300), {}
 
@@ -186,6 +187,29 @@ def test_threads():
     [thread.start() for thread in threads]
     [thread.join() for thread in threads]
     assert found == dict.fromkeys(range(4), [True] * 5)
+
+
+def test_interpreter_is_free():
+    """Another thread runs during a call though the interpreter never switches by itself."""
+    p, done, seen = np.full(4_000_000, 3.0), threading.Event(), []
+
+    def watch():
+        while not done.is_set():
+            seen.append(time.perf_counter())
+            time.sleep(0.001)
+    interval = sys.getswitchinterval()
+    sys.setswitchinterval(60)
+    try:
+        watcher = threading.Thread(target=watch)
+        watcher.start()
+        begin = time.perf_counter()
+        vaprix.HBPT(p, 300.0)
+        end = time.perf_counter()
+        done.set()
+        watcher.join()
+    finally:
+        sys.setswitchinterval(interval)
+    assert sum(begin < moment < end for moment in seen) > 1
 
 
 def test_references():
