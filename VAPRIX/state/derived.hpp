@@ -22,17 +22,18 @@ template <class N, Formula<N> formula>
 N derived3(const StateOf<N>& at) noexcept {
     return Region3<N>::template derived<formula>(at.p, at.d, at.t);
 }
+// clang-format 14 takes such lambdas for namespaces.
+// clang-format off
 template <class FormulaOf>
 constexpr auto derived(FormulaOf /* formula */) {
-    return Property{[]<class N>(Kind<N>) constexpr noexcept {constexpr Formula<N> formula =
-                                                                 FormulaOf{}(Kind<N>{});
-    return Equations<N>{Region1<N>::template derived<formula>,
-                        Region2<N>::template derived<formula>, derived3<N, formula>,
-                        Region5<N>::template derived<formula>};
+    return Property{[]<class N>(Kind<N>) constexpr noexcept {
+        constexpr Formula<N> formula = FormulaOf{}(Kind<N>{});
+        return Equations<N>{Region1<N>::template derived<formula>,
+                            Region2<N>::template derived<formula>, derived3<N, formula>,
+                            Region5<N>::template derived<formula>};
+    }, single_phase};
 }
-, single_phase
-};  // namespace vaprix::property
-}
+// clang-format on
 
 inline constexpr Property alpha_v = derived([]<class N>(Kind<N>) { return formula::alpha_v<N>; });
 inline constexpr Property alpha_p = derived([]<class N>(Kind<N>) { return formula::alpha_p<N>; });
@@ -62,13 +63,12 @@ template <class N>
 N compressibility3(const StateOf<N>& at) noexcept {
     return 1000 * at.p / (at.d * R * at.t);
 }
+// clang-format off
 inline constexpr Property z{[]<class N>(Kind<N>) constexpr noexcept {
     return Equations<N>{compressibility<N, Region1<N>::v>, compressibility<N, Region2<N>::v>,
                         compressibility3<N>, compressibility<N, Region5<N>::v>};
-}
-, single_phase
-}
-;
+}, single_phase};
+// clang-format on
 
 // The same of the density given, and of wet steam of quality x.
 inline constexpr Reading z_of_d{[](const auto& at) noexcept { return compressibility3(at); },
@@ -99,12 +99,11 @@ template <class N>
 N ideal_gibbs3(const StateOf<N>& at) noexcept {
     return ideal_gibbs(at.p, at.t);
 }
+// clang-format off
 inline constexpr Property g_ideal{[]<class N>(Kind<N>) constexpr noexcept {
     return Equations<N>{ideal_gibbs<N>, ideal_gibbs<N>, ideal_gibbs3<N>, ideal_gibbs<N>};
-}
-, single_phase
-}
-;
+}, single_phase};
+// clang-format on
 
 // Fugacity p exp((g - g_ideal)/(R T)), MPa. Where region 2 itself has the ideal gas, g - g_ideal is
 // its residual part; elsewhere the p before the exponential and the ln p of the ideal gas cancel.
@@ -124,13 +123,12 @@ template <class N>
 N fugacity3(const StateOf<N>& at) noexcept {
     return fugacity_of(Region3<N>::g(at.d, at.t), at.t);
 }
+// clang-format off
 inline constexpr Property fugacity{[]<class N>(Kind<N>) constexpr noexcept {
     return Equations<N>{fugacity1<N>, fugacity_vapour<N, Region2<N>::residual_part>, fugacity3<N>,
                         fugacity_vapour<N, Region5<N>::residual_part>};
-}
-, single_phase
-}
-;
+}, single_phase};
+// clang-format on
 
 // Change by vaporisation, vapour less liquid.
 template <const auto& property>

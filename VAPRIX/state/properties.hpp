@@ -124,51 +124,38 @@ N helmholtz(N pressure, N t) noexcept {
     return u_of(pressure, t) - t * s_of(pressure, t);
 }
 
+// clang-format 14 takes such lambdas for namespaces.
+// clang-format off
 inline constexpr Property v{[]<class N>(Kind<N>) constexpr noexcept {
     return Equations<N>{Region1<N>::v, Region2<N>::v, given_v<N>, Region5<N>::v};
-}  // namespace property
-};  // namespace vaprix
+}};
 inline constexpr Property h{[]<class N>(Kind<N>) constexpr noexcept {
     return Equations<N>{Region1<N>::h, Region2<N>::h, of_dt<N, Region3<N>::h>, Region5<N>::h};
-}
-}
-;
+}};
 inline constexpr Property s{[]<class N>(Kind<N>) constexpr noexcept {
     return Equations<N>{Region1<N>::s, Region2<N>::s, of_dt<N, Region3<N>::s>, Region5<N>::s};
-}
-}
-;
+}};
 inline constexpr Property u{[]<class N>(Kind<N>) constexpr noexcept {
     return Equations<N>{Region1<N>::u, Region2<N>::u, of_dt<N, Region3<N>::u>, Region5<N>::u};
-}
-}
-;
-inline constexpr Property f{[]<class N>(Kind<N>) constexpr noexcept {return Equations<N>{
-    helmholtz<N, Region1<N>::u, Region1<N>::s>, helmholtz<N, Region2<N>::u, Region2<N>::s>,
-    of_dt<N, Region3<N>::f>, helmholtz<N, Region5<N>::u, Region5<N>::s>};
-}
-}
-;
+}};
+inline constexpr Property f{[]<class N>(Kind<N>) constexpr noexcept {
+    return Equations<N>{helmholtz<N, Region1<N>::u, Region1<N>::s>,
+                        helmholtz<N, Region2<N>::u, Region2<N>::s>, of_dt<N, Region3<N>::f>,
+                        helmholtz<N, Region5<N>::u, Region5<N>::s>};
+}};
 inline constexpr Property g{[]<class N>(Kind<N>) constexpr noexcept {
     return Equations<N>{Region1<N>::g, Region2<N>::g, of_dt<N, Region3<N>::g>, Region5<N>::g};
-}
-}
-;
+}};
 inline constexpr Property cp{[]<class N>(Kind<N>) constexpr noexcept {
     return Equations<N>{Region1<N>::cp, Region2<N>::cp, of_dt<N, Region3<N>::cp>, Region5<N>::cp};
-}
-}
-;
+}};
 inline constexpr Property cv{[]<class N>(Kind<N>) constexpr noexcept {
     return Equations<N>{Region1<N>::cv, Region2<N>::cv, of_dt<N, Region3<N>::cv>, Region5<N>::cv};
-}
-}
-;
+}};
 inline constexpr Property w{[]<class N>(Kind<N>) constexpr noexcept {
     return Equations<N>{Region1<N>::w, Region2<N>::w, of_dt<N, Region3<N>::w>, Region5<N>::w};
-}
-}
-;
+}};
+// clang-format on
 
 // The variables themselves.
 inline constexpr Reading p{[](const auto& at) noexcept { return at.p; }, Asked{.p = true}};
