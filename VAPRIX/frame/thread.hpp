@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
 // What the error code asks of the operating system: a word for each thread, and which thread is the
-// process's first. Besides it only the elementary functions depend on a system.
+// process's first.
 #pragma once
 
 namespace vaprix::thread {
