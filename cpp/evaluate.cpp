@@ -10,7 +10,7 @@
 #include "transport/readings.hpp"
 #include "transport/surface_tension.hpp"
 
-namespace vaprix::bridge {
+namespace vaprix::inline v0::bridge {
 
 namespace {
 
@@ -197,4 +197,4 @@ Curvatures curvatures(const Resolved& at, Property y) noexcept {
     return curvatures;
 }
 
-}  // namespace vaprix::bridge
+}  // namespace vaprix::inline v0::bridge

@@ -13,7 +13,7 @@
 #include "pt/of_pt.hpp"
 #include "saturation/of_line.hpp"
 
-namespace vaprix::bridge {
+namespace vaprix::inline v0::bridge {
 
 namespace {
 
@@ -178,4 +178,4 @@ Resolved vapour_of_p(double p, Family family) noexcept {
 Resolved liquid_of(const Resolved& at) noexcept { return phase_of<Phase::liquid>(at); }
 Resolved vapour_of(const Resolved& at) noexcept { return phase_of<Phase::vapour>(at); }
 
-}  // namespace vaprix::bridge
+}  // namespace vaprix::inline v0::bridge

@@ -9,7 +9,7 @@
 #include "state/properties.hpp"
 #include "vaprix/bridge.hpp"
 
-namespace vaprix::bridge {
+namespace vaprix::inline v0::bridge {
 
 inline constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 // How v and d follow from the equation's volume.
@@ -67,4 +67,4 @@ inline void form(Resolved& at) noexcept {
     at.unformed = 0;
 }
 
-}  // namespace vaprix::bridge
+}  // namespace vaprix::inline v0::bridge
