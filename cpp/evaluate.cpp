@@ -10,7 +10,9 @@
 #include "transport/readings.hpp"
 #include "transport/surface_tension.hpp"
 
-namespace vaprix::inline v0::bridge {
+namespace vaprix {
+inline namespace v0 {
+namespace bridge {
 
 namespace {
 
@@ -197,4 +199,6 @@ Curvatures curvatures(const Resolved& at, Property y) noexcept {
     return curvatures;
 }
 
-}  // namespace vaprix::inline v0::bridge
+}  // namespace bridge
+}  // namespace v0
+}  // namespace vaprix

@@ -13,7 +13,9 @@
 #include "pt/of_pt.hpp"
 #include "saturation/of_line.hpp"
 
-namespace vaprix::inline v0::bridge {
+namespace vaprix {
+inline namespace v0 {
+namespace bridge {
 
 namespace {
 
@@ -178,4 +180,6 @@ Resolved vapour_of_p(double p, Family family) noexcept {
 Resolved liquid_of(const Resolved& at) noexcept { return phase_of<Phase::liquid>(at); }
 Resolved vapour_of(const Resolved& at) noexcept { return phase_of<Phase::vapour>(at); }
 
-}  // namespace vaprix::inline v0::bridge
+}  // namespace bridge
+}  // namespace v0
+}  // namespace vaprix

@@ -9,7 +9,9 @@
 #include "state/properties.hpp"
 #include "vaprix/bridge.hpp"
 
-namespace vaprix::inline v0::bridge {
+namespace vaprix {
+inline namespace v0 {
+namespace bridge {
 
 inline constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 // How v and d follow from the equation's volume.
@@ -59,7 +61,7 @@ inline constexpr signed char wet = 4, liquid = 1, vapour = 2;
 }
 
 // v and d of a state that has them not formed.
-inline void form(Resolved& at) noexcept {
+VAPRIX_INLINE void form(Resolved& at) noexcept {
     if (at.unformed == 0) return;
     at.v = mixed<property::v>(state_of(at));
     at.d = 1 / at.v;
@@ -67,4 +69,6 @@ inline void form(Resolved& at) noexcept {
     at.unformed = 0;
 }
 
-}  // namespace vaprix::inline v0::bridge
+}  // namespace bridge
+}  // namespace v0
+}  // namespace vaprix

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Every first derivative (dz/dx)_y and the second ones: in quadruple precision against differences of the published
 // equations, in doubles against themselves in quadruple precision, and by the relations of Maxwell.
-#include "derivatives.hpp"
-
 #include <gtest/gtest.h>
 
 #include <string>
@@ -10,6 +8,8 @@
 #include "reference/basic_equations.hpp"
 #include "reference/elementary.hpp"
 #include "reference/sampling.hpp"
+
+#include "derivatives.hpp"
 #include "state/wet.hpp"
 
 namespace {
@@ -23,7 +23,8 @@ using Published = reference::State;
 
 // p, T, v, d, h, s, u, f, g by their numbers
 constexpr const char* letters = "pTvdhsufg";
-constexpr std::size_t p = 0, T = 1, v = 2, d = 3, h = 4, s = 5, u = 6, f = 7, g = 8;
+[[maybe_unused]] constexpr std::size_t p = 0, T = 1, v = 2, d = 3, h = 4, s = 5, u = 6, f = 7,
+                                       g = 8;
 using Values = std::array<Quad, properties>;
 
 Values values(const Published& x) {
@@ -172,7 +173,7 @@ void Derivatives::judge(const strata::State& at) {
 void Derivatives::judge_curvatures(const StateOf<double>& in_double, const StateOf<Quad>& state) {
     const auto curved = derivatives::curvatures(state);
     const auto curved_double = derivatives::curvatures(in_double);
-    for (const std::size_t y : {0, 2, 3}) {
+    for (const std::size_t y : {std::size_t{0}, std::size_t{2}, std::size_t{3}}) {
         const auto first = [&](Quad a, Quad b) {
             const Published x = published_at(state, a, b);
             const Quad by_t[] = {1, x.v_t(), x.cp(), x.cp() / b};
