@@ -17,4 +17,5 @@ python3 tools/check.py build/release/tools
 # without the tests each file is compiled once, so that it is analysed once
 cmake --preset release-clang -B build/lint -DVAPRIX_BUILD_TESTS=OFF >/dev/null
 cmake --build build/lint --target vaprix_faces vaprix_arrays_faces >/dev/null
-find VAPRIX arrays/*.cpp cpp/*.cpp -name '*.cpp' | xargs -P "$(nproc)" -n 2 clang-tidy --quiet -p build/lint
+# packs.cpp is the equations once more, for each instruction set: minutes of analysis that finds nothing new
+find VAPRIX arrays/*.cpp cpp/*.cpp -name '*.cpp' ! -name packs.cpp | xargs -P "$(nproc)" -n 2 clang-tidy --quiet -p build/lint
