@@ -12,7 +12,7 @@ struct Sum {
     Number high, low;
 };
 
-// ln x to 70 bits, and what is added to it; x > 0, subnormal or not, nothing is checked.
+// ln x to 70 bits, and what is added to it; x > 0 and finite, subnormal or not, nothing is checked.
 //
 // x = 2^k z, z about 1: ln x = k ln 2 - ln c + ln(1 + r) with r = c z - 1, c near 1/z from the table.
 // The upper half of z times c is exact, as is its sum with the first parts of k ln 2 and -ln c.

@@ -47,7 +47,7 @@ template <Asked asked>
 
 // --- by pressure ---
 
-// B-family: from a little below the line on purpose (270.4175 K), MPa.
+// Lowest pressure of the B-family, MPa: a little below the line on purpose (270.4175 K).
 inline constexpr double line_p_lowest = 0.0005;
 template <Asked asked>
 [[nodiscard]] VAPRIX_INLINE State line_of_p_b(double p) noexcept {
