@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <type_traits>
 #include <utility>
 
@@ -210,6 +211,12 @@ VAPRIX_INLINE Pack<lanes> sqrt(Pack<lanes> x) noexcept {
 }
 
 inline constexpr std::uint64_t sign = 0x8000'0000'0000'0000;
+template <int lanes>
+VAPRIX_INLINE bool positive_and_normal(Pack<lanes> x) noexcept {
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    return none(!((x >= Pack<lanes>(0x1p-1022)) & (x < Pack<lanes>(infinity))));
+}
+
 template <int lanes>
 VAPRIX_INLINE Pack<lanes> fabs(Pack<lanes> x) noexcept {
     return number(bits(x) & ~sign);

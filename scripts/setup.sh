@@ -11,7 +11,6 @@ demo     cmake g++ ninja-build python3
 core     binutils clang clang-format clang-tidy libbenchmark-dev libclang-rt-14-dev libgtest-dev libmpfr-dev musl-tools
 install  pkg-config
 fortran  gfortran pkg-config
-python   python3-dev python3-hypothesis python3-numpy python3-pip python3-pytest python3-setuptools python3-venv python3-wheel
 hosts    fp-compiler mono-mcs
 spreadsheet libreoffice-calc libreoffice-dev python3-uno
 python   python3-dev python3-hypothesis python3-numpy python3-pip python3-pytest python3-setuptools python3-venv python3-wheel

@@ -29,6 +29,12 @@ TEST(GuardedMath, ExponentialIsHeldBetweenItsLimits) {
         EXPECT_EQ(vaprix::clamped_exp(x), 1e-100) << x;
 }
 
+TEST(Elementary, InfinityIsHandedOn) {
+    EXPECT_EQ(vaprix::log(bound::infinity), bound::infinity);
+    EXPECT_EQ(vaprix::cbrt(bound::infinity), bound::infinity);
+    EXPECT_EQ(vaprix::cbrt(-bound::infinity), -bound::infinity);
+}
+
 TEST(GuardedMath, LogarithmAndRootTakeEveryNumber) {
     EXPECT_EQ(vaprix::guarded_log(0.), -230);
     EXPECT_EQ(vaprix::guarded_log(-0.), -230);

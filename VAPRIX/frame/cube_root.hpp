@@ -5,7 +5,7 @@
 
 namespace vaprix {
 
-// Cube root; 0 of 0, else |x| is a normal number.
+// Cube root; 0 of 0 and infinity of infinity, else |x| is a normal number.
 //
 // A third of the exponent and fraction, taken together, is off by 3.2 %, after Halley's step by
 // 2e-5. Of that 17 bits are kept: their cube t^3 and x - t^3 are exact, and of rho = (x - t^3)/t^3
@@ -26,7 +26,7 @@ template <class Number>
     const Number t3 = t * t * t;
     const Number rho = (a - t3) / t3;
     const Number root = t + t * (rho * (1.0 / 3 + rho * (-1.0 / 9 + rho * (5.0 / 81))));
-    return machine::copysign(machine::select(a == 0, a, root), x);
+    return machine::copysign(machine::select(2 * a == a, a, root), x);
 }
 
 }  // namespace vaprix

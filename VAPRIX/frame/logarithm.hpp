@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <limits>
+
 #include "frame/machine.hpp"
 #include "frame/tables/elementary.hpp"
 
@@ -12,7 +14,8 @@ struct Sum {
     Number high, low;
 };
 
-// ln x to 70 bits, and what is added to it; x > 0 and finite, subnormal or not, nothing is checked.
+// ln x to 70 bits, and what is added to it; x > 0, subnormal or not, nothing is checked. Of infinity
+// the first is infinite.
 //
 // x = 2^k z, z about 1: ln x = k ln 2 - ln c + ln(1 + r) with r = c z - 1, c near 1/z from the table.
 // The upper half of z times c is exact, as is its sum with the first parts of k ln 2 and -ln c.
@@ -21,11 +24,14 @@ template <class Number, class... More>
     using namespace tables::elementary;
     constexpr std::uint64_t one = 0x3ff0'0000'0000'0000, two52 = 0x4330'0000'0000'0000;
     constexpr std::uint64_t fraction = 0x000f'ffff'ffff'ffff, lower = 0x3f'ffff;
-    const auto subnormal = x < 0x1p-1022;
+    constexpr double infinity = std::numeric_limits<double>::infinity();
     Number bias = 0x1p52 + 1023;
-    if (!machine::none(subnormal)) {
+    if (!machine::positive_and_normal(x)) {
+        const auto subnormal = x < 0x1p-1022;
+        const auto infinite = x == infinity;
         x = machine::select(subnormal, 0x1p54 * x, x);
         bias = machine::select(subnormal, bias + 54, bias);
+        bias = machine::select(infinite, bias - infinity, bias);
     }
     const auto from_start = machine::bits(x) - log_start + one;
     const Number k = machine::number((from_start >> 52) | two52) - bias;

@@ -31,6 +31,12 @@ VAPRIX_INLINE double number(std::uint64_t bits) noexcept { return std::bit_cast<
 // Whether the condition holds in no lane.
 VAPRIX_INLINE bool none(bool condition) noexcept { return !condition; }
 
+// Whether the number is, in every lane.
+VAPRIX_INLINE bool positive_and_normal(double x) noexcept {
+    constexpr std::uint64_t least = 0x0010'0000'0000'0000, infinity = 0x7ff0'0000'0000'0000;
+    return bits(x) - least < infinity - least;
+}
+
 // Of a table, the entry of an index.
 VAPRIX_INLINE double entry(const double* table, std::uint64_t index) noexcept {
     return table[index];

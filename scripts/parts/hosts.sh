@@ -6,6 +6,6 @@ set -eu
 cd "$(dirname "$0")/../.."
 
 cmake --preset library
-cmake --build build/library --target vaprix vaprix_static vaprix_arrays vaprix_arrays_static
+cmake --build build/library
 cmake --install build/library --component Unspecified --prefix build/hosts
 sh faces/hosts/test.sh build/hosts

@@ -6,5 +6,5 @@ set -eu
 cd "$(dirname "$0")/../.."
 
 cmake --preset library
-cmake --build build/library --target vaprix vaprix_static vaprix_arrays vaprix_arrays_static vaprix_cpp vaprix_cpp_static
+cmake --build build/library
 sh tests/install/install.sh "$PWD" "$PWD/build/library" lib "$PWD/build/library/generated/exports.txt"
