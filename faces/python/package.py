@@ -3,12 +3,11 @@
 """Makes the Python package from the catalogue of exports: package.py FACE OUTPUT.
 
 FACE is one of
-  table    C++ table of the exports for ufuncs.cpp
-  reasons  Python dictionary of the codes' meanings
-  readings Python table of what functions water() asks
-  stubs    the types of the package, from vaprix/stubs.pyi.in
+  table      C++ table of the exports for ufuncs.cpp
+  reasons    Python dictionary of the codes' meanings
+  quantities Python table of the attributes of water()
+  stubs      the types of the package, from vaprix/stubs.pyi.in
 """
-import math
 import pathlib
 import re
 import sys
@@ -16,10 +15,9 @@ import textwrap
 
 HERE = pathlib.Path(__file__).resolve().parent
 sys.dont_write_bytecode = True  # the source tree may be read-only
-sys.path[:0] = [str(HERE.parents[1] / folder) for folder in ("VAPRIX/exports", "arrays", "faces/spreadsheet")]
+sys.path[:0] = [str(HERE.parents[1] / folder) for folder in ("VAPRIX/exports", "arrays")]
 from answers import CODES, answers, prose, rows  # noqa: E402
 from arrays import operands  # noqa: E402
-from functions import refusals  # noqa: E402
 from generate import ARGUMENTS, WRITTEN, catalogue  # noqa: E402
 
 LEFT_OUT = "error code"  # its quantity: vaprix.code answers by element, whatever thread asks
@@ -103,26 +101,23 @@ def reasons():
             "".join(f"    {code['code']}: {code['meaning']!r},\n" for code in CODES.values()) + "}\n")
 
 
-# what a name begins with -> the attribute of water()
-ATTRIBUTES = {"P": "p", "T": "T", "V": "v", "D": "d", "H": "h", "S": "s", "X": "x", "U": "u", "F": "f", "G": "g",
-              "CP": "cp", "CV": "cv", "W": "w", "Z": "z", "ETA": "eta", "VNU": "nu", "TCO": "lambda_", "PR": "Pr",
-              "EPS": "epsilon", "FUG": "fugacity", "ALP": "alpha_p", "ALV": "alpha_v", "BET": "beta_p", "CAP": "kappa",
-              "CAPT": "kappa_T", "GAM": "cp_per_cv", "RJT": "mu", "REGION": "region"}
+# attributes of water() whose property has another name in the catalogue
+PROPERTIES = {"nu": "vnu", "lambda_": "tco", "Pr": "pr", "epsilon": "eps"}
+ATTRIBUTES = ("p", "T", "v", "d", "h", "s", "x", "u", "f", "g", "cp", "cv", "w", "z", "kappa", "cp_per_cv", "mu",
+              "alpha_v", "alpha_p", "beta_p", "kappa_T", "fugacity", "g_ideal", "eta", "nu", "lambda_", "Pr", "a",
+              "epsilon")
 
 
-def readings():
-    """(attribute, family, arguments): (name, numbers that are failures) of the functions of two state variables; the
-    region is of no family. NaN and infinity are failures of all."""
-    out = {}
-    begins = "|".join(ATTRIBUTES)
-    for entry in catalogue()[0]:
-        letters = "".join(entry["arguments"]).upper()
-        found = re.fullmatch(rf"(REGION|(?:{begins})(?=[BO]))([BO]?){letters}", entry["name"])
-        if found and (len(letters) == 2 or entry["property"] == "T"):
-            failures = sorted({r.value for r in refusals(entry) if math.isfinite(r.value)})
-            out[ATTRIBUTES[found[1]], found[2], "".join(sorted(entry["arguments"]))] = (
-                entry["name"], tuple(entry["arguments"]), tuple(failures))
-    return f'"""{GENERATED}"""\nREADINGS = {{\n' + "".join(f"    {k!r}: {v!r},\n" for k, v in out.items()) + "}\n"
+def quantities():
+    """Of the attributes of water(): what it is, and its unit."""
+    of = {entry["property"]: (entry["quantity"], entry["unit"]) for entry in reversed(catalogue()[0])}
+    out = {name: of[PROPERTIES.get(name, name)] for name in ATTRIBUTES}
+    return out | {"sigma": ("surface tension", "mN/m")}
+
+
+def quantity_table():
+    return (f'"""{GENERATED}"""\nQUANTITIES = {{\n' +
+            "".join(f"    {name!r}: {row!r},\n" for name, row in quantities().items()) + "}\n")
 
 
 def stub(entry, text):
@@ -144,10 +139,13 @@ def stubs():
     entries = documented()
     classes = dict.fromkeys(stub_class(e) for e, _ in entries if e["arguments"])
     text = (HERE / "vaprix" / "stubs.pyi.in").read_text(encoding="utf-8")
-    return text.replace("@declarations@\n", "\n".join([*classes, *(stub(e, t) for e, t in entries)]))
+    attributes = "".join(f'    {name}: Any\n    """{quantity}{", " + unit if unit else ""}"""\n'
+                         for name, (quantity, unit) in quantities().items())
+    return text.replace("    @attributes@\n", attributes).replace(
+        "@declarations@\n", "\n".join([*classes, *(stub(e, t) for e, t in entries)]))
 
 
-FACES = {"table": table, "reasons": reasons, "readings": readings, "stubs": stubs}
+FACES = {"table": table, "reasons": reasons, "quantities": quantity_table, "stubs": stubs}
 
 
 def main():

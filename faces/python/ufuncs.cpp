@@ -12,11 +12,10 @@
 
 #include <algorithm>
 #include <array>
-#include <cfenv>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
-#include <vector>
+
+#include "loops.hpp"
 
 namespace {
 
@@ -49,33 +48,6 @@ constexpr int most_inputs = 4;
 constexpr double unwritten =
     -99999;  // what an export that answers by an argument leaves where it fails
 constexpr std::ptrdiff_t size_of_double = sizeof(double);
-
-// NumPy looks at the floating-point flags after a loop. They say nothing here, where a failure is a number: what a
-// call raises is taken back.
-class QuietFlags {
-    static constexpr int watched = FE_INVALID | FE_DIVBYZERO | FE_OVERFLOW | FE_UNDERFLOW;
-    const int before = std::fetestexcept(watched);
-
-public:
-    QuietFlags() noexcept = default;
-    QuietFlags(const QuietFlags&) = delete;
-    QuietFlags& operator=(const QuietFlags&) = delete;
-    ~QuietFlags() {
-        if (const int raised = std::fetestexcept(watched) & ~before; raised != 0)
-            std::feclearexcept(raised);
-    }
-};
-
-// An operand of a loop as NumPy gives it: the step is in bytes.
-struct Strided {
-    char* at;
-    npy_intp step;
-
-    template <class Number>
-    [[nodiscard]] Number& element(std::size_t k) const noexcept {
-        return *reinterpret_cast<Number*>(at + static_cast<npy_intp>(k) * step);
-    }
-};
 
 // A number that is no int is no region either.
 int region_of(npy_long number) noexcept {
@@ -148,20 +120,6 @@ void loop(char** at, const npy_intp* count, const npy_intp* steps, void* data) n
     function.over(n, straight, nullptr);
 }
 
-// The number, or NaN with the flag that NumPy tells of.
-template <class Number>
-void checked(char** at, const npy_intp* count, const npy_intp* steps, void* /*data*/) noexcept {
-    const Strided number{at[0], steps[0]}, failed{at[1], steps[1]}, result{at[2], steps[2]};
-    bool any = false;
-    for (std::size_t k = 0; k < static_cast<std::size_t>(*count); ++k) {
-        const bool fails = failed.element<const npy_bool>(k) != 0;
-        any = any || fails;
-        result.element<Number>(k) =
-            fails ? std::numeric_limits<Number>::quiet_NaN() : number.element<const Number>(k);
-    }
-    if (any) std::feraiseexcept(FE_INVALID);
-}
-
 // What NumPy keeps for a ufunc as long as that lives, which is as long as the module.
 struct Kept {
     std::array<void*, 2> data;
@@ -223,13 +181,6 @@ PyObject* ufunc(const Function& function, PyUFuncGenericFunction (&loop)[loops],
                                    function.documentation, 0);
 }
 
-// Adds what an owned reference refers to.
-bool add(PyObject* dictionary, const char* name, PyObject* owned) {
-    const bool done = owned != nullptr && PyDict_SetItemString(dictionary, name, owned) == 0;
-    Py_XDECREF(owned);
-    return done;
-}
-
 bool add_function(PyObject* values, PyObject* codes, const Function& function) {
     if (function.inputs() == 0) {
         double constant = 0;
@@ -249,20 +200,12 @@ bool add_function(PyObject* values, PyObject* codes, const Function& function) {
            add(codes, function.name, ufunc(function, code_loops, {NPY_DOUBLE}, kept[1], true));
 }
 
-PyObject* checked_ufunc() {
-    static PyUFuncGenericFunction loops[] = {checked<float>, checked<double>};
-    static void* no_data[] = {nullptr, nullptr};
-    static char types[] = {NPY_FLOAT, NPY_BOOL, NPY_FLOAT, NPY_DOUBLE, NPY_BOOL, NPY_DOUBLE};
-    return PyUFunc_FromFuncAndData(loops, no_data, types, 2, 2, 1, PyUFunc_None, "water",
-                                   "The number, or NaN where it is a failure.", 0);
-}
-
 bool fill(PyObject* module) {
     PyObject* values = PyModule_GetDict(module);
     PyObject* codes = PyDict_New();
     if (codes == nullptr) return false;
     Py_INCREF(codes);
-    bool done = add(values, "_codes", codes) && add(values, "_checked", checked_ufunc()) &&
+    bool done = add(values, "_codes", codes) &&
                 add(values, "__version__", PyUnicode_FromString(VAPRIX_VERSION_TEXT));
     for (const Function& function : functions) done = done && add_function(values, codes, function);
     Py_DECREF(codes);

@@ -1,9 +1,10 @@
 # SPDX-License-Identifier: MIT
 """Time of calls: a number, a million states, strided, in two threads; a loop of ctypes and numpy.vectorize beside them.
-VAPRIX_LIBRARY and VAPRIX_ARRAYS_LIBRARY name the shared libraries.
+The first argument is the folder of the build, of which vaprix, vaprix_arrays and vaprix_resolve_once are built.
 """
 import ctypes
-import os
+import pathlib
+import sys
 import threading
 import time
 import timeit
@@ -11,6 +12,7 @@ import timeit
 import numpy as np
 import vaprix
 
+BUILD = pathlib.Path(sys.argv[1])
 N = 1_000_000
 random = np.random.default_rng(1)
 p, T = random.uniform(0.01, 90, N), random.uniform(280, 1000, N)
@@ -35,7 +37,7 @@ def report(what, nanoseconds, beside=None):
 
 def array_call(step):
     """The function over arrays, called once: steps are in doubles."""
-    over = ctypes.CDLL(os.environ["VAPRIX_ARRAYS_LIBRARY"]).HBPT_array
+    over = ctypes.CDLL(BUILD / "arrays/libvaprix_arrays.so").HBPT_array
     columns = [wide[k].ctypes.data if step > 1 else a.ctypes.data for k, a in enumerate((p, T, out))]
     arguments = [ctypes.c_size_t(N)]
     for column in columns:
@@ -55,8 +57,20 @@ def in_threads():
     return best(lambda: vaprix.HBPT(p, T, out)) / best(halves)
 
 
+def once_from_c(h):
+    """States resolved once in C++, with five properties."""
+    over = ctypes.CDLL(BUILD / "faces/python/libvaprix_resolve_once.so").five_of_ph
+    five = np.empty((5, N))
+    return best(lambda: over(ctypes.c_size_t(N), *(ctypes.c_void_p(a.ctypes.data) for a in (p, h, five)))) / N * 1e9
+
+
+def five(h):
+    steam = vaprix.water(p=p, h=h)
+    return steam.T, steam.v, steam.s, steam.cp, steam.w
+
+
 def by_ctypes():
-    function = ctypes.CDLL(os.environ["VAPRIX_LIBRARY"]).HBPT
+    function = ctypes.CDLL(BUILD / "VAPRIX/libvaprix.so").HBPT
     function.restype = ctypes.c_double
     pairs = list(zip(p[:20000].tolist(), T[:20000].tolist()))
     return best(lambda: [function(ctypes.byref(ctypes.c_double(a)), ctypes.byref(ctypes.c_double(b)))
@@ -80,4 +94,8 @@ report("float32", best(lambda: vaprix.HBPT(p32, T32)) / N * 1e9, from_c)
 report("loop of ctypes", by_ctypes(), from_c)
 by_number = np.vectorize(lambda a, b: vaprix.HBPT(a, b), otypes=[float])
 report("numpy.vectorize", best(lambda: by_number(p[:20000], T[:20000]), 3) / 20000 * 1e9, from_c)
+h = vaprix.HOPT(p, T)
+once = once_from_c(h)
+report("C++: states of (p, h) with five properties", once)
+report("vaprix.water of the same", best(lambda: five(h)) / N * 1e9, once)
 print(f"two threads on halves: {in_threads():.2f} times faster")

@@ -30,18 +30,23 @@ def test_documentation():
 def test_types():
     """The stubs name what the package has, with as many arguments."""
     tree = ast.parse((PACKAGE / "__init__.pyi").read_text(encoding="utf-8"))
-    classes = {c.name: len(c.body[0].args.posonlyargs) - 1 for c in tree.body if isinstance(c, ast.ClassDef)}
+    classes = {c.name: len(c.body[0].args.posonlyargs) - 1 for c in tree.body
+               if isinstance(c, ast.ClassDef) and c.name.startswith("_Of_")}
     declared = {d.target.id: d.annotation.id for d in tree.body if isinstance(d, ast.AnnAssign)}
     for name, kind in declared.items():
         value = getattr(vaprix, name)
         assert value.nin == classes[kind] if kind in classes else type(value).__name__ == kind
     assert FUNCTIONS.keys() < declared.keys() and (PACKAGE / "py.typed").exists()
+    steam = next(c for c in tree.body if isinstance(c, ast.ClassDef) and c.name == "Water")
+    members = {getattr(d, "name", None) or d.target.id for d in steam.body if not isinstance(d, ast.Expr)}
+    assert members == {name for name in dir(vaprix.water(p=3, T=300)) if not name.startswith("_")}
 
 
 def test_reasons():
     code = vaprix.code("HOPT", -1.0, 300.0)
     assert vaprix.reason(code) == "outside the range of validity" and vaprix.reason(0) == "success"
+    assert list(vaprix.reason(vaprix.code("HOPT", [3.0, -1.0], 300.0))) == [vaprix.reason(0), vaprix.reason(code)]
     with pytest.raises(ValueError):
-        vaprix.reason(1)
+        vaprix.reason([0, 1])
     with pytest.raises(TypeError):
         vaprix.reason("0")

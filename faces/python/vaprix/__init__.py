@@ -10,12 +10,11 @@ failure is a number, -99999.0 of most functions, no exception and no warning; co
 reason(...) their meaning. float32 for float32, rounded from float64. Constants are floats. A function that takes a
 region, where 0 has it determined, answers (result, region).
 """
-import operator as _operator
+import numpy as _np
 
 from . import _ufuncs
-from ._reasons import REASONS as _REASONS
 from ._ufuncs import *  # noqa: F401,F403
-from ._water import water  # noqa: F401
+from ._water import Phase, texts as _texts, water  # noqa: F401
 
 __version__ = _ufuncs.__version__
 
@@ -32,8 +31,8 @@ def code(function, *arguments, **how):
 
 
 def reason(code):
-    """What a code says, as text."""
-    number = _operator.index(code)
-    if number not in _REASONS:
-        raise ValueError(f"{number} is no code of vaprix")
-    return _REASONS[number]
+    """What a code says, as text; of an array, as an array."""
+    codes = _np.asarray(code)
+    if not _np.issubdtype(codes.dtype, _np.integer):
+        raise TypeError("a code is an integer")
+    return _texts(codes)[()] if codes.ndim else str(_texts(codes))

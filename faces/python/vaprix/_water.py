@@ -1,84 +1,142 @@
 # SPDX-License-Identifier: MIT
-"""States by any two variables, over the ufuncs."""
+"""States by any two variables: resolved once, in the array library of what was given."""
+import enum
+
 import numpy as np
 
-from . import _ufuncs
-from ._readings import READINGS
+from . import _containers, _states
+from ._quantities import QUANTITIES
+from ._reasons import REASONS
 
 VARIABLES = ("p", "T", "v", "d", "h", "s", "x")
-ATTRIBUTES = {attribute for attribute, _, _ in READINGS}
-DENSE = {"v": "d", "d": "v"}  # reciprocals
-BASE = {"O": ("Td", "Tp"), "B": ("Tp",)}  # what a family has most properties of
+PAIRS = {frozenset(pair): (pair, "of_" + "".join(pair).lower())
+         for pair in map(tuple, "pT ph ps pv pd px Tx Td Tv Th Ts hs vh vs dh ds".split())}
+SLOPES = ("p", "T", "v", "d", "h", "s", "u", "f", "g")  # what derivatives are of and by, as the C++ interface counts
+CURVED = ("T", "v", "h", "s")
+LABELS = ("region", "phase", "code")
+PHASES = ("liquid", "vapour")
+
+
+class Phase(enum.IntEnum):
+    """What the attribute phase of water() says; vapour is all gas below the critical pressure or temperature."""
+    NONE, LIQUID, VAPOUR, WET, SUPERCRITICAL = range(5)
+
+
+def texts(codes):
+    """What the codes of an array say."""
+    numbers, at = np.unique(codes, return_inverse=True)
+    if unknown := set(numbers.tolist()) - REASONS.keys():
+        raise ValueError(f"{unknown.pop()} is no code of vaprix")
+    return np.array([REASONS[number] for number in numbers.tolist()], str)[at].reshape(np.shape(codes))
 
 
 class Water:
     """States of water: see water()."""
 
-    def __init__(self, given, family):
-        self._family = family
-        self._pairs = [given]
-        for a, b in DENSE.items():
-            if a in given:
-                self._pairs.append({b if name == a else name: 1 / value if name == a else value
-                                    for name, value in given.items()})
-        # a number that is given, or follows from one, is not asked for
-        self.__dict__.update({name: value for pair in self._pairs for name, value in pair.items()})
-        if "T" not in given and not self._direct("T"):
-            raise ValueError(f"no state is found of {' and '.join(given)}")
-
-    def _direct(self, attribute):
-        """The function of what was given, with what it takes. Where a family has none, the other answers for both."""
-        families = [self._family, ""] + [other for other in BASE if attribute in ("p", "T")]
-        for family in families:
-            for pair in self._pairs:
-                for names in (pair, pair.keys() - {"x"}):
-                    if found := READINGS.get((attribute, family, "".join(sorted(names)))):
-                        return found
-        return None
+    def __init__(self, state, container, said):
+        self._state, self._container, self._said = state, container, said
 
     def __getattr__(self, attribute):
-        if attribute not in ATTRIBUTES:
-            raise AttributeError(f"water has no {attribute!r}")
-        found = self._direct(attribute)
-        if not found and self._direct(DENSE.get(attribute)):
-            value = 1 / getattr(self, DENSE[attribute])
+        if attribute in QUANTITIES:
+            value = self._read(getattr(_states, attribute), attribute)
+        elif attribute in LABELS:
+            value = self._container.closed(self._container.apply(getattr(_states, attribute), self._state), attribute)
+        elif attribute in PHASES:
+            state = self._container.apply(getattr(_states, attribute), self._state)
+            value = Water(state, self._container, f"{self._said}.{attribute}")
         else:
-            bases = [(attribute, "", "Tv"), *((attribute, self._family, pair) for pair in BASE[self._family])]
-            found = found or next((READINGS[base] for base in bases if base in READINGS), None)
-            if not found:
-                raise AttributeError(f"no function of the {self._family}-family has {attribute!r}")
-            value = self._asked(attribute, *found)
+            raise AttributeError(f"water has no {attribute!r}")
         self.__dict__[attribute] = value
         return value
 
-    def _asked(self, attribute, name, arguments, failures):
-        value = getattr(_ufuncs, name)(*(getattr(self, a) for a in arguments))
-        if attribute == "region":
-            return value.astype(int)
-        failed = ~np.isfinite(value)
-        for failure in failures:
-            failed |= value == value.dtype.type(failure)
-        return _ufuncs._checked(value, failed)
+    def __dir__(self):
+        return sorted({*super().__dir__(), *QUANTITIES, *LABELS, *PHASES})
+
+    def __getstate__(self):
+        return self.__dict__
+
+    def __setstate__(self, state):
+        self.__dict__.update(state)
 
     def __repr__(self):
-        given = ", ".join(f"{name}={value!r}" for name, value in self._pairs[0].items())
-        return f"vaprix.water({given}, family={self._family!r})"
+        return self._said
+
+    def _read(self, function, name, *numbers):
+        return self._container.closed(self._container.apply(function, self._state, *numbers), name)
+
+    @property
+    def reason(self):
+        """What the codes say, as text."""
+        codes = self._container.apply(_states.code, self._state)
+        return self._container.closed(self._container.apply_plain(texts, codes, str), "reason")
+
+    def derivative(self, of, by, at=None):
+        """The partial derivative of one property by another where a third stays, (dz/dx)_y: those of p, T, v, d, h, s,
+        u, f and g are there.
+
+            >>> steam.derivative("h", "p", at="T")            # (dh/dp)_T, kJ/(kg MPa)
+            >>> steam.derivative("d", by="h", at="p")         # (dd/dh)_p
+            >>> steam.derivative("p", by="T", at="x")         # at constant quality, along the saturation line: dps/dT
+            >>> steam.derivative("v", by=("T", "T"), at="p")  # (d2v/dT2)_p
+            >>> steam.derivative("h", by=("p", "T"))          # d2h/dpdT
+
+        Wet steam has those of the lever rule. Second derivatives are of T, v, h and s by p and by T, h or s, in single
+        phases. NaN with NumPy's invalid flag where there is none, as by T at constant p in wet steam. Units are the
+        quotients of those of the attributes.
+        """
+        by = (by,) if isinstance(by, str) else tuple(by)
+        function, numbers = ((_states.derivative, _first(of, *by, at)) if len(by) == 1 else
+                             (_states.second_derivative, _second(of, by, at)))
+        if numbers is None:
+            raise ValueError(f"no derivative of {of!r} by {' and '.join(by)} at constant {at!r}")
+        return self._read(function, (of, by), *numbers)
 
 
-def water(*, family="O", **given):
+def _first(of, by, at):
+    if of in SLOPES and by in SLOPES and at in (*SLOPES, "x"):
+        return SLOPES.index(of), SLOPES.index(by), len(SLOPES) if at == "x" else SLOPES.index(at)
+    return None
+
+
+def _second(of, by, at):
+    """Of coordinates p and y, in which second derivatives are formed."""
+    others = {*by, at} - {"p", None}
+    if of not in CURVED or len(by) != 2 or len(others) != 1 or at in by:
+        return None
+    y = others.pop()
+    if y not in ("T", "h", "s") or (at is None) != (by[0] != by[1]):
+        return None
+    return SLOPES.index(of), SLOPES.index(y), by.count(y)
+
+
+def water(*, family="O", units=None, **given):
     """The states of two of p, T, v, d, h, s and x (kg of vapour per kg), numbers or arrays, which broadcast.
 
         >>> steam = vaprix.water(p=10, h=[2900, 3100])
-        >>> steam.T, steam.s, steam.region
+        >>> steam.T, steam.s, steam.region, steam.derivative("h", "p", at="T")
+        >>> vaprix.water(p=100, T=400, units={"p": "bar", "T": "degC"}).h
 
-    Attributes, formed when they are asked for, in the units of the functions: p, T, v, d, h, s, x; u, f, g, cp, cv, w,
-    z, mu (Joule-Thomson), alpha_p, alpha_v, beta_p, kappa, kappa_T, fugacity; eta [1e-6 Pa s], nu [1e-6 m2/s], lambda_
-    [1e-3 W/(m K)], Pr, epsilon; region (4: wet, 0: none). A failure is NaN with NumPy's invalid flag, for which
-    np.errstate(invalid="raise") raises. What the O-family has no function of is read from (T, d), the transport
-    properties up to 1073.15 K; of the B-family, from (p, T), where wet steam has none.
+    Resolved once, by the O-family or, family="B", by the B-family. Attributes, formed when they are asked for, in the
+    units of the functions: p, T, v, d, h, s, x; u, f, g, cp, cv, w, z, mu (Joule-Thomson), kappa, cp_per_cv, alpha_p,
+    alpha_v, beta_p, kappa_T, fugacity, g_ideal; eta [1e-6 Pa s], nu and a [1e-6 m2/s], lambda_ [1e-3 W/(m K)], Pr,
+    epsilon, sigma [mN/m] of saturated states; region (4: wet, 0: none), phase (a vaprix.Phase), code and reason, why
+    there is no state; liquid and vapour, the states of the phases of wet steam. What was given is given back.
+
+    What a state has not, is NaN with NumPy's invalid flag, for which np.errstate(invalid="raise") raises; what follows
+    from a NaN, NaN without it. Arrays of Dask stay lazy, those of xarray keep their dimensions and coordinates and get
+    attributes, Series and DataFrames of pandas keep their index. With pint, units of the attributes may be named, and
+    quantities are taken and given back.
     """
     if len(given) != 2 or not given.keys() <= set(VARIABLES):
         raise TypeError(f"water() takes two of {', '.join(VARIABLES)}")
-    if family not in BASE:
+    if family not in ("O", "B"):
         raise ValueError("family is 'O' or 'B'")
-    return Water({name: np.positive(value) for name, value in given.items()}, family)
+    if frozenset(given) not in PAIRS:
+        raise ValueError(f"no state is found of {' and '.join(given)}")
+    names, resolver = PAIRS[frozenset(given)]
+    container, arrays = _containers.opened({name: given[name] for name in names}, units)
+    state = container.apply(getattr(_states, f"{resolver}_{family}"), *arrays)
+    said = ", ".join(f"{name}={value!r}" for name, value in given.items())
+    result = Water(state, container, f"vaprix.water({said}, family={family!r})")
+    result.__dict__.update(container.given)
+    return result
