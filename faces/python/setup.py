@@ -19,7 +19,7 @@ class Package(build_ext):
     def build_extension(self, ext):
         cmake = BUILD / "cmake"
         subprocess.run(["cmake", "-S", ROOT, "-B", cmake, "-DVAPRIX_BUILD_PYTHON=ON", "-DVAPRIX_BUILD_TESTS=OFF",
-                        "-DVAPRIX_BUILD_EXAMPLES=OFF", "-DCMAKE_BUILD_TYPE=Release",
+                        "-DVAPRIX_BUILD_EXAMPLES=OFF", "-DVAPRIX_BUILD_CLI=OFF", "-DCMAKE_BUILD_TYPE=Release",
                         f"-DPython3_EXECUTABLE={sys.executable}"], check=True)
         subprocess.run(["cmake", "--build", cmake, "--target", TARGET, "--parallel", str(os.cpu_count())], check=True)
         shutil.copytree(cmake / "site", self.build_lib, dirs_exist_ok=True)

@@ -75,10 +75,23 @@ def worded(where, code):
     return " or ".join(where) + (f" (code {code})" if code is not None else "")
 
 
+def conversion(row):
+    """The formula of a conversion between a unit of the catalogue and another one."""
+    unit = next(u for u in answers.rows("units.csv") if {u["unit"], u["of"]} == {row["from"], row["to"]})
+    steps = [(sign, unit[column]) for sign, column in (("+", "plus"), ("*", "times"), ("/", "per")) if unit[column]]
+    if row["to"] == unit["unit"]:
+        steps = [({"+": "-", "*": "/", "/": "*"}[sign], number) for sign, number in reversed(steps)]
+    formula = row["argument"]
+    for sign, number in steps:
+        formula = f"({formula})" if sign in "*/" and re.search("[+-]", formula) else formula
+        formula += f" {sign} ({number})" if " " in number else f" {sign} {number}"
+    return formula
+
+
 def conversions():
     with open(HERE / "conversions.csv", newline="", encoding="utf-8") as file:
         return [Function(row["name"], [row["argument"]], row["description"], "Conversion of units", None,
-                         row["formula"]) for row in csv.DictReader(file)]
+                         conversion(row)) for row in csv.DictReader(file)]
 
 
 def exported(entry, families):
