@@ -193,7 +193,7 @@ public:
     // refractive index at a wavelength of 0.2 to 1.1 micrometres
     [[nodiscard]] double n(double wavelength) const noexcept { return bridge::n(at_, wavelength); }
 
-    // surface tension of wet steam and saturated phases, mN/m
+    // surface tension of wet steam and saturated phases, N/m
     [[nodiscard]] double sigma() const noexcept { return bridge::sigma(at_); }
 
     // v, s, cp, cv and w from shared sums, in about half the time: to a few roundings the same.

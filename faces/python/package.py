@@ -102,17 +102,17 @@ def reasons():
 
 
 # attributes of water() whose property has another name in the catalogue
-PROPERTIES = {"nu": "vnu", "lambda_": "tco", "Pr": "pr", "epsilon": "eps"}
+PROPERTIES = {"nu": "vnu", "lambda_": "tco", "Pr": "pr", "epsilon": "eps",
+              "sigma": "transport::surface_tension"}
 ATTRIBUTES = ("p", "T", "v", "d", "h", "s", "x", "u", "f", "g", "cp", "cv", "w", "z", "kappa", "cp_per_cv", "mu",
               "alpha_v", "alpha_p", "beta_p", "kappa_T", "fugacity", "g_ideal", "eta", "nu", "lambda_", "Pr", "a",
-              "epsilon")
+              "epsilon", "sigma")
 
 
 def quantities():
     """Of the attributes of water(): what it is, and its unit."""
     of = {entry["property"]: (entry["quantity"], entry["unit"]) for entry in reversed(catalogue()[0])}
-    out = {name: of[PROPERTIES.get(name, name)] for name in ATTRIBUTES}
-    return out | {"sigma": ("surface tension", "mN/m")}
+    return {name: of[PROPERTIES.get(name, name)] for name in ATTRIBUTES}
 
 
 def quantity_table():

@@ -119,7 +119,7 @@ def water(*, family="O", units=None, **given):
     Resolved once, by the O-family or, family="B", by the B-family. Attributes, formed when they are asked for, in the
     units of the functions: p, T, v, d, h, s, x; u, f, g, cp, cv, w, z, mu (Joule-Thomson), kappa, cp_per_cv, alpha_p,
     alpha_v, beta_p, kappa_T, fugacity, g_ideal; eta [1e-6 Pa s], nu and a [1e-6 m2/s], lambda_ [1e-3 W/(m K)], Pr,
-    epsilon, sigma [mN/m] of saturated states; region (4: wet, 0: none), phase (a vaprix.Phase), code and reason, why
+    epsilon, sigma [N/m] of saturated states; region (4: wet, 0: none), phase (a vaprix.Phase), code and reason, why
     there is no state; liquid and vapour, the states of the phases of wet steam. What was given is given back.
 
     What a state has not, is NaN with NumPy's invalid flag, for which np.errstate(invalid="raise") raises; what follows
