@@ -6,6 +6,9 @@
 
 #include "pack.hpp"
 
+#include <algorithm>
+#include <array>
+
 #include "inverse/second_variable.hpp"
 #include "plan.hpp"
 #include "pt/region_pt.hpp"
@@ -14,17 +17,32 @@
 
 namespace vaprix::arrays {
 
-template <int lanes>
-VAPRIX_INLINE void add(Elements& elements, std::size_t first, Mask<lanes> mask) noexcept {
-    elements[first / 64] |= std::uint64_t{machine::truths(mask)} << (first % 64);
+// Calls `parts_of` with the number of the first element of each pack and with what adds a mask of them to
+// a part. The bits of 64 elements are held in registers.
+template <class Number, class PartsOf>
+VAPRIX_INLINE void divide_each(std::size_t count, Divided& divided, PartsOf parts_of) noexcept {
+    for (std::size_t first = 0; first < count; first += 64) {
+        std::array<std::uint64_t, parts> bits{};
+        const std::size_t last = std::min<std::size_t>(count - first, 64);
+        for (std::size_t k = 0; k < last; k += Number::lanes) {
+            parts_of(first + k, [&bits, k](Part part, auto mask) noexcept {
+                bits[part] |= std::uint64_t{machine::truths(mask)} << k;
+            });
+        }
+        for (std::size_t part = 0; part < parts; ++part) divided[part][first / 64] = bits[part];
+    }
 }
 
-// As region_pt() has it. Beside the saturation line, and above 623.15 K wherever it may be wet, a
-// state falls into no part.
+// Where the saturation line is surely not: an isotherm's and an isobar's distance from it, and from the
+// critical pressure.
+inline constexpr double off_line = 1e-6;  // K and MPa
+
+// As region_pt() has it. On the saturation line, beside it and beside the critical pressure a state
+// falls into no part.
 template <class Number>
 void divide_pt(const double* p_of, const double* t_of, std::size_t count,
                Divided& divided) noexcept {
-    for (std::size_t k = 0; k < count; k += Number::lanes) {
+    divide_each<Number>(count, divided, [=](std::size_t k, auto add) noexcept {
         const Number p = Number::load(p_of + k), t = Number::load(t_of + k);
         const auto valid =
             (t >= T_min - limit_tolerance) & (t <= T_max) & (p <= p_max) & (p >= p_min);
@@ -34,28 +52,38 @@ void divide_pt(const double* p_of, const double* t_of, std::size_t count,
             // either band will do at the limit of two: the bounds cover their own ends' rounding
             const Number band = (t - T_min) * detail::psat_bands_per_kelvin - 0.5;
             const auto index = machine::rounded(machine::select(cold & (band > 0), band, 0.0));
-            const double* const bounds = &detail::psat_band_bounds[0].low;
-            const auto liquid = cold & (p > machine::entry(bounds + 1, index + index));
-            add(divided[region1], k, liquid);
-            const auto rest = cold & (!liquid);
-            if (!machine::none(rest)) {
-                vapour = vapour | (rest & (p < machine::entry(bounds, index + index)));
-            }
+            const auto [low, high] =
+                machine::entries(&detail::psat_band_bounds[0].low, index + index);
+            add(region1, cold & (p > high));
+            vapour = vapour | (cold & (p < low));
         }
         const auto warm = valid & (t > T_13) & (t <= T_23_max);
-        if (!machine::none(warm)) vapour = vapour | (warm & (p <= p_b23(t)));
+        if (!machine::none(warm)) {
+            const auto dense = warm & (p > p_b23(t));
+            vapour = vapour | (warm & !dense);
+            if (!machine::none(dense)) {
+                auto single = dense & (p > p_crit + off_line);
+                const auto subcritical = dense & (p < p_crit - off_line);
+                if (!machine::none(subcritical)) {
+                    single = single | (subcritical & (machine::fabs(t - tsat(p)) > off_line));
+                }
+                add(region3, single);
+            }
+        }
         const auto hot = valid & (t > T_25 + limit_tolerance);
-        add(divided[region2a], k, vapour);
-        add(divided[region5], k, hot & (p <= p_max_5));
-        add(divided[outside], k, ((!valid) & (t == t)) | (hot & (p > p_max_5)));
-    }
+        add(region2a, vapour);
+        add(region5, hot & (p <= p_max_5));
+        add(outside, ((!valid) & (t == t)) | (hot & (p > p_max_5)));
+    });
 }
 
-// As region_but_phase() has it, region 2 with the subregions of its backward equation.
-template <class Y, class Number>
+// As region_but_phase() has it, regions 2 and 3 with the subregions of their backward equations, region
+// 3 below the critical pressure by the B-family's test of the phase; or left to that of the O-family.
+enum class Phase { by_backward_equation, left };
+template <class Y, Phase phase, class Number>
 void divide_py(const double* p_of, const double* y_of, std::size_t count,
                Divided& divided) noexcept {
-    for (std::size_t k = 0; k < count; k += Number::lanes) {
+    divide_each<Number>(count, divided, [=](std::size_t k, auto add) noexcept {
         const Number p = Number::load(p_of + k), y = Number::load(y_of + k);
         const auto valid = (p <= p_max) & (p >= p_min);
         const auto band =
@@ -68,20 +96,32 @@ void divide_py(const double* p_of, const double* y_of, std::size_t count,
             const auto limits = machine::entries(&Y::limits[0].cold.low + bound, index);
             return valid & (y > limits.first) & (y < limits.second);
         };
-        enum : std::size_t { cold_high = 1, vapour_high = 5, t25_high = 7 };
+        enum : std::size_t { cold_high = 1, liquid_high = 3, vapour_high = 5, t25_high = 7 };
         const auto liquid = between(cold_high);
-        add(divided[region1], k, liquid);
+        add(region1, liquid);
         if (!machine::none(valid & (!liquid))) {
             const auto vapour = between(vapour_high);
             const auto a = vapour & (p <= Region2<Number>::p_2a);
             const auto c = vapour & (!a) & Y::template is_2c<Number>(p, y);
-            add(divided[region2a], k, a);
-            add(divided[region2b], k, vapour & (!a) & (!c));
-            add(divided[region2c], k, c);
-            add(divided[region5], k, between(t25_high));
+            add(region2a, a);
+            add(region2b, vapour & (!a) & (!c));
+            add(region2c, c);
+            if (!machine::none(valid & (!(liquid | vapour)))) {
+                add(region5, between(t25_high));
+                auto dense = between(liquid_high) & (p > psat_13);
+                if (!machine::none(dense)) {
+                    auto single = dense & (p > p_crit);
+                    if constexpr (phase == Phase::by_backward_equation) {
+                        single = single | (dense & (p < p_crit) & (p >= Y::p3sat(y)));
+                    }
+                    const auto a3 = Y::is_3a(p, y);
+                    add(region3a, single & a3);
+                    add(region3b, single & !a3);
+                }
+            }
         }
-        add(divided[outside], k, (!valid) & (p == p));
-    }
+        add(outside, (!valid) & (p == p));
+    });
 }
 
 // Saturated phases below region 3, by temperature and by pressure (B-family), as line_of_t() and
@@ -89,21 +129,21 @@ void divide_py(const double* p_of, const double* y_of, std::size_t count,
 template <Part phase, class Number>
 void divide_line_t(const double* t_of, const double* /* again */, std::size_t count,
                    Divided& divided) noexcept {
-    for (std::size_t k = 0; k < count; k += Number::lanes) {
+    divide_each<Number>(count, divided, [=](std::size_t k, auto add) noexcept {
         const Number t = Number::load(t_of + k);
-        add(divided[phase], k, (t >= T_min) & (t <= T_13));
-        add(divided[outside], k, (t < T_min) | (t > T_crit));
-    }
+        add(phase, (t >= T_min) & (t <= T_13));
+        add(outside, (t < T_min) | (t > T_crit));
+    });
 }
 template <Part phase, class Number>
 void divide_line_p(const double* p_of, const double* /* again */, std::size_t count,
                    Divided& divided) noexcept {
     constexpr double cold = psat_13 * (1 - 1e-9);  // whatever the rounding of Eq. (31)
-    for (std::size_t k = 0; k < count; k += Number::lanes) {
+    divide_each<Number>(count, divided, [=](std::size_t k, auto add) noexcept {
         const Number p = Number::load(p_of + k);
-        add(divided[phase], k, (p >= line_p_lowest) & (p <= cold));
-        add(divided[outside], k, (p < line_p_lowest) | (p > p_crit));
-    }
+        add(phase, (p >= line_p_lowest) & (p <= cold));
+        add(outside, (p < line_p_lowest) | (p > p_crit));
+    });
 }
 
 }  // namespace vaprix::arrays

@@ -226,6 +226,13 @@ VAPRIX_INLINE Pack<lanes> copysign(Pack<lanes> x, Pack<lanes> y) noexcept {
     return number(Bits<lanes>{(bits(x) & ~sign).v | (bits(y) & sign).v});
 }
 
+template <int lanes>
+VAPRIX_INLINE Pack<lanes> in_single(Pack<lanes> x) noexcept {
+    typedef float Singles __attribute__((vector_size(lanes * sizeof(float))));
+    return Pack<lanes>(__builtin_convertvector(__builtin_convertvector(x.v, Singles),
+                                               typename Pack<lanes>::Vector));
+}
+
 // The integer nearest to a number between 0 and 2^31.
 template <int lanes>
 VAPRIX_INLINE Bits<lanes> rounded(Pack<lanes> x) noexcept {
@@ -248,11 +255,34 @@ VAPRIX_INLINE Pack<lanes> entry(const double* table, Bits<lanes> index) noexcept
     for (int lane = 0; lane < lanes; ++lane) entries.v[lane] = table[index.v[lane]];
     return entries;
 }
-// Two neighbouring floats of a table, from an even or an odd index; neither is zero.
+// Two neighbours of a table.
 template <int lanes>
 struct Neighbours {
     Pack<lanes> first, second;
 };
+// Doubles, from an even index.
+template <int lanes>
+VAPRIX_INLINE Neighbours<lanes> entries(const double* table, Bits<lanes> index) noexcept {
+    if constexpr (lanes == 8) return {entry(table, index), entry(table + 1, index)};
+    // as pairs, which are loaded whole and then sorted: gathering costs twice that
+    typedef double Two __attribute__((vector_size(2 * sizeof(double))));
+    const auto pair = [&](int lane) noexcept {
+        Two two;
+        __builtin_memcpy(&two, table + index.v[lane], sizeof two);
+        return two;
+    };
+    if constexpr (lanes == 2) {
+        const Two a = pair(0), b = pair(1);
+        return {Pack<lanes>(Two{a[0], b[0]}), Pack<lanes>(Two{a[1], b[1]})};
+    }
+    if constexpr (lanes == 4) {
+        typedef typename Pack<lanes>::Vector Four;
+        const Two a = pair(0), b = pair(1), c = pair(2), d = pair(3);
+        return {Pack<lanes>(Four{a[0], b[0], c[0], d[0]}),
+                Pack<lanes>(Four{a[1], b[1], c[1], d[1]})};
+    }
+}
+// Floats, from an even or an odd index; neither is zero.
 template <int lanes>
 VAPRIX_INLINE Neighbours<lanes> entries(const float* table, Bits<lanes> index) noexcept {
     Bits<lanes> both;

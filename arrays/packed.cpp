@@ -7,13 +7,6 @@ namespace vaprix::arrays {
 
 namespace {
 
-std::size_t size_of(const Elements& elements) noexcept {
-    std::size_t size = 0;
-    for (const std::uint64_t word : elements)
-        size += static_cast<std::size_t>(__builtin_popcountll(word));
-    return size;
-}
-
 Elements first(std::size_t count) noexcept {
     Elements elements{};
     for (std::size_t word = 0; word < elements.size(); ++word) {
@@ -52,25 +45,25 @@ struct Gathered {
 
 // Evaluates a part and takes its elements from those left, but for any that is not found or that the
 // answer rule has a word about.
-void answer_part(const Plan& plan, Part part, const Elements& elements, std::size_t count,
-                 const double* x, const double* y, double* out, Elements& left) noexcept {
-    const std::size_t size = size_of(elements);
-    const bool whole = size == count;
+void answer_part(const Plan& plan, Part part, const Elements& elements, bool whole,
+                 std::size_t count, const double* x, const double* y, double* out,
+                 Elements& left) noexcept {
     Gathered some;
     if (!whole) {
         some.gather(elements, x, y);
         x = some.x, y = some.y;
     }
+    const std::size_t size = whole ? count : some.size;
     double* const results = whole ? out : some.out;
 
-    alignas(64) double solved[block_size];
+    alignas(64) double solved[block_size], dense[block_size];
     const double *p = x, *t = y;
     if (plan.solve[part] != nullptr) {
-        plan.solve[part](x, y, solved, size);
+        plan.solve[part](x, y, solved, dense, size);
         t = solved;
         if (plan.solves_pressure) p = solved, t = x;
     }
-    plan.evaluate[part](p, t, results, size);
+    plan.evaluate[part](p, t, dense, results, size);
 
     // where a state was solved for and found, at a temperature that the answer rule has no word about
     const auto is_answered = [&](std::size_t k) noexcept {
@@ -90,9 +83,9 @@ void answer_part(const Plan& plan, Part part, const Elements& elements, std::siz
     }
 }
 
-void answer_outside(const Plan& plan, const Elements& elements, std::size_t count,
+void answer_outside(const Plan& plan, const Elements& elements, bool whole, std::size_t count,
                     std::int32_t* code, double* out) noexcept {
-    if (size_of(elements) == count) {
+    if (whole) {
         std::fill_n(out, count, plan.outside_value);
         std::fill_n(code, count, plan.outside_code);
         return;
@@ -117,12 +110,14 @@ Elements answer_packed(const Plan& plan, std::size_t count, std::int32_t* code, 
         Elements& elements = divided[part];
         for (std::size_t word = 0; word < all.size(); ++word) elements[word] &= all[word];
         if (elements == Elements{}) continue;
+        const bool whole = elements == all;
         if (part == outside) {
-            answer_outside(plan, elements, count, code, out);
+            answer_outside(plan, elements, whole, count, code, out);
             without(left, elements);
         } else if (plan.evaluate[part] != nullptr) {
-            answer_part(plan, static_cast<Part>(part), elements, count, x, y, out, left);
+            answer_part(plan, static_cast<Part>(part), elements, whole, count, x, y, out, left);
         }
+        if (whole) break;
     }
     return left;
 }

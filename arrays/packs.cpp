@@ -5,6 +5,7 @@
 #include "pack.hpp"
 
 #include "block.hpp"
+#include "dense.hpp"
 #include "divide.hpp"
 #include "plan.hpp"
 #include "solve.hpp"
@@ -15,11 +16,26 @@ namespace {
 
 using Lanes = Pack<VAPRIX_LANES>;
 
-// A formula of two variables over a block.
+// A formula of p and T over a block, or of p, T and the volume or density of region 3.
 template <auto formula>
-void kernel(const double* x, const double* y, double* out, std::size_t count) noexcept {
+void evaluate_block(const double* p, const double* t, [[maybe_unused]] const double* dense,
+                    double* out, std::size_t count) noexcept {
     for (std::size_t k = 0; k < count; k += Lanes::lanes) {
-        formula(Lanes::load(x + k), Lanes::load(y + k)).store(out + k);
+        const Lanes p_k = Lanes::load(p + k), t_k = Lanes::load(t + k);
+        if constexpr (requires { formula(p_k, t_k); }) {
+            formula(p_k, t_k).store(out + k);
+        } else {
+            formula(p_k, t_k, Lanes::load(dense + k)).store(out + k);
+        }
+    }
+}
+
+// What is solved for, by a formula of the given variables.
+template <auto formula>
+void solve_block(const double* x, const double* y, double* solved, double* /* dense */,
+                 std::size_t count) noexcept {
+    for (std::size_t k = 0; k < count; k += Lanes::lanes) {
+        formula(Lanes::load(x + k), Lanes::load(y + k)).store(solved + k);
     }
 }
 
@@ -37,17 +53,36 @@ bool all_found(const Plan& plan, const double* p_of, const double* t_of,
 // O-family d, and v from it.
 enum class Finish { none, volume, density };
 
+template <const auto& property, Region region>
+VAPRIX_INLINE Lanes by_equation(Lanes p, Lanes t) noexcept {
+    if constexpr (region == Region::one) return property.region1(p, t);
+    if constexpr (region == Region::two) return property.region2(p, t);
+    if constexpr (region == Region::five) return property.region5(p, t);
+}
+
 template <const auto& property, Asked asked, Finish finish, Region region>
 inline constexpr auto evaluated = [](Lanes p, Lanes t) noexcept {
     if constexpr (requires { property.equations; }) {
-        if constexpr (region == Region::one) return property.region1(p, t);
-        if constexpr (region == Region::two) return property.region2(p, t);
-        if constexpr (region == Region::five) return property.region5(p, t);
+        return by_equation<property, region>(p, t);
     } else {
-        StateOf<Lanes> state;
-        state.region = region, state.p = p, state.t = t;
-        if constexpr (finish == Finish::volume) state = with_volume<asked>(state);
-        if constexpr (finish == Finish::density) state = with_density<asked>(state);
+        StateOf<Lanes> state{.region = region, .p = p, .t = t};
+        if constexpr (asked.density && finish != Finish::none) {
+            state.v = by_equation<property::v, region>(p, t);
+            state.d = 1 / state.v;
+            if constexpr (finish == Finish::density) state.v = 1 / state.d;
+        }
+        return property.of(state);
+    }
+};
+
+template <const auto& property, Finish finish>
+inline constexpr auto evaluated_3 = [](Lanes p, Lanes t, Lanes dense) noexcept {
+    StateOf<Lanes> state{.region = Region::three, .p = p, .t = t};
+    (finish == Finish::volume ? state.v : state.d) = dense;
+    (finish == Finish::volume ? state.d : state.v) = 1 / dense;
+    if constexpr (requires { property.equations; }) {
+        return property.equations(Kind<Lanes>{}).region3(state);
+    } else {
         return property.of(state);
     }
 };
@@ -60,25 +95,48 @@ concept Plain = !requires(const State& at) {
 
 template <const auto& property, Asked asked, Finish finish>
 constexpr void set_evaluations(Plan& plan) {
-    constexpr auto vapour = kernel<evaluated<property, asked, finish, Region::two>>;
-    plan.evaluate[region1] = kernel<evaluated<property, asked, finish, Region::one>>;
+    constexpr auto vapour = evaluate_block<evaluated<property, asked, finish, Region::two>>;
+    constexpr auto dense = evaluate_block<evaluated_3<property, finish>>;
+    plan.evaluate[region1] = evaluate_block<evaluated<property, asked, finish, Region::one>>;
     plan.evaluate[region2a] = plan.evaluate[region2b] = plan.evaluate[region2c] = vapour;
-    plan.evaluate[region5] = kernel<evaluated<property, asked, finish, Region::five>>;
+    plan.evaluate[region3] = plan.evaluate[region3a] = plan.evaluate[region3b] = dense;
+    plan.evaluate[region5] = evaluate_block<evaluated<property, asked, finish, Region::five>>;
 }
 
 // Temperature from p and h or s, by the backward equation (B) and solved (O).
 template <class Y>
-constexpr std::array<Plan::Kernel, parts> solved_b = [] {
-    std::array<Plan::Kernel, parts> solve{};
-    solve[region1] = kernel<[](Lanes p, Lanes y) noexcept { return onto_cold_limit(Y::t1(p, y)); }>;
+constexpr std::array<Plan::Solve, parts> solved_b = [] {
+    std::array<Plan::Solve, parts> solve{};
+    solve[region1] =
+        solve_block<[](Lanes p, Lanes y) noexcept { return onto_cold_limit(Y::t1(p, y)); }>;
     solve[region2a] =
-        kernel<[](Lanes p, Lanes y) noexcept { return onto_hot_limit(Y::t2a(p, y)); }>;
+        solve_block<[](Lanes p, Lanes y) noexcept { return onto_hot_limit(Y::t2a(p, y)); }>;
     solve[region2b] =
-        kernel<[](Lanes p, Lanes y) noexcept { return onto_hot_limit(Y::t2b(p, y)); }>;
+        solve_block<[](Lanes p, Lanes y) noexcept { return onto_hot_limit(Y::t2b(p, y)); }>;
     solve[region2c] =
-        kernel<[](Lanes p, Lanes y) noexcept { return onto_hot_limit(Y::t2c(p, y)); }>;
+        solve_block<[](Lanes p, Lanes y) noexcept { return onto_hot_limit(Y::t2c(p, y)); }>;
+    solve[region5] =
+        solve_block<[](Lanes p, Lanes y) noexcept { return onto_limit(Y::t5(p, y), T_25, T_max); }>;
     return solve;
 }();
+
+// Of region 3, whichever of them is asked for: the temperature, the volume of (p, y), or that of p and
+// the temperature.
+template <class Y, Asked asked, auto t3, auto v3>
+void solve_dense_b(const double* p, const double* y, double* solved, double* dense,
+                   std::size_t count) noexcept {
+    if constexpr (asked.density) {
+        solve_block<v3>(p, y, dense, nullptr, count);
+        std::copy_n(dense, count, solved);  // there is no temperature, which nobody asks for
+    } else {
+        solve_block<t3>(p, y, solved, nullptr, count);
+        if constexpr (asked.single) {
+            alignas(64) double t[block_size];
+            std::copy_n(solved, (count + padding - 1) / padding * padding, t);
+            solve_region3<Dense::volume, Lanes>(p, t, solved, dense, count);
+        }
+    }
+}
 
 template <class Y, auto start>
 constexpr auto vapour_o = [](Lanes p, Lanes y) noexcept {
@@ -86,15 +144,15 @@ constexpr auto vapour_o = [](Lanes p, Lanes y) noexcept {
                                           inverse::gibbs_step);
 };
 template <class Y>
-constexpr std::array<Plan::Kernel, parts> solved_o = [] {
-    std::array<Plan::Kernel, parts> solve{};
-    solve[region1] = kernel<[](Lanes p, Lanes y) noexcept {
+constexpr std::array<Plan::Solve, parts> solved_o = [] {
+    std::array<Plan::Solve, parts> solve{};
+    solve[region1] = solve_block<[](Lanes p, Lanes y) noexcept {
         return solve_gibbs<Y, Region1<Lanes>>(p, y, Y::t1(p, y), T_min, T_13, inverse::gibbs_step);
     }>;
-    solve[region2a] = kernel<vapour_o<Y, Y::template t2a<Lanes>>>;
-    solve[region2b] = kernel<vapour_o<Y, Y::template t2b<Lanes>>>;
-    solve[region2c] = kernel<vapour_o<Y, Y::template t2c<Lanes>>>;
-    solve[region5] = kernel<[](Lanes p, Lanes y) noexcept {
+    solve[region2a] = solve_block<vapour_o<Y, Y::template t2a<Lanes>>>;
+    solve[region2b] = solve_block<vapour_o<Y, Y::template t2b<Lanes>>>;
+    solve[region2c] = solve_block<vapour_o<Y, Y::template t2c<Lanes>>>;
+    solve[region5] = solve_block<[](Lanes p, Lanes y) noexcept {
         const Lanes along = Y::along_isobar(p, y);
         return solve_gibbs<Y, Region5<Lanes>>(p, along, Y::t5_start(p, along), T_25, T_max,
                                               inverse::gibbs_step_5);
@@ -106,33 +164,58 @@ constexpr std::array<Plan::Kernel, parts> solved_o = [] {
 template <class Resolver>
 struct Packed;
 
-template <Finish finish_>
+template <Dense dense>
 struct OfPt {
-    static constexpr Finish finish = finish_;
+    static constexpr Finish finish = dense == Dense::volume ? Finish::volume : Finish::density;
     static constexpr ErrorCode refusal = ErrorCode::outside_range;
-    static constexpr void set(Plan& plan) { plan.divide = divide_pt<Lanes>; }
-};
-template <>
-struct Packed<resolvers::of_pt_b> : OfPt<Finish::volume> {};
-template <>
-struct Packed<resolvers::of_pt_o> : OfPt<Finish::density> {};
-
-template <class Y, const auto& solved, Finish finish_>
-struct OfPy {
-    static constexpr Finish finish = finish_;
-    static constexpr ErrorCode refusal = ErrorCode::outside_range;
+    template <Asked asked>
     static constexpr void set(Plan& plan) {
-        plan.divide = divide_py<Y, Lanes>;
-        plan.solve = solved;
-        for (std::size_t part = 0; part < parts; ++part) {
-            if (plan.solve[part] == nullptr) plan.evaluate[part] = nullptr;
+        plan.divide = divide_pt<Lanes>;
+        if constexpr (asked.single || asked.density) {
+            plan.solve[region3] = solve_region3<dense, Lanes>;
+        } else {
+            plan.evaluate[region3] = nullptr;
         }
     }
 };
+template <>
+struct Packed<resolvers::of_pt_b> : OfPt<Dense::volume> {};
+template <>
+struct Packed<resolvers::of_pt_o> : OfPt<Dense::density> {};
+
+// What is not solved for in a part is left.
+constexpr void leave_unsolved(Plan& plan) {
+    for (std::size_t part = 0; part < parts; ++part) {
+        if (plan.solve[part] == nullptr) plan.evaluate[part] = nullptr;
+    }
+}
+
 template <class Y>
-using OfPyB = OfPy<Y, solved_b<Y>, Finish::volume>;
+struct OfPyB {
+    static constexpr Finish finish = Finish::volume;
+    static constexpr ErrorCode refusal = ErrorCode::outside_range;
+    template <Asked asked>
+    static constexpr void set(Plan& plan) {
+        plan.divide = divide_py<Y, Phase::by_backward_equation, Lanes>;
+        plan.solve = solved_b<Y>;
+        plan.solve[region3a] =
+            solve_dense_b<Y, asked, Y::template t3a<Lanes>, Y::template v3a<Lanes>>;
+        plan.solve[region3b] =
+            solve_dense_b<Y, asked, Y::template t3b<Lanes>, Y::template v3b<Lanes>>;
+        leave_unsolved(plan);
+    }
+};
 template <class Y>
-using OfPyO = OfPy<Y, solved_o<Y>, Finish::none>;
+struct OfPyO {
+    static constexpr Finish finish = Finish::none;
+    static constexpr ErrorCode refusal = ErrorCode::outside_range;
+    template <Asked>
+    static constexpr void set(Plan& plan) {
+        plan.divide = divide_py<Y, Phase::left, Lanes>;
+        plan.solve = solved_o<Y>;
+        leave_unsolved(plan);
+    }
+};
 template <>
 struct Packed<resolvers::of_ph_b> : OfPyB<inverse::Enthalpy> {};
 template <>
@@ -146,10 +229,11 @@ template <Part phase>
 struct OfLineT {
     static constexpr Finish finish = Finish::density;
     static constexpr ErrorCode refusal = ErrorCode::saturation_temperature_range;
+    template <Asked>
     static constexpr void set(Plan& plan) {
         plan.divide = divide_line_t<phase, Lanes>;
         plan.solves_pressure = true;
-        plan.solve[phase] = kernel<[](Lanes t, Lanes) noexcept { return psat(t); }>;
+        plan.solve[phase] = solve_block<[](Lanes t, Lanes) noexcept { return psat(t); }>;
     }
 };
 template <>
@@ -161,9 +245,10 @@ template <Part phase>
 struct OfLineP {
     static constexpr Finish finish = Finish::density;
     static constexpr ErrorCode refusal = ErrorCode::saturation_pressure_range;
+    template <Asked>
     static constexpr void set(Plan& plan) {
         plan.divide = divide_line_p<phase, Lanes>;
-        plan.solve[phase] = kernel<[](Lanes p, Lanes) noexcept { return tsat(p); }>;
+        plan.solve[phase] = solve_block<[](Lanes p, Lanes) noexcept { return tsat(p); }>;
     }
 };
 template <>
@@ -182,7 +267,7 @@ constexpr Plan plan_of() {
         constexpr const auto& property = Export::property_asked;
         if constexpr (Plain<property> && !rule.of_any && !rule.only_wet) {
             set_evaluations<property, asked<rule, property>, Resolved::finish>(plan);
-            Resolved::set(plan);
+            Resolved::template set<asked<rule, property>>(plan);
             plan.all_found = all_found;
             plan.has_limits = rule.below.t > 0 || std::min(rule.above.t, rule.above_too.t) < T_max;
             plan.t_high = std::min(rule.above.t, rule.above_too.t);

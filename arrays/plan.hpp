@@ -19,22 +19,36 @@ inline constexpr std::size_t padding = 8;
 // A bit of each element of a block, the first the lowest.
 using Elements = std::array<std::uint64_t, block_size / 64>;
 
-enum Part : std::size_t { region1, region2a, region2b, region2c, region5, outside, parts };
+// Region 3 whole, or as the backward equations of (p, h) and (p, s) divide it.
+enum Part : std::size_t {
+    region1,
+    region2a,
+    region2b,
+    region2c,
+    region3,
+    region3a,
+    region3b,
+    region5,
+    outside,
+    parts
+};
 using Divided = std::array<Elements, parts>;
 
 struct Plan {
     using Divide = void (*)(const double* x, const double* y, std::size_t count,
                             Divided& divided) noexcept;
-    using Kernel = void (*)(const double* x, const double* y, double* out,
-                            std::size_t count) noexcept;
-    using Kernels = std::array<Kernel, parts>;
+    using Solve = void (*)(const double* x, const double* y, double* solved, double* dense,
+                           std::size_t count) noexcept;
+    using Evaluate = void (*)(const double* p, const double* t, const double* dense, double* out,
+                              std::size_t count) noexcept;
 
     Divide divide = nullptr;  // null: no plan
-    // What the equation needs beside the first given variable, not above 0 where it is not found; null:
-    // the second given one.
-    Kernels solve{};
+    // What the equation needs beside the first given variable, not above 0 where it is not found, and in
+    // region 3 the volume (B-family) or density (O-family); null: the second given one.
+    std::array<Solve, parts> solve{};
     bool solves_pressure = false;  // of a temperature, else the other way about
-    Kernels evaluate{};            // of p and T; null: the part is left
+    // Of p and T and in region 3 what has been solved for; null: the part is left.
+    std::array<Evaluate, parts> evaluate{};
     // Whether all states have been found, at temperatures that the answer rule has no word about.
     bool (*all_found)(const Plan& plan, const double* p, const double* t,
                       std::size_t count) noexcept = nullptr;

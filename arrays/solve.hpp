@@ -8,7 +8,7 @@
 
 #include "inverse/of_py.hpp"
 
-namespace vaprix::arrays {
+namespace vaprix {
 
 // As newton_secant() has it; 0 where a lane does not converge.
 template <int lanes, class TangentOf, class ValueOf>
@@ -30,6 +30,57 @@ VAPRIX_INLINE Pack<lanes> newton_secant(TangentOf tangent, ValueOf value, Pack<l
     }
     return root;
 }
+
+// As steered_search() has it; 0 where a lane meets equal residuals or does not settle.
+template <int lanes, class Function>
+VAPRIX_INLINE Pack<lanes> steered_search(Function f, Pack<lanes> a, Pack<lanes> b,
+                                         double tolerance) noexcept {
+    constexpr int rounds = 12;
+    constexpr double tiny = 1e-8;
+    using machine::select;
+    Pack<lanes> fa = f(a), fb = f(b), root = 0;
+    auto searching = fa != fb;
+    for (int round = 0; round < rounds; ++round) {
+        const Pack<lanes> c = a + fa * (b - a) / (fa - fb);
+        searching = searching & (c > tiny);
+        const auto settled = searching & (machine::fabs((c - a) / c) < tolerance);
+        root = select(settled, c, root);
+        searching = searching & !settled;
+        if (machine::none(searching)) break;
+
+        const Pack<lanes> fc = f(c), with_a = fa * fc, with_b = fb * fc;
+        const auto both_change = (with_a < 0) & (with_b < 0);
+        const auto from_a =
+            select(both_change, -with_a, with_a) <= select(both_change, -with_b, with_b);
+        const Pack<lanes> middle = (a + b) / 2;
+        b = select(from_a, a, b);
+        fb = select(from_a, fa, fb);
+        a = c;
+        fa = fc;
+
+        const auto not_halved = searching & ((middle - a) * (middle - b) < 0);
+        if (!machine::none(not_halved)) {
+            const Pack<lanes> ratio = machine::fabs(fa / fb), half = (a + b) / 2;
+            const auto small = ratio <= 0.3, large = !(ratio < 3);
+            Pack<lanes> e = select(small, a + 1.5 * ratio * (b - a), select(large, a, half));
+            Pack<lanes> fe = f(e);
+            const auto missed = (small & (fa * fe >= 0)) | (large & (fb * fe >= 0));
+            if (!machine::none(not_halved & missed)) {
+                e = select(missed, half, e);
+                fe = f(e);
+            }
+            const auto from_e = not_halved & (fb * fe >= fa * fe);
+            b = select(from_e, a, b);
+            fb = select(from_e, fa, fb);
+            a = select(not_halved, e, a);
+            fa = select(not_halved, fe, fa);
+        }
+        searching = searching & (fa != fb);
+    }
+    return root;
+}
+
+namespace arrays {
 
 template <int lanes>
 VAPRIX_INLINE Pack<lanes> onto_limit(Pack<lanes> t, double low, double high) noexcept {
@@ -59,4 +110,5 @@ VAPRIX_INLINE Number solve_gibbs(Number p, Number along, Number start, double lo
     return onto_limit(t, low, high);
 }
 
-}  // namespace vaprix::arrays
+}  // namespace arrays
+}  // namespace vaprix

@@ -60,7 +60,7 @@ inline Function function(const std::string& name) {
         {"viscosity", vaprix::transport::viscosity<double>}};
     if (const auto found = internal.find(name); found != internal.end()) return found->second;
     if (name.size() == 3 && name.rfind("v3", 0) == 0) {
-        const auto subregion = static_cast<dense::Subregion>(name[2] - 'a');
+        const auto subregion = static_cast<vaprix::Subregion>(name[2] - 'a');
         return [subregion](double p, double t) { return dense::v_subregion(subregion, p, t); };
     }
     const bound::Export& given = bound::find(name);

@@ -28,6 +28,11 @@ VAPRIX_INLINE Number select(bool condition, Number yes, std::type_identity_t<Num
 VAPRIX_INLINE std::uint64_t bits(double x) noexcept { return std::bit_cast<std::uint64_t>(x); }
 VAPRIX_INLINE double number(std::uint64_t bits) noexcept { return std::bit_cast<double>(bits); }
 
+// Rounded to single precision.
+VAPRIX_INLINE double in_single(double x) noexcept {
+    return static_cast<double>(static_cast<float>(x));
+}
+
 // Whether the condition holds in no lane.
 VAPRIX_INLINE bool none(bool condition) noexcept { return !condition; }
 

@@ -72,13 +72,30 @@ struct Enthalpy {
         return Region2<Number>::t2c_ph(p, h);
     }
     static double t2(double p, double h) noexcept { return region2::t_ph(p, h); }
+    template <class Number>
+    static constexpr auto t3a = Region3<Number>::t3a_ph;
+    template <class Number>
+    static constexpr auto t3b = Region3<Number>::t3b_ph;
+    template <class Number>
+    static constexpr auto v3a = Region3<Number>::v3a_ph;
+    template <class Number>
+    static constexpr auto v3b = Region3<Number>::v3b_ph;
     static double t3(double p, double h) noexcept { return region3::t_ph(p, h); }
-    static double t5(double p, double h) noexcept { return region5::t_ph(p, h); }
+    template <class Number>
+    static Number t5(Number p, Number h) noexcept {
+        return Region5<Number>::t_ph(p, h);
+    }
     static double v3(double p, double h) noexcept { return region3::v_ph(p, h); }
-    static double p3sat(double h) noexcept { return region3::p3sat_h(h); }
+    template <class Number>
+    static Number p3sat(Number h) noexcept {
+        return Region3<Number>::p3sat_h(h);
+    }
 
     // Which side of the critical state a state of region 3 is on: subregion 3a or 3b.
-    static bool is_3a(double p, double h) noexcept { return h <= region3::h3ab(p); }
+    template <class Number>
+    static auto is_3a(Number p, Number h) noexcept {
+        return h <= Region3<Number>::h3ab(p);
+    }
 
     // Whether a state of region 2 beyond 2a is of subregion 2c, else of 2b.
     template <class Number>
@@ -155,12 +172,29 @@ struct Entropy {
         return Region2<Number>::t2c_ps(p, s);
     }
     static double t2(double p, double s) noexcept { return region2::t_ps(p, s); }
+    template <class Number>
+    static constexpr auto t3a = Region3<Number>::t3a_ps;
+    template <class Number>
+    static constexpr auto t3b = Region3<Number>::t3b_ps;
+    template <class Number>
+    static constexpr auto v3a = Region3<Number>::v3a_ps;
+    template <class Number>
+    static constexpr auto v3b = Region3<Number>::v3b_ps;
     static double t3(double p, double s) noexcept { return region3::t_ps(p, s); }
-    static double t5(double p, double s) noexcept { return region5::t_ps(p, s); }
+    template <class Number>
+    static Number t5(Number p, Number s) noexcept {
+        return Region5<Number>::t_ps(p, s);
+    }
     static double v3(double p, double s) noexcept { return region3::v_ps(p, s); }
-    static double p3sat(double s) noexcept { return region3::p3sat_s(s); }
+    template <class Number>
+    static Number p3sat(Number s) noexcept {
+        return Region3<Number>::p3sat_s(s);
+    }
 
-    static bool is_3a(double /* p */, double s) noexcept { return s <= region3::s_crit; }
+    template <class Number>
+    static auto is_3a(Number /* p */, Number s) noexcept {
+        return s <= Region3<Number>::s_crit;
+    }
 
     template <class Number>
     static auto is_2c(Number /* p */, Number s) noexcept {

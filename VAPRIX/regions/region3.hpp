@@ -19,6 +19,11 @@
 
 namespace vaprix {
 
+// Subregions of (p, T): IAPWS SR5-05(2016), Tables 2 and 10.
+// clang-format off
+enum class Subregion { a, b, c, d, e, f, g, h, i, j, k, l, m, n, o, p, q, r, s, t, u, v, w, x, y, z };
+// clang-format on
+
 template <class Number>
 struct Region3 {
     [[nodiscard]] static Number p(Number d, Number t) noexcept;  // pressure, MPa
@@ -136,15 +141,20 @@ struct Region3 {
     [[nodiscard]] static Number v_ph(Number p, Number h) noexcept;  // specific volume, m3/kg
     [[nodiscard]] static Number t_ps(Number p, Number s) noexcept;  // temperature, K
     [[nodiscard]] static Number v_ps(Number p, Number s) noexcept;  // specific volume, m3/kg
+    // in one subregion
+    [[nodiscard]] static Number t3a_ph(Number p, Number h) noexcept;
+    [[nodiscard]] static Number t3b_ph(Number p, Number h) noexcept;
+    [[nodiscard]] static Number v3a_ph(Number p, Number h) noexcept;
+    [[nodiscard]] static Number v3b_ph(Number p, Number h) noexcept;
+    [[nodiscard]] static Number t3a_ps(Number p, Number s) noexcept;
+    [[nodiscard]] static Number t3b_ps(Number p, Number s) noexcept;
+    [[nodiscard]] static Number v3a_ps(Number p, Number s) noexcept;
+    [[nodiscard]] static Number v3b_ps(Number p, Number s) noexcept;
     [[nodiscard]] static Number p_hs(Number h, Number s) noexcept;  // pressure, MPa
     [[nodiscard]] static Number p3sat_h(Number h) noexcept;  // saturation pressure of region 3, MPa
     [[nodiscard]] static Number p3sat_s(Number s) noexcept;  // saturation pressure of region 3, MPa
 
     // Backward equations of (p, T): regions/region3_volume.hpp.
-    // clang-format off
-    enum class Subregion { a, b, c, d, e, f, g, h, i, j, k, l, m, n, o, p, q, r, s, t, u, v, w, x, y, z };
-    // clang-format on
-
     // Subregion of (p, t): Tables 2 and 10. On the saturation line itself the liquid's.
     [[nodiscard]] static Subregion subregion_pt(Number p, Number t) noexcept;
 

@@ -33,38 +33,66 @@ Number Region3<Number>::h3ab(Number p) noexcept {
 
 // Eqs. (2) and (3)
 template <class Number>
+VAPRIX_INLINE Number Region3<Number>::t3a_ph(Number p, Number h) noexcept {
+    return detail::T_star_3a *
+           evaluate_table<tables::t3a_ph>(p / detail::p_star + 0.240, h / 2300 - 0.615);
+}
+template <class Number>
+VAPRIX_INLINE Number Region3<Number>::t3b_ph(Number p, Number h) noexcept {
+    return detail::T_star_3b *
+           evaluate_table<tables::t3b_ph>(p / detail::p_star + 0.298, h / 2800 - 0.720);
+}
+template <class Number>
 Number Region3<Number>::t_ph(Number p, Number h) noexcept {
-    const Number pi = p / detail::p_star;
-    return h <= h3ab(p)
-               ? detail::T_star_3a * evaluate_table<tables::t3a_ph>(pi + 0.240, h / 2300 - 0.615)
-               : detail::T_star_3b * evaluate_table<tables::t3b_ph>(pi + 0.298, h / 2800 - 0.720);
+    return h <= h3ab(p) ? t3a_ph(p, h) : t3b_ph(p, h);
 }
 
 // Eqs. (4) and (5)
 template <class Number>
+VAPRIX_INLINE Number Region3<Number>::v3a_ph(Number p, Number h) noexcept {
+    return detail::v_star_3a *
+           evaluate_table<tables::v3a_ph>(p / detail::p_star + 0.128, h / 2100 - 0.727);
+}
+template <class Number>
+VAPRIX_INLINE Number Region3<Number>::v3b_ph(Number p, Number h) noexcept {
+    return detail::v_star_3b *
+           evaluate_table<tables::v3b_ph>(p / detail::p_star + 0.0661, h / 2800 - 0.720);
+}
+template <class Number>
 Number Region3<Number>::v_ph(Number p, Number h) noexcept {
-    const Number pi = p / detail::p_star;
-    return h <= h3ab(p)
-               ? detail::v_star_3a * evaluate_table<tables::v3a_ph>(pi + 0.128, h / 2100 - 0.727)
-               : detail::v_star_3b * evaluate_table<tables::v3b_ph>(pi + 0.0661, h / 2800 - 0.720);
+    return h <= h3ab(p) ? v3a_ph(p, h) : v3b_ph(p, h);
 }
 
 // Eqs. (6) and (7)
 template <class Number>
+VAPRIX_INLINE Number Region3<Number>::t3a_ps(Number p, Number s) noexcept {
+    return detail::T_star_3a *
+           evaluate_table<tables::t3a_ps>(p / detail::p_star + 0.240, s / 4.4 - 0.703);
+}
+template <class Number>
+VAPRIX_INLINE Number Region3<Number>::t3b_ps(Number p, Number s) noexcept {
+    return detail::T_star_3b *
+           evaluate_table<tables::t3b_ps>(p / detail::p_star + 0.760, s / 5.3 - 0.818);
+}
+template <class Number>
 Number Region3<Number>::t_ps(Number p, Number s) noexcept {
-    const Number pi = p / detail::p_star;
-    return s <= s_crit
-               ? detail::T_star_3a * evaluate_table<tables::t3a_ps>(pi + 0.240, s / 4.4 - 0.703)
-               : detail::T_star_3b * evaluate_table<tables::t3b_ps>(pi + 0.760, s / 5.3 - 0.818);
+    return s <= s_crit ? t3a_ps(p, s) : t3b_ps(p, s);
 }
 
 // Eqs. (8) and (9)
 template <class Number>
+VAPRIX_INLINE Number Region3<Number>::v3a_ps(Number p, Number s) noexcept {
+    return detail::v_star_3a *
+           evaluate_table<tables::v3a_ps>(p / detail::p_star + 0.187, s / 4.4 - 0.755);
+}
+template <class Number>
+VAPRIX_INLINE Number Region3<Number>::v3b_ps(Number p, Number s) noexcept {
+    return detail::v_star_3b *
+           evaluate_table<tables::v3b_ps>(p / detail::p_star + 0.298, s / 5.3 - 0.816);
+}
+template <class Number>
 Number Region3<Number>::v_ps(Number p, Number s) noexcept {
-    const Number pi = p / detail::p_star;
-    return s <= s_crit
-               ? detail::v_star_3a * evaluate_table<tables::v3a_ps>(pi + 0.187, s / 4.4 - 0.755)
-               : detail::v_star_3b * evaluate_table<tables::v3b_ps>(pi + 0.298, s / 5.3 - 0.816);
+    return s <= s_crit ? v3a_ps(p, s) : v3b_ps(p, s);
 }
 
 // Eq. (10)

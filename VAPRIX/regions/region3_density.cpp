@@ -15,8 +15,6 @@
 namespace vaprix::region3_density {
 namespace {
 
-constexpr double densest = 800;  // kg/m3, above every state of region 3, where the isotherm rises
-
 // Where on an isotherm a root is looked for. Below the critical temperature the isotherm falls
 // between the two phases; there the root lies towards the far end of the side, whatever the
 // pressure.
@@ -34,19 +32,17 @@ constexpr Side side_of(double d) noexcept { return d > d_crit ? liquid : vapour;
 
 // Root of p(d) = p on a side, by Newton's method; 0.0 where there is none.
 double newton(const region3::Isotherm& isotherm, double p, Side side, double d_start) noexcept {
-    constexpr double step = 1e-8;       // relative, after which the error is one of rounding
     constexpr double rounding = 1e-12;  // of the pressure, relative
     constexpr double flat = 1e-30;      // MPa m3/kg, a slope that leads to the end of the bracket
     // In single precision the start does not carry the last digit of the host's exponential, which
     // subregion 3n passes through, into the result.
-    const auto start =
-        static_cast<double>(static_cast<float>(std::clamp(d_start, side.low, side.high)));
+    const double start = machine::in_single(std::clamp(d_start, side.low, side.high));
     const NewtonRoot<double> root = bracketed_newton(
         [&](double d) noexcept {
             const Tangent<double> at{isotherm.p(d), isotherm.p_d(d)};
             return at.y_x > 0 ? at : Tangent<double>{at.y + side.p_beyond, flat};
         },
-        p, side.low, side.high, start, step);
+        p, side.low, side.high, start, last_step);
     // an end of the side stands for a root beyond it, and next to the critical point the isotherm
     // is so flat that rounding decides the steps
     const bool solved = (root.converged && root.x > side.low && root.x < side.high) ||

@@ -9,6 +9,10 @@
 
 namespace vaprix::region3_density {
 
+inline constexpr double densest =
+    800;  // kg/m3, above every state of region 3, where the isotherm rises
+inline constexpr double last_step = 1e-8;  // relative, after which the error is one of rounding
+
 // Density of the phase that the saturation line gives (p, t), by Newton's method from the published
 // volume of (p, t), or from the start value d_start, kg/m3. Within 4e-5 K below the critical
 // temperature the saturation line and the basic equation disagree by more than metastable states

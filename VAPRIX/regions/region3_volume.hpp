@@ -63,8 +63,7 @@ Number Region3<Number>::volume_3n(Number p, Number t) noexcept {
 
 // Table 10, T3qu(p) < t <= T3rx(p), psat_643 < p <= 22.5
 template <class Number>
-typename Region3<Number>::Subregion Region3<Number>::near_critical_subregion(Number p,
-                                                                             Number t) noexcept {
+Subregion Region3<Number>::near_critical_subregion(Number p, Number t) noexcept {
     constexpr double psat_v264 = 21.93161551;  // saturation pressure of v' = 0.00264 m3/kg
     constexpr double psat_v385 = 21.90096265;  // saturation pressure of v'' = 0.00385 m3/kg
     if (p > 22.11) {
@@ -84,7 +83,7 @@ typename Region3<Number>::Subregion Region3<Number>::near_critical_subregion(Num
 // Table 2. The subregions 3u to 3z of Table 10 are told apart only where that matters: here any of
 // them is Subregion::u.
 template <class Number>
-typename Region3<Number>::Subregion Region3<Number>::subregion_table2(Number p, Number t) noexcept {
+Subregion Region3<Number>::subregion_table2(Number p, Number t) noexcept {
     if (p > 40) return t <= t3ab(p) ? Subregion::a : Subregion::b;
     if (p <= detail::p_3cd) return t <= tsat(p) ? Subregion::c : Subregion::t;
     if (t <= t3cd(p)) return Subregion::c;
@@ -117,7 +116,7 @@ typename Region3<Number>::Subregion Region3<Number>::subregion_table2(Number p, 
 }
 
 template <class Number>
-typename Region3<Number>::Subregion Region3<Number>::subregion_pt(Number p, Number t) noexcept {
+Subregion Region3<Number>::subregion_pt(Number p, Number t) noexcept {
     const Subregion subregion = subregion_table2(p, t);
     return subregion == Subregion::u ? near_critical_subregion(p, t) : subregion;
 }

@@ -20,39 +20,42 @@ namespace detail {
 
 inline constexpr double tolerance_5 = 1e-6;
 
+template <class Number>
 struct Bracket5 {
-    double low, high;  // K
+    Number low, high;  // K
 };
 
 template <class Number>
-Bracket5 bracket_ph(Number h) noexcept {
-    if (h < 5000) return {T_25, 1573.15};
-    if (h < 6500) return {1323.15, 2073.15};
-    return {1823.15, T_max};
+Bracket5<Number> bracket_ph(Number h) noexcept {
+    using machine::select;
+    const auto warm = h < 5000, middle = h < 6500;
+    return {select(warm, Number(T_25), select(middle, Number(1323.15), 1823.15)),
+            select(warm, Number(1573.15), select(middle, Number(2073.15), T_max))};
 }
 
 template <class Number>
-Bracket5 bracket_ps(Number p, Number s) noexcept {
-    if (p < 0.1) return {T_25, T_max};
-    if (p < 1) return {T_25, s < 9.5 ? 1823.15 : T_max};
-    if (s < (p < 5 ? 9.0 : 8.5)) return {T_25, 1823.15};
-    return {1323.15, T_max};
+Bracket5<Number> bracket_ps(Number p, Number s) noexcept {
+    using machine::select;
+    const auto thin = p < 0.1;
+    const auto below = s < select(p < 1, Number(9.5), select(p < 5, Number(9.0), 8.5));
+    return {select((p < 1) | below, Number(T_25), 1323.15),
+            select(thin | !below, Number(T_max), 1823.15)};
 }
 
 }  // namespace detail
 
 template <class Number>
 Number Region5<Number>::t_ph(Number p, Number h) noexcept {
-    const detail::Bracket5 bracket = detail::bracket_ph(h);
+    const detail::Bracket5<Number> bracket = detail::bracket_ph(h);
     const auto residual = [p, h](Number t) noexcept { return Region5::h(p, t) - h; };
-    return steered_search(residual, Number(bracket.low), Number(bracket.high), detail::tolerance_5);
+    return steered_search(residual, bracket.low, bracket.high, detail::tolerance_5);
 }
 
 template <class Number>
 Number Region5<Number>::t_ps(Number p, Number s) noexcept {
-    const detail::Bracket5 bracket = detail::bracket_ps(p, s);
+    const detail::Bracket5<Number> bracket = detail::bracket_ps(p, s);
     const auto residual = [p, s](Number t) noexcept { return Region5::s(p, t) - s; };
-    return steered_search(residual, Number(bracket.low), Number(bracket.high), detail::tolerance_5);
+    return steered_search(residual, bracket.low, bracket.high, detail::tolerance_5);
 }
 
 }  // namespace vaprix
