@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 
+#include "inverse/region_py.hpp"
 #include "inverse/second_variable.hpp"
 #include "plan.hpp"
 #include "pt/region_pt.hpp"
@@ -33,6 +34,18 @@ VAPRIX_INLINE void divide_each(std::size_t count, Divided& divided, PartsOf part
     }
 }
 
+// The same for two lanes, which take longer to decide alike than one after the other: `part_of` gives the
+// part of an element, or `parts` for none.
+template <class PartOf>
+VAPRIX_INLINE void divide_one_by_one(std::size_t count, Divided& divided, PartOf part_of) noexcept {
+    for (std::size_t first = 0; first < count; first += 64) {
+        std::array<std::uint64_t, parts + 1> bits{};
+        const std::size_t last = std::min<std::size_t>(count - first, 64);
+        for (std::size_t k = 0; k < last; ++k) bits[part_of(first + k)] |= std::uint64_t{1} << k;
+        for (std::size_t part = 0; part < parts; ++part) divided[part][first / 64] = bits[part];
+    }
+}
+
 // Where the saturation line is surely not: an isotherm's and an isobar's distance from it, and from the
 // critical pressure.
 inline constexpr double off_line = 1e-6;  // K and MPa
@@ -42,10 +55,27 @@ inline constexpr double off_line = 1e-6;  // K and MPa
 template <class Number>
 void divide_pt(const double* p_of, const double* t_of, std::size_t count,
                Divided& divided) noexcept {
+    if constexpr (Number::lanes == 2) {
+        return divide_one_by_one(count, divided, [=](std::size_t k) noexcept {
+            const double p = p_of[k], t = t_of[k];
+            switch (region_pt(p, t)) {
+                case Region::one: return region1;
+                case Region::two: return region2a;
+                case Region::three:
+                    if (p > p_crit + off_line) return region3;
+                    return p < p_crit - off_line && fabs(t - tsat(p)) > off_line ? region3 : parts;
+                case Region::five: return region5;
+                case Region::none: return t == t ? outside : parts;
+                case Region::wet: break;
+            }
+            return parts;
+        });
+    }
     divide_each<Number>(count, divided, [=](std::size_t k, auto add) noexcept {
         const Number p = Number::load(p_of + k), t = Number::load(t_of + k);
         const auto valid =
             (t >= T_min - limit_tolerance) & (t <= T_max) & (p <= p_max) & (p >= p_min);
+        if (machine::none(valid)) return add(outside, t == t);
         const auto cold = valid & (t <= T_13);
         auto vapour = valid & (t > T_23_max) & (t <= T_25 + limit_tolerance);
         if (!machine::none(cold)) {
@@ -83,9 +113,30 @@ enum class Phase { by_backward_equation, left };
 template <class Y, Phase phase, class Number>
 void divide_py(const double* p_of, const double* y_of, std::size_t count,
                Divided& divided) noexcept {
+    if constexpr (Number::lanes == 2) {
+        return divide_one_by_one(count, divided, [=](std::size_t k) noexcept {
+            const double p = p_of[k], y = y_of[k];
+            switch (inverse::region_but_phase<Y>(p, y)) {
+                case Region::one: return region1;
+                case Region::two:
+                    if (p <= region2::p_2a) return region2a;
+                    return Y::is_2c(p, y) ? region2c : region2b;
+                case Region::three:
+                    if (p > p_crit ||
+                        (phase == Phase::by_backward_equation && p < p_crit && p >= Y::p3sat(y)))
+                        return Y::is_3a(p, y) ? region3a : region3b;
+                    return parts;
+                case Region::five: return region5;
+                case Region::none: return p < p_min || p > p_max ? outside : parts;
+                case Region::wet: break;
+            }
+            return parts;
+        });
+    }
     divide_each<Number>(count, divided, [=](std::size_t k, auto add) noexcept {
         const Number p = Number::load(p_of + k), y = Number::load(y_of + k);
         const auto valid = (p <= p_max) & (p >= p_min);
+        if (machine::none(valid)) return add(outside, p == p);
         const auto band =
             (machine::bits(machine::select(valid, p, Number(p_min))) >> band_bits_dropped) -
             first_band;

@@ -255,56 +255,38 @@ VAPRIX_INLINE Pack<lanes> entry(const double* table, Bits<lanes> index) noexcept
     for (int lane = 0; lane < lanes; ++lane) entries.v[lane] = table[index.v[lane]];
     return entries;
 }
-// Two neighbours of a table.
+// Two neighbouring floats of a table, from an even or an odd index.
 template <int lanes>
 struct Neighbours {
     Pack<lanes> first, second;
 };
-// Doubles, from an even index.
-template <int lanes>
-VAPRIX_INLINE Neighbours<lanes> entries(const double* table, Bits<lanes> index) noexcept {
-    if constexpr (lanes == 8) return {entry(table, index), entry(table + 1, index)};
-    // as pairs, which are loaded whole and then sorted: gathering costs twice that
-    typedef double Two __attribute__((vector_size(2 * sizeof(double))));
-    const auto pair = [&](int lane) noexcept {
-        Two two;
-        __builtin_memcpy(&two, table + index.v[lane], sizeof two);
-        return two;
-    };
-    if constexpr (lanes == 2) {
-        const Two a = pair(0), b = pair(1);
-        return {Pack<lanes>(Two{a[0], b[0]}), Pack<lanes>(Two{a[1], b[1]})};
-    }
-    if constexpr (lanes == 4) {
-        typedef typename Pack<lanes>::Vector Four;
-        const Two a = pair(0), b = pair(1), c = pair(2), d = pair(3);
-        return {Pack<lanes>(Four{a[0], b[0], c[0], d[0]}),
-                Pack<lanes>(Four{a[1], b[1], c[1], d[1]})};
-    }
-}
-// Floats, from an even or an odd index; neither is zero.
 template <int lanes>
 VAPRIX_INLINE Neighbours<lanes> entries(const float* table, Bits<lanes> index) noexcept {
-    Bits<lanes> both;
 #if defined(__AVX512F__)
     if constexpr (lanes == 8) {
-        both.v = reinterpret_cast<typename Bits<lanes>::Vector>(
-            _mm512_i64gather_epi64(reinterpret_cast<__m512i>(index.v), table, sizeof *table));
-    } else
-#endif
-    {
-        for (int lane = 0; lane < lanes; ++lane) {
-            std::uint64_t two;
-            __builtin_memcpy(&two, table + index.v[lane], sizeof two);
-            both.v[lane] = two;
-        }
+        const __m512i both =
+            _mm512_i64gather_epi64(reinterpret_cast<__m512i>(index.v), table, sizeof *table);
+        const auto widened = [](__m512i lower) noexcept {
+            return Pack<lanes>(_mm512_cvtps_pd(_mm256_castsi256_ps(_mm512_cvtepi64_epi32(lower))));
+        };
+        return {widened(both), widened(_mm512_srli_epi64(both, 32))};
     }
-    const auto widened = [](Bits<lanes> bits) noexcept {
-        constexpr std::uint64_t bias = 1023 - 127;
-        const auto signs = (bits & 0x8000'0000u) << 32;
-        return number(Bits<lanes>{(((bits & 0x7fff'ffffu) << 29) + (bias << 52)).v | signs.v});
+#endif
+    // loaded as pairs: gathering costs twice that
+    typedef float Floats __attribute__((vector_size(2 * sizeof(float))));
+    typedef double Two __attribute__((vector_size(2 * sizeof(double))));
+    const auto pair = [&](int lane) noexcept {
+        Floats two;
+        __builtin_memcpy(&two, table + index.v[lane], sizeof two);
+        return __builtin_convertvector(two, Two);
     };
-    return {widened(both & 0xffff'ffffu), widened(both >> 32)};
+    const auto sorted = [&]<int... lane>(std::integer_sequence<int, lane...>) noexcept {
+        using Vector = typename Pack<lanes>::Vector;
+        const Two pairs[] = {pair(lane)...};
+        return Neighbours<lanes>{Pack<lanes>(Vector{pairs[lane][0]...}),
+                                 Pack<lanes>(Vector{pairs[lane][1]...})};
+    };
+    return sorted(std::make_integer_sequence<int, lanes>{});
 }
 
 }  // namespace machine

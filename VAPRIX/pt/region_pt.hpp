@@ -34,8 +34,8 @@ inline constexpr double t_rounding = 1e-10;
         return Region::none;
     if (t <= T_13) {
         const PressureBounds& bounds = psat_bounds(t);
-        if (p < bounds.low) return Region::two;
-        if (p > bounds.high) return Region::one;
+        if (p < static_cast<double>(bounds.low)) return Region::two;
+        if (p > static_cast<double>(bounds.high)) return Region::one;
         const double ps = psat(t);
         if (p <= ps - limit_tolerance) return Region::two;
         if (p >= ps + limit_tolerance) return Region::one;

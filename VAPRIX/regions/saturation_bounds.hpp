@@ -15,7 +15,7 @@
 namespace vaprix {
 
 struct PressureBounds {
-    double low, high;  // MPa
+    float low, high;  // MPa
 };
 
 namespace detail {
@@ -42,10 +42,10 @@ constexpr long double psat_extended(long double t) {
 inline constexpr std::size_t psat_bands = 128;
 inline constexpr double psat_bands_per_kelvin = psat_bands / (T_13 - T_min);
 
-// The margins cover the rounding of Eq. (30) and of the band's own ends, and the half width of
-// 1e-12 MPa that the line is given.
+// The margins cover the rounding of Eq. (30), of the band's own ends and to single precision, and the
+// half width of 1e-12 MPa that the line is given.
 inline constexpr auto psat_band_bounds = [] {
-    constexpr long double relative = 1e-9L;
+    constexpr long double relative = 1e-7L;
     constexpr long double absolute = 2e-12L;
     std::array<PressureBounds, psat_bands + 1> bounds{};
     const auto psat_at = [](std::size_t band) {
@@ -53,8 +53,8 @@ inline constexpr auto psat_band_bounds = [] {
                              static_cast<long double>(band) / extended(psat_bands_per_kelvin));
     };
     for (std::size_t k = 0; k < bounds.size(); ++k) {
-        bounds[k].low = static_cast<double>(psat_at(k) * (1 - relative) - absolute);
-        bounds[k].high = static_cast<double>(psat_at(k + 1) * (1 + relative) + absolute);
+        bounds[k].low = static_cast<float>(psat_at(k) * (1 - relative) - absolute);
+        bounds[k].high = static_cast<float>(psat_at(k + 1) * (1 + relative) + absolute);
     }
     return bounds;
 }();
