@@ -36,14 +36,16 @@ void evaluate_one(thread::Word& stored, std::int32_t& code, Values*... values) n
     code = stored;
 }
 
-// By a plan, from one or two variables of the state.
+// By a plan, from one or two variables of the state; what is left.
 inline Elements answer_planned(const Plan& plan, std::size_t count, std::int32_t* code,
                                const double* x, const double* y, double* out) noexcept {
-    return answer_packed(plan, count, code, x, y, out);
+    Wanted wanted{&plan, out, code};
+    answer_packed({&wanted, 1}, count, x, y);
+    return wanted.left;
 }
 inline Elements answer_planned(const Plan& plan, std::size_t count, std::int32_t* code,
                                const double* x, double* out) noexcept {
-    return answer_packed(plan, count, code, x, x, out);
+    return answer_planned(plan, count, code, x, x, out);
 }
 
 // `count` elements, at most block_size, of the arguments in the resolver's order and the result, each

@@ -5,9 +5,7 @@
 
 namespace vaprix::arrays {
 
-namespace {
-
-Elements first(std::size_t count) noexcept {
+Elements first_elements(std::size_t count) noexcept {
     Elements elements{};
     for (std::size_t word = 0; word < elements.size(); ++word) {
         if (count >= 64 * (word + 1)) {
@@ -18,6 +16,8 @@ Elements first(std::size_t count) noexcept {
     }
     return elements;
 }
+
+namespace {
 
 void without(Elements& from, const Elements& elements) noexcept {
     for (std::size_t word = 0; word < from.size(); ++word) from[word] &= ~elements[word];
@@ -45,81 +45,83 @@ struct Gathered {
 
 // Evaluates a part and takes its elements from those left, but for any that is not found or that the
 // answer rule has a word about.
-void answer_part(const Plan& plan, Part part, const Elements& elements, bool whole,
-                 std::size_t count, const double* x, const double* y, double* out,
-                 Elements& left) noexcept {
+void answer_part(std::span<Wanted> wanted, Part part, const Elements& elements, bool whole,
+                 std::size_t count, const double* x, const double* y) noexcept {
     Gathered some;
     if (!whole) {
         some.gather(elements, x, y);
         x = some.x, y = some.y;
     }
     const std::size_t size = whole ? count : some.size;
-    double* const results = whole ? out : some.out;
 
     alignas(64) double solved[block_size], dense[block_size];
-    const double *p = x, *t = y;
-    if (plan.solve[part] != nullptr) {
-        plan.solve[part](x, y, solved, dense, size);
-        t = solved;
-        if (plan.solves_pressure) p = solved, t = x;
-    }
-    plan.evaluate[part](p, t, dense, results, size);
-
-    // where a state was solved for and found, at a temperature that the answer rule has no word about
-    const auto is_answered = [&](std::size_t k) noexcept {
-        return (p[k] > 0) & (t[k] > 0) & (t[k] >= plan.t_low) & (t[k] <= plan.t_high);
-    };
-    const bool all =
-        (plan.solve[part] == nullptr && !plan.has_limits) || plan.all_found(plan, p, t, size);
-    if (!whole) {
-        for (std::size_t k = 0; k < size; ++k) out[some.element[k]] = results[k];
-    }
-    if (all) {
-        without(left, elements);
-        return;
-    }
-    for (std::size_t k = 0; k < size; ++k) {
-        if (is_answered(k)) remove(left, whole ? k : some.element[k]);
+    Plan::Solve solved_by = nullptr;
+    for (Wanted& each : wanted) {
+        const Plan& plan = *each.plan;
+        if (plan.evaluate[part] == nullptr) continue;
+        const double *p = x, *t = y;
+        if (plan.solve[part] != nullptr) {
+            if (plan.solve[part] != solved_by) plan.solve[part](x, y, solved, dense, size);
+            solved_by = plan.solve[part];
+            t = solved;
+            if (plan.solves_pressure) p = solved, t = x;
+        }
+        double* const results = whole ? each.out : some.out;
+        plan.evaluate[part](p, t, dense, results, size);
+        if (!whole) {
+            for (std::size_t k = 0; k < size; ++k) each.out[some.element[k]] = results[k];
+        }
+        if ((plan.solve[part] == nullptr && !plan.has_limits) || plan.all_found(plan, p, t, size)) {
+            without(each.left, elements);
+            continue;
+        }
+        for (std::size_t k = 0; k < size; ++k) {
+            // solved for and found, at a temperature that the answer rule has no word about
+            if ((p[k] > 0) & (t[k] > 0) & (t[k] >= plan.t_low) & (t[k] <= plan.t_high))
+                remove(each.left, whole ? k : some.element[k]);
+        }
     }
 }
 
-void answer_outside(const Plan& plan, const Elements& elements, bool whole, std::size_t count,
-                    std::int32_t* code, double* out) noexcept {
+void answer_outside(Wanted& wanted, const Elements& elements, bool whole,
+                    std::size_t count) noexcept {
+    const Plan& plan = *wanted.plan;
+    without(wanted.left, elements);
     if (whole) {
-        std::fill_n(out, count, plan.outside_value);
-        std::fill_n(code, count, plan.outside_code);
+        std::fill_n(wanted.out, count, plan.outside_value);
+        std::fill_n(wanted.code, count, plan.outside_code);
         return;
     }
     for_each(elements, [&](std::size_t k) {
-        out[k] = plan.outside_value;
-        code[k] = plan.outside_code;
+        wanted.out[k] = plan.outside_value;
+        wanted.code[k] = plan.outside_code;
     });
 }
 
 }  // namespace
 
-Elements answer_packed(const Plan& plan, std::size_t count, std::int32_t* code, const double* x,
-                       const double* y, double* out) noexcept {
-    const Elements all = first(count);
+void answer_packed(std::span<Wanted> wanted, std::size_t count, const double* x,
+                   const double* y) noexcept {
+    const Elements all = first_elements(count);
     Divided divided{};
-    plan.divide(x, y, count, divided);
+    wanted.front().plan->divide(x, y, count, divided);
 
-    Elements left = all;
-    std::fill_n(code, count, 0);
+    for (Wanted& each : wanted) {
+        each.left = all;
+        std::fill_n(each.code, count, 0);
+    }
     for (std::size_t part = 0; part < parts; ++part) {
         Elements& elements = divided[part];
         for (std::size_t word = 0; word < all.size(); ++word) elements[word] &= all[word];
         if (elements == Elements{}) continue;
         const bool whole = elements == all;
         if (part == outside) {
-            answer_outside(plan, elements, whole, count, code, out);
-            without(left, elements);
-        } else if (plan.evaluate[part] != nullptr) {
-            answer_part(plan, static_cast<Part>(part), elements, whole, count, x, y, out, left);
+            for (Wanted& each : wanted) answer_outside(each, elements, whole, count);
+        } else {
+            answer_part(wanted, static_cast<Part>(part), elements, whole, count, x, y);
         }
         if (whole) break;
     }
-    return left;
 }
 
 }  // namespace vaprix::arrays

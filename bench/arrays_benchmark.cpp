@@ -141,6 +141,28 @@ void rows(const std::string& name, Scalar* scalar, Array* array, std::initialize
             y);
 }
 
+// Several properties of the same states, one after the other and in one call.
+void row_of_several() {
+    const std::vector<State>& all = states(Set::mixed);
+    const std::size_t n = 4096;
+    std::vector<double> x, y, out[3];
+    for (std::size_t k = 0; k < n; ++k) x.push_back(all[k].p), y.push_back(all[k].h);
+    for (std::vector<double>& each : out) each.resize(n);
+    const char* const names[] = {"TOPH", "SOPH", "DOPH"};
+    double* const outs[] = {out[0].data(), out[1].data(), out[2].data()};
+    const std::ptrdiff_t steps[] = {1, 1, 1};
+    const auto each = [&](std::size_t, std::size_t) {
+        TOPH_array(n, x.data(), 1, y.data(), 1, outs[0], 1, nullptr);
+        SOPH_array(n, x.data(), 1, y.data(), 1, outs[1], 1, nullptr);
+        DOPH_array(n, x.data(), 1, y.data(), 1, outs[2], 1, nullptr);
+    };
+    const auto together = [&](std::size_t, std::size_t) {
+        vaprix_arrays_several(n, x.data(), 1, y.data(), 1, 3, names, outs, steps, nullptr);
+    };
+    const std::vector<double> ns = time_each(CLOCK_THREAD_CPUTIME_ID, n, {each, together});
+    std::printf("TOPH, SOPH, DOPH, mixed: one by one %.1f, in one call %.1f ns\n", ns[0], ns[1]);
+}
+
 // An export and its function over arrays.
 #define BOTH(name) #name, name, name##_array
 
@@ -188,4 +210,5 @@ int main(int argc, char** argv) {
         std::printf(" %9s%9s%9s%9s%s", "calls", "array", "ratio", "memory", more);
     std::printf("\n");
     all_rows();
+    row_of_several();
 }

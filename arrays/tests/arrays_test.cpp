@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iomanip>
+#include <map>
 #include <stdexcept>
 #include <string>
 #include <tuple>
@@ -203,6 +204,66 @@ TEST(Arrays, AnswerAsTheCallsOneByOne) {
             for (const std::size_t n : {0U, 1U, 7U, 255U, 256U, 257U, 1000U})
                 for (int shape = 0; shape < 3; ++shape)
                     EXPECT_TRUE(answers_alike(each, n, random, false));
+        }
+    }
+}
+
+using Several = std::size_t (*)(std::size_t, const double*, std::ptrdiff_t, const double*,
+                                std::ptrdiff_t, std::size_t, const char* const*, double* const*,
+                                const std::ptrdiff_t*, std::int32_t* const*);
+
+// All exports of the same arguments in one call.
+TEST(Arrays, AnswerSeveralAsEachByItself) {
+    const auto several = reinterpret_cast<Several>(symbol("vaprix_arrays_several"));
+    std::map<std::vector<std::size_t>, std::vector<const Export*>> alike;
+    for (const Export& each : bound::exports()) {
+        const bool plain = !each.region && !each.out && !each.inputs.empty();
+        if (plain && each.inputs.size() <= 2)
+            alike[{each.inputs.begin(), each.inputs.end()}].push_back(&each);
+    }
+    ASSERT_GT(alike.size(), 20U);
+    for (const auto& [inputs, exports] : alike) {
+        const std::size_t n = 1000;
+        std::vector<Column<double>> given, out, expected;
+        std::vector<Column<std::int32_t>> code, expected_code;
+        for (const std::size_t input : inputs) {
+            given.emplace_back(n, 2, 17);
+            for (std::size_t k = 0; k < n; ++k) given.back()[k] = states()[k][input];
+        }
+        for (std::size_t k = 0; k < exports.size(); ++k) {
+            const std::ptrdiff_t step = k % 2 == 0 ? 1 : -3;
+            out.emplace_back(n, step, 15);
+            expected.emplace_back(n, step, 15);
+            code.emplace_back(n, 1, 15);
+            expected_code.emplace_back(n, 1, 15);
+        }
+        std::vector<const char*> names;
+        std::vector<double*> outs;
+        std::vector<std::ptrdiff_t> steps;
+        std::vector<std::int32_t*> codes;
+        for (std::size_t k = 0; k < exports.size(); ++k) {
+            std::vector<Operand> operands;
+            for (Column<double>& each : given) operands.push_back(operand(each));
+            operands.push_back(operand(expected[k]));
+            call(symbol(exports[k]->name + "_array"), n, operands, &expected_code[k][0]);
+            names.push_back(exports[k]->name.c_str());
+            outs.push_back(&out[k][0]);
+            steps.push_back(out[k].step());
+            codes.push_back(k % 3 == 0 ? nullptr : &code[k][0]);
+        }
+        const bool of_two = given.size() == 2;
+        const auto ask = [&](std::size_t count) {
+            return several(n, &given[0][0], 2, of_two ? &given[1][0] : nullptr, 2, count,
+                           names.data(), outs.data(), steps.data(), codes.data());
+        };
+        ASSERT_EQ(ask(names.size()), names.size()) << names[0];
+        for (std::size_t k = 0; k < exports.size(); ++k) {
+            EXPECT_TRUE(out[k] == expected[k]) << names[k];
+            EXPECT_TRUE(codes[k] == nullptr || code[k] == expected_code[k]) << names[k];
+        }
+        for (const char* const other : {"HBPTX", "ECODETUL", of_two ? "PBT" : "HBPT"}) {
+            names.back() = other;
+            EXPECT_EQ(ask(names.size()), names.size() - 1) << other;
         }
     }
 }
