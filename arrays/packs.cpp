@@ -138,6 +138,20 @@ void solve_dense_b(const double* p, const double* y, double* solved, double* den
     }
 }
 
+// Of region 3 by the O-family, temperature and density together.
+template <class Y, auto t3, auto v3>
+void solve_dense_o(const double* p_of, const double* y_of, double* solved, double* dense,
+                   std::size_t count) noexcept {
+    for (std::size_t k = 0; k < count; k += Lanes::lanes) {
+        const Lanes p = Lanes::load(p_of + k), y = Lanes::load(y_of + k);
+        const auto at =
+            newton([](Lanes d, Lanes t) noexcept { return Y::template tangents3<Lanes>(d, t); }, p,
+                   y, Point<Lanes>{1 / v3(p, y), t3(p, y)}, inverse::dense_step);
+        at.y.store(solved + k);
+        at.x.store(dense + k);
+    }
+}
+
 template <class Y, auto start>
 constexpr auto vapour_o = [](Lanes p, Lanes y) noexcept {
     return solve_gibbs<Y, Region2<Lanes>>(p, Y::along_isobar(p, y), start(p, y), T_min, T_25,
@@ -213,6 +227,8 @@ struct OfPyO {
     static constexpr void set(Plan& plan) {
         plan.divide = divide_py<Y, Phase::left, Lanes>;
         plan.solve = solved_o<Y>;
+        plan.solve[region3a] = solve_dense_o<Y, Y::template t3a<Lanes>, Y::template v3a<Lanes>>;
+        plan.solve[region3b] = solve_dense_o<Y, Y::template t3b<Lanes>, Y::template v3b<Lanes>>;
         leave_unsolved(plan);
     }
 };

@@ -31,6 +31,26 @@ VAPRIX_INLINE Pack<lanes> newton_secant(TangentOf tangent, ValueOf value, Pack<l
     return root;
 }
 
+// As newton() has it in two variables; x and y 0 where a lane does not settle.
+template <int lanes, class TangentsOf>
+VAPRIX_INLINE Point<Pack<lanes>> newton(TangentsOf tangents, Pack<lanes> a, Pack<lanes> b,
+                                        Point<Pack<lanes>> at, double tolerance) noexcept {
+    constexpr int rounds = 8;
+    Point<Pack<lanes>> root{0, 0};
+    auto searching = at.x == at.x;
+    for (int round = 0; round < rounds; ++round) {
+        const TangentPair<Pack<lanes>> f = tangents(at.x, at.y);
+        const Point<Pack<lanes>> step = newton_step(f, a - f.a, b - f.b);
+        at = {at.x + step.x, at.y + step.y};
+        const auto settled = searching & (machine::fabs(step.x) < tolerance * at.x) &
+                             (machine::fabs(step.y) < tolerance * at.y);
+        root = {machine::select(settled, at.x, root.x), machine::select(settled, at.y, root.y)};
+        searching = searching & !settled;
+        if (machine::none(searching)) break;
+    }
+    return root;
+}
+
 // As steered_search() has it; 0 where a lane meets equal residuals or does not settle.
 template <int lanes, class Function>
 VAPRIX_INLINE Pack<lanes> steered_search(Function f, Pack<lanes> a, Pack<lanes> b,

@@ -81,6 +81,7 @@ template <class Y, Asked asked>
 // steps of less than `step` the error, of second order in them, is one of rounding.
 inline constexpr double gibbs_step = 3e-8;
 inline constexpr double gibbs_step_5 = 3e-7;  // whose isobars are straighter
+inline constexpr double dense_step = 1e-9;    // of region 3, likewise
 template <class Y, class Equation>
 [[nodiscard]] VAPRIX_INLINE double solve_gibbs(double p, double along, double start, double low,
                                                double high, double step) noexcept {
@@ -95,9 +96,10 @@ template <class Y, class Equation>
 // everywhere.
 template <class Y>
 [[nodiscard]] NewtonPoint<double> solve_dense(double p, double y) noexcept {
-    constexpr double step = 1e-9;  // relative, after which the error is one of rounding
-    const auto tangents = [](double d, double t) noexcept { return Y::tangents3(d, t); };
-    return newton(tangents, p, y, {1 / Y::v3(p, y), Y::t3(p, y)}, step);
+    const auto tangents = [](double d, double t) noexcept {
+        return Y::template tangents3<double>(d, t);
+    };
+    return newton(tangents, p, y, {1 / Y::v3(p, y), Y::t3(p, y)}, dense_step);
 }
 
 // State of a single phase, whatever the saturation line says.
@@ -145,16 +147,15 @@ template <class Y, Asked asked>
     const State mixture = wet_state_by<ends, Y::y>(p, t, y);
     if (mixture.x >= 0 && mixture.x <= 1) return mixture;
 
-    constexpr double step = 1e-9;   // relative, as above
     constexpr double around = 0.1;  // relative, of the saturated density
     const State end = mixture.x < 0 ? liquid_end(mixture) : vapour_end(mixture);
     const double saturated = 1 / single<property::v>(end);
     const auto isotherm = [t](double d) noexcept {
-        const TangentPair at = Y::tangents3(d, t);
+        const TangentPair at = Y::template tangents3<double>(d, t);
         return Tangent{at.b, at.b_x};
     };
     const NewtonRoot<double> d = bracketed_newton(isotherm, y, (1 - around) * saturated,
-                                                  (1 + around) * saturated, saturated, step);
+                                                  (1 + around) * saturated, saturated, dense_step);
     return dense_state(p, t, d.x);
 }
 

@@ -88,7 +88,7 @@ struct Pair {
     [[nodiscard]] bool dense(double start, State& state) const noexcept {
         const double d = 1 / v;
         const auto tangent = [=](double t) noexcept {
-            const TangentPair<double> at = Y::tangents3(d, t);
+            const TangentPair<double> at = Y::template tangents3<double>(d, t);
             return Tangent<double>{at.b, at.b_y};
         };
         const auto [t, converged] = bracketed_newton(tangent, y, T_13_dense, T_23_max,

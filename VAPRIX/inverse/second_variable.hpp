@@ -125,7 +125,8 @@ struct Enthalpy {
     static constexpr auto tangent = Equation::h_tangent_t;
     template <class Equation>
     static constexpr auto value = Equation::h;
-    static constexpr auto tangents3 = region3::ph_tangents;
+    template <class Number>
+    static constexpr auto tangents3 = Region3<Number>::ph_tangents;
 };
 
 struct Entropy {
@@ -218,7 +219,8 @@ struct Entropy {
     static constexpr auto tangent = Equation::s_plus_r_ln_p_tangent_t;
     template <class Equation>
     static constexpr auto value = Equation::s_plus_r_ln_p;
-    static constexpr auto tangents3 = region3::ps_tangents;
+    template <class Number>
+    static constexpr auto tangents3 = Region3<Number>::ps_tangents;
 };
 template <class Number>
 inline constexpr auto Entropy::tangent<Region1<Number>> = Region1<Number>::s_tangent_t;
