@@ -132,8 +132,7 @@ void add_call(CLI::App& app, int& status) {
         "Its arguments in order, in MPa, K, m3/kg, kg/m3, kJ/kg, kJ/(kg K), or with a unit");
     command->add_option("-u,--unit", call->unit, "Show the result in this unit")->type_name("UNIT");
     command->footer(
-        "The result is printed with all digits; a failure is named on stderr, with status "
-        "1.\n\nExamples:\n"
+        "The result has all digits; a failure is named on stderr, with status 1.\n\nExamples:\n"
         "  vaprix call HBPT 15 873.15\n"
         "  vaprix call TOPH 150bar 3583.3kJ/kg -u C");
     command->callback([call, &status] { status = run(*call); });

@@ -22,6 +22,7 @@ int run(int argc, char** argv) {
     app.require_subcommand(1);
     int status = 0;
     add_state(app, status);
+    add_map(app, status);
     add_call(app, status);
     add_list(app);
     add_help(app);
@@ -30,6 +31,7 @@ int run(int argc, char** argv) {
         "no answer, which "
         "stderr names; 2 if\nnothing could be done.\n\nExamples:\n"
         "  vaprix state p=15MPa T=600C\n"
+        "  vaprix map -i plant.csv -a 'h = h(p[bar], T[C])'\n"
         "  vaprix call HBPT 15 873.15");
     try {
         app.parse(argc, argv);

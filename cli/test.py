@@ -4,6 +4,7 @@
 import csv
 import json
 import pathlib
+import random
 import re
 import subprocess
 import sys
@@ -66,6 +67,15 @@ class Calls(Shell):
             self.assertIn(reason, err)
 
 
+    def test_help_fits_a_terminal(self):
+        program = self.run_in_shell("vaprix --help")[0]
+        for command in re.findall(r"^  ([a-z]+)  ", program, re.MULTILINE):
+            text, _ = self.run_in_shell(f"vaprix {command} --help")
+            self.assertLessEqual(max(map(len, (program + text).splitlines())), 80)
+            self.assertIn("Examples:\n  vaprix " + command, text)
+            self.assertEqual(self.run_in_shell(f"vaprix help {command}")[0], text)
+
+
 class States(Shell):
     def test_values_in_the_units_asked_for(self):
         state = json.loads(self.run_in_shell("vaprix state p=30bar T=80.33F --json -u psi")[0])["O"]
@@ -110,6 +120,111 @@ class States(Shell):
     def test_output_that_cannot_be_written(self):
         for command in ("state p=1 T=300", "list", "--help"):
             self.assertIn("cannot write: No space left", self.run_in_shell(f"vaprix {command} >/dev/full", 2)[1])
+
+
+class Maps(Shell):
+    ADD = "vaprix map -d 9 -a 'h = h(p[bar], T[C])'"
+    H = "115.331273"  # of 30 bar, 26.85 C; IAPWS R7-97(2012), Table 5
+
+    def mapped(self, given, command=ADD, status=0):
+        return self.run_in_shell(command, status, given)
+
+    def test_what_tables_look_like(self):
+        h = self.H
+        comma = h.replace(".", ",")
+        for given, wanted, more in (
+                ("p,T\n30,26.85\n", f"p,T,h\n30,26.85,{h}\n", ""),
+                ("p\tT\r\n30\t26.85\r\n", f"p\tT\th\r\n30\t26.85\t{h}\r\n", ""),
+                ("p;T\n30,0;26,85\n", f"p;T;h\n30,0;26,85;{comma}\n", ""),
+                ('p,T\n"30,0","26,85"', f'p,T,h\n"30,0","26,85","{comma}"', ""),
+                ("p|T|\n30|26.85|\n", f"p|T||h\n30|26.85||{h}\n", ""),
+                ("\ufeffp,T\n 30 , +26.85e0 \n", f"\ufeffp,T,h\n 30 , +26.85e0 ,{h}\n", ""),
+                ("# log\n\nn,T,p\na,26.85,30\n#end\n", f"# log\n\nn,T,p,h\na,26.85,30,{h}\n#end\n", ""),
+                ('"a, b",p,T\n"x ""1"", y",30,26.85\n', f'"a, b",p,T,h\n"x ""1"", y",30,26.85,{h}\n', "")):
+            out, err = self.run_in_shell(self.ADD + more, 0, given)
+            self.assertEqual((out.encode("latin-1").decode(), err), (wanted, ""))
+
+    def test_units_and_columns(self):
+        for given, command, wanted in (
+                ("30,26.85\n", "-a 'h=h(p=#1[bar], T=#2[C])'", f"30,26.85,{self.H}\n"),
+                ("p,T\nbar,C\n30,26.85\n", "-a 'h=h(p,T)'", f"p,T,h\nbar,C,kJ/kg\n30,26.85,{self.H}\n"),
+                ("a [bar],b/C\n30,26.85\n", "-a 'h=h(a,b)'", f"a [bar],b/C,h [kJ/kg]\n30,26.85,{self.H}\n"),
+                ("live p,T\n30,26.85\n", "-a \"h=h(p='live p',T)\" -u 'live p=bar' -u T=C",
+                 f"live p,T,h\n30,26.85,{self.H}\n"),
+                ("T\n26.85\n", "-a 'h[J/kg]=HOPT(30[bar],T[C])' -d 7", "T,h\n26.85,115331.3\n"),
+                ("T\n26.85\n", "-a 'h=h(p=30[bar],T[C])' -a 'T2=T(h,p=30[bar])' -u C -d 6",
+                 "T,h,T2\n26.85,115.331,26.85\n"),
+                ("h\n115.331\n", "-a 'cp=cp(h, s=0.392295)' -d 4 -f B", "h,cp\n115.331,4.173\n")):
+            self.assertEqual(self.run_in_shell(f"vaprix map {command}" + " -d 9" * ("-d" not in command), 0, given)[0],
+                             wanted)
+
+    def test_what_cannot_be_done(self):
+        for given, command, reason in (
+                ("p,T\n", "'h = h(p, q)'", "no column 'q'; there are: p, T"),
+                ("1,2\n", "'h=h(p,T)'", "there is no header"),
+                ("p,T\n", "'h = h(p,T'", "no ')'"), ("p,T\n", "'h = k(p,T)'", "no property or function 'k'"),
+                ("p,T\n", "'T = h(p,T)'", "there is a column 'T' already"), ("", "'h = h(p,T)'", "there is no table"),
+                ("a,b\n", "'h = h(a,b)'", "what is a? Write p=a"), ("p,p\n", "'T = T(p)'", "several columns are named"),
+                ("p,T\n", "'h = h(p[C],T)'", "no unit 'C' here"),
+                ("p,T\n", "'h = h(p[bar],T)' -a 's=s(p[MPa],T)'", "in bar and in MPa"),
+                ("p,T\n", "'h=h(#3,T)'", "no column #3"), ("p,T\n", "'h=HOPT(p)'", "HOPT takes p T"),
+                ("p\0T\n", "'h=h(p,T)'", "this is no text"), ("p,T\n", "'h=h(p,T)' -i nothing.csv", "cannot open")):
+            out, err = self.run_in_shell("vaprix map -a " + command, 2, given)
+            self.assertEqual(out, "")
+            self.assertIn(reason, err)
+        (self.folder / "t.csv").write_text("p,T\n30,26.85\n")
+        self.assertIn("is the file that is read", self.run_in_shell(self.ADD + " -i t.csv -o ./t.csv", 2)[1])
+        self.assertEqual((self.folder / "t.csv").read_text(), "p,T\n30,26.85\n")
+
+    def test_bad_rows_are_passed_on_and_named(self):
+        long = "x" * (1 << 20)
+        rows = [("1,234.5,20", ",", "3 cells instead of 2"), ("30", ",,", "1 cells instead of 2"),
+                ("p,T", ",", "p is no number: 'p'"), (",20", ",", "p is empty"), ("30,", ",", "T is empty"),
+                ("30,2\0" + "0", ",", "T is no number: '2?0'"), ("nan,20", ",", "p is no number"),
+                ("30,20 C", ",", "T is no number: '20 C'"), ("1e999,20", ",", "p is no number"),
+                ("30,0x20", ",", "T is no number"), ('"30,20', ",,", "1 cells"), ("\xff\xfe,20", ",", "p is no number"),
+                (long + ",20", ",", "p is no number: 'xxx"), ("30," + long, ",", "T is no number: 'xxx"),
+                ("30,9999", ",", "h: outside the range of validity (code -10055)")]
+        given = "p,T\n" + "".join(row + "\n30,26.85\n" for row, *_ in rows)
+        out, err = self.mapped(given.encode("latin-1"), status=1)
+        lines, said = out.split("\n"), err.splitlines()
+        self.assertEqual(lines[2:-1:2], [f"30,26.85,{self.H}"] * len(rows))
+        for k, (row, added, reason) in enumerate(rows):
+            self.assertTrue(lines[2 * k + 1] == row + added, reason)
+            self.assertIn(f"line {2 * k + 2}: {reason}", said[k])
+        self.assertEqual(said[-1], f"vaprix: {len(rows)} of {2 * len(rows)} rows have no answer")
+        for bad, decimal in (("1.234,5;20", "30,5;20"), ("30.5;20", "30,5;20"),
+                             ("1,234.5;20", "30.5;20"), ("1 234;20", "30.5;20")):
+            self.assertIn("line 3: p is no number", self.mapped(f"p;T\n{decimal}\n{bad}\n", status=1)[1])
+
+    def test_binary_files(self):
+        noise = random.Random(1).randbytes(1 << 20)
+        self.assertEqual(self.mapped(noise, status=2)[0], "")
+        out, err = self.mapped(b"p,T\n" + noise + b"\n30,26.85\n", status=1)
+        self.assertTrue(out.endswith(f"\n30,26.85,{self.H}\n"))
+        self.assertEqual(out.count("\n"), noise.count(b"\n") + 3)
+        self.assertRegex(err, r"and \d+ more\n.*rows have no answer")
+        self.assertIn("longer than 64 MB", self.run_in_shell("head -c 100M /dev/zero | tr '\\0' x | " + self.ADD, 2)[1])
+
+    def test_output_that_ends(self):
+        rows = "p,T\n" + "30,26.85\n" * 200000
+        self.assertIn("stdout: cannot write: No space left", self.mapped(rows, self.ADD + " >/dev/full", 2)[1])
+        self.assertIn("/dev/full: cannot write", self.mapped(rows, self.ADD + " -o /dev/full", 2)[1])
+        out, err = self.mapped(rows, self.ADD + " | head -n 2; exit ${PIPESTATUS[0]}", 141)
+        self.assertEqual((out, err), (f"p,T,h\n30,26.85,{self.H}\n", ""))
+        command = "trap '' PIPE; " + self.ADD + " | true; exit ${PIPESTATUS[0]}"
+        self.assertIn("Broken pipe", self.mapped(rows, command, 2)[1])
+
+    def test_order_and_bits_over_blocks_and_threads(self):
+        rows = [(0.1 + k * 7919 % 160000 / 1000, 20 + k * 104729 % 600000 / 1000) for k in range(100000)]
+        given = "n,p,T\n" + "".join(f"{k},{p!r},{T!r}\n" for k, (p, T) in enumerate(rows))
+        one = self.mapped(given, self.ADD.replace("-d 9", "-j 1"))[0]
+        self.assertEqual(one, self.mapped(given, self.ADD.replace("-d 9", "-j 7"))[0])
+        lines = one.splitlines()
+        for k in range(0, len(rows), 9973):
+            p, T = rows[k]
+            h = self.run_in_shell(f"vaprix call HOPT {p!r}bar {T!r}C")[0].strip()
+            self.assertEqual(lines[k + 1], f"{k},{p!r},{T!r},{h}")
 
 
 if __name__ == "__main__":
