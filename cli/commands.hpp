@@ -5,14 +5,21 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <string>
+#include <vector>
 
 namespace vaprix::cli {
 
 void add_state(CLI::App& app, int& status);
+void add_table(CLI::App& app, int& status);
 void add_map(CLI::App& app, int& status);
 void add_call(CLI::App& app, int& status);
 void add_list(CLI::App& app);
 void add_help(CLI::App& app);
+
+// Options that several commands have.
+void add_units(CLI::App& command, std::vector<std::string>& wanted);
+void add_family(CLI::App& command, std::string& family);
 
 // A line on stderr, with the program's name.
 void complain(const std::string& what);

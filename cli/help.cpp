@@ -62,9 +62,11 @@ std::vector<const CLI::App*> commands_of(const CLI::App& program) {
 }
 
 std::string usage_of(const CLI::App& command) {
-    const std::string name = command.get_name();
-    if (command.get_parent() == nullptr) return name + " COMMAND [OPTION]...";
-    std::string out = command.get_parent()->get_name() + " " + name + " [OPTION]...";
+    std::string out = command.get_name();
+    for (const CLI::App* above = command.get_parent(); above != nullptr;
+         above = above->get_parent())
+        out = above->get_name() + " " + out;
+    out += commands_of(command).empty() ? " [OPTION]..." : " COMMAND [OPTION]...";
     for (const Choice& choice : choices_of(command)) {
         if (!choice.is_argument) continue;
         const std::string word = choice.names[0] + (choice.is_repeated ? "..." : "");

@@ -11,6 +11,21 @@
 
 namespace vaprix::cli {
 
+void add_units(CLI::App& command, std::vector<std::string>& wanted) {
+    command.add_option("-u,--unit", wanted, "Show in this unit; several, or with commas between")
+        ->type_name("UNIT")
+        ->expected(1)
+        ->take_all()
+        ->delimiter(',');
+}
+
+void add_family(CLI::App& command, std::string& family) {
+    command.add_option("-f,--family", family, "The family that answers")
+        ->check(CLI::IsMember({"O", "B"}))
+        ->type_name("O|B")
+        ->capture_default_str();
+}
+
 void complain(const std::string& what) { std::fprintf(stderr, "vaprix: %s\n", what.c_str()); }
 
 namespace {
@@ -22,6 +37,7 @@ int run(int argc, char** argv) {
     app.require_subcommand(1);
     int status = 0;
     add_state(app, status);
+    add_table(app, status);
     add_map(app, status);
     add_call(app, status);
     add_list(app);
@@ -36,8 +52,9 @@ int run(int argc, char** argv) {
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
-        const auto chosen = app.get_subcommands();
-        std::fputs(help_of(chosen.empty() ? app : *chosen[0]).c_str(), stdout);
+        const CLI::App* about = &app;
+        while (!about->get_subcommands().empty()) about = about->get_subcommands()[0];
+        std::fputs(help_of(*about).c_str(), stdout);
     } catch (const CLI::Success& asked) {  // --version
         std::puts(asked.what());
     } catch (const CLI::ParseError& error) {

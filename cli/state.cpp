@@ -196,16 +196,8 @@ void add_state(CLI::App& app, int& status) {
             "Two of p, T, v, d, h, s, x with a value and a unit, such as p=15MPa T=600C. Without a "
             "unit: MPa, K, m3/kg, kg/m3, kJ/kg, kJ/(kg K), kg/kg")
         ->required();
-    command
-        ->add_option("-u,--unit", options->units, "Show in this unit; may be given several times")
-        ->type_name("UNIT")
-        ->expected(1)
-        ->take_all()
-        ->delimiter(',');
-    command->add_option("-f,--family", options->family, "The family that answers, O or B")
-        ->check(CLI::IsMember({"O", "B"}))
-        ->type_name("O|B")
-        ->capture_default_str();
+    add_units(*command, options->units);
+    add_family(*command, options->family);
     command->add_flag("--both", options->both, "Show both families, side by side");
     command->add_option("-d,--digits", options->digits, "Significant digits of the text")
         ->check(CLI::Range(1, 17))

@@ -3,6 +3,7 @@
 """The command as a shell runs it: test.py VAPRIX [TEST ...]."""
 import csv
 import json
+import os
 import pathlib
 import random
 import re
@@ -13,6 +14,7 @@ import unittest
 
 HERE = pathlib.Path(__file__).resolve().parent
 TOOL = pathlib.Path(sys.argv.pop(1)).resolve()
+ENVIRONMENT = os.environ | {"PATH": f"{TOOL.parent}:{os.environ['PATH']}", "LC_ALL": "C.UTF-8"}
 
 
 class Shell(unittest.TestCase):
@@ -21,11 +23,11 @@ class Shell(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
 
-    def run_in_shell(self, command, status=0, given=None):
+    def run_in_shell(self, command, status=0, given=None, arguments=()):
         """What it prints and what it says on stderr, as text; bytes are kept as Latin-1."""
         given = given.encode() if isinstance(given, str) else given
-        done = subprocess.run(["bash", "-c", "set -o pipefail; " + command.replace("vaprix", str(TOOL), 1)],
-                              input=given, capture_output=True, cwd=self.folder, timeout=300)
+        done = subprocess.run(["bash", "-c", "set -o pipefail; " + command, "bash", *arguments],
+                              input=given, capture_output=True, cwd=self.folder, env=ENVIRONMENT, timeout=600)
         out, err = done.stdout.decode("latin-1"), done.stderr.decode("latin-1")
         self.assertEqual(done.returncode, status, f"{command[:200]}\n{out[-2000:]}\n{err[-2000:]}")
         return out, err
@@ -42,7 +44,7 @@ class Calls(Shell):
     def test_every_function_is_explained_with_an_example_that_runs(self):
         names = self.run_in_shell("vaprix list --names")[0].split()
         self.assertEqual(len(names), 438)  # all but the code, which each answer has
-        pages = self.run_in_shell("for n in $(vaprix list --names); do " + f"{TOOL} help $n; done")[0]
+        pages = self.run_in_shell("for n in $(vaprix list --names); do vaprix help $n; done")[0]
         examples = re.findall(r"Example:\n  (vaprix call \S+[^#\n]*)", pages)
         self.assertEqual([e.split()[2] for e in examples], names)
         self.assertLessEqual(max(map(len, re.sub("  vaprix call.*", "", pages).splitlines())), 80)
@@ -225,6 +227,54 @@ class Maps(Shell):
             p, T = rows[k]
             h = self.run_in_shell(f"vaprix call HOPT {p!r}bar {T!r}C")[0].strip()
             self.assertEqual(lines[k + 1], f"{k},{p!r},{T!r},{h}")
+
+
+class Tables(Shell):
+    SATURATION = "vaprix table saturation --from 0C --to 370C --step 5"
+
+    def numbers(self, command):
+        lines = self.run_in_shell(command + " --format csv")[0].splitlines()
+        return lines[0], [[float(cell) for cell in line.split(",")] for line in lines[1:]]
+
+    def check(self, row, published):
+        for number, text in zip(row, published.split()):
+            places = len(text.partition(".")[2])
+            self.assertLessEqual(abs(float(number) - float(text)), 0.51 * 10.0 ** -places, published)
+
+    def test_published_values(self):
+        head, (row,) = self.numbers("vaprix table saturation --from 373.1243K --to 374 --step 1")
+        self.assertEqual(head, "T [K],p [MPa],v' [m3/kg],v'' [m3/kg],h' [kJ/kg],r [kJ/kg],h'' [kJ/kg],s' [kJ/(kg K)],"
+                         "s'' [kJ/(kg K)]")
+        for number, published in zip(row, (373.1243, 0.101325, 1 / 958.365, 1 / 0.597586, 419.05, 2256.65, 2675.7,
+                                           1.307, 7.355)):  # IAPWS SR1-86(1992), Table 1, of another formulation
+            self.assertLess(abs(number / published - 1), 3e-4)
+        _, (row,) = self.numbers("vaprix table saturation --by p --from 1MPa --to 1.5 --step 1")
+        self.check(row, "1 453.035632")  # IAPWS R7-97(2012), Table 36
+        _, (row,) = self.numbers("vaprix table superheated -p 30 --from 700 --to 700.5 --step 1")
+        self.check(row, "30 700 0.00542946619 2631.49474 5.17540298")  # Table 15
+
+    def test_layout(self):
+        lines = self.run_in_shell(self.SATURATION)[0].splitlines()
+        self.assertEqual([line.split()[0] for line in lines], ["T", "C", *map(str, range(0, 371, 5))])
+        self.assertEqual({len(line) for line in lines}, {max(map(len, lines))})
+        self.assertLessEqual(len(lines[0]), 80)
+        out, _ = self.run_in_shell("vaprix table superheated -p 1bar,5bar -p 10bar --from 100C --to 600C --step 50")
+        self.assertLessEqual(max(map(len, out.splitlines())), 80)
+        self.assertRegex(out, r" 1 bar \(99.60592 C\) +5 bar \(151.8362 C\)\n")
+        self.assertRegex(out, r"\n100 +1.69\d+ +2675.77 +7.36\d+ +- +- +-\n")
+        out, _ = self.run_in_shell(self.SATURATION + " --format markdown -u bar")
+        self.assertEqual({line.count("|") for line in out.splitlines()}, {10})
+        self.assertIn("| p, bar |", out)
+
+    def test_what_is_outside(self):
+        out, err = self.run_in_shell("vaprix table saturation --from 373C --to 374C --step 1", 1)
+        self.assertIn("T = 374 C: temperature outside", err)
+        self.assertRegex(out, r"\n374( +-){8}\n")
+        self.assertIn("p = 60 MPa, T = 900 C: outside",
+                      self.run_in_shell("vaprix table superheated -p 60 --from 900C --to 901C --step 5", 1)[1])
+        for more, reason in (("--step 0", "no table"), ("--step -1", "no table"), ("--step 1e-9", "no table"),
+                             ("--step 5F", "in the unit of --from, C"), ("--step 5 --by h", "--by")):
+            self.assertIn(reason, self.run_in_shell("vaprix table saturation --from 0C --to 9C " + more, 2)[1])
 
 
 if __name__ == "__main__":

@@ -41,10 +41,7 @@ void add_map(CLI::App& app, int& status) {
         ->type_name("[COLUMN=]UNIT")
         ->expected(1)
         ->take_all();
-    command->add_option("-f,--family", options->family, "The family that answers")
-        ->check(CLI::IsMember({"O", "B"}))
-        ->type_name("O|B")
-        ->capture_default_str();
+    add_family(*command, options->family);
     command
         ->add_option("-d,--digits", options->digits,
                      "Significant digits of results; else as many as there are")
