@@ -16,6 +16,8 @@ void add_map(CLI::App& app, int& status);
 void add_call(CLI::App& app, int& status);
 void add_list(CLI::App& app);
 void add_help(CLI::App& app);
+void add_completion(CLI::App& app);
+void add_manual(CLI::App& app);
 
 // Options that several commands have.
 void add_units(CLI::App& command, std::vector<std::string>& wanted);

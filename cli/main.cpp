@@ -42,6 +42,8 @@ int run(int argc, char** argv) {
     add_call(app, status);
     add_list(app);
     add_help(app);
+    add_completion(app);
+    add_manual(app);
     app.footer(
         "vaprix COMMAND --help explains a command.\n\nExit status: 0; 1 if some state or row has "
         "no answer, which "

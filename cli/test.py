@@ -277,5 +277,39 @@ class Tables(Shell):
             self.assertIn(reason, self.run_in_shell("vaprix table saturation --from 0C --to 9C " + more, 2)[1])
 
 
+class Shells(Shell):
+    def completed(self, *words):
+        out, _ = self.run_in_shell('. <(vaprix completion bash); COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _vaprix; '
+                                   'printf "%s\\n" "${COMPREPLY[@]}"', arguments=("vaprix", *words))
+        return out.split()
+
+    def test_bash_completes(self):
+        self.assertEqual(self.completed("ta"), ["table"])
+        self.assertEqual(self.completed("table", ""), ["saturation", "superheated", "-h", "--help"])
+        self.assertEqual(self.completed("table", "saturation", "--format", "m"), ["markdown"])
+        self.assertEqual(self.completed("state", "p=1", "--family", ""), ["O", "B"])
+        self.assertEqual(self.completed("help", "HOP"), ["HOPT", "HOPS", "HOPV", "HOPX"])
+        self.assertEqual(self.completed("map", "-i", "x"), [])  # a file, by the shell's own rule
+
+    def test_zsh_completes(self):
+        (self.folder / "_vaprix").write_text(self.run_in_shell("vaprix completion zsh")[0])
+        (self.folder / "test.zsh").write_text("""
+            zmodload zsh/zpty
+            zpty shell zsh -f -i
+            zpty -w shell "PS1=; fpath=($PWD \\$fpath); autoload -U compinit; compinit -u -D"
+            zpty -w shell "zstyle ':completion:*' list-prompt ''; LISTMAX=0; print re''ady"
+            zpty -r shell line '*ready*'
+            zpty -w -n shell $'vaprix table sat\\t--fam\\tB --format mark\\t; print do\\'\\'ne\\C-a: \\n'
+            zpty -r shell line '*do*ne*' && print -r -- $line""")
+        shown = re.sub("\x1b\\[[0-9;?]*[A-Za-z]|\x08", "", self.run_in_shell("zsh -f test.zsh")[0])
+        self.assertIn("vaprix table saturation --family B --format markdown", re.sub(" +", " ", shown))
+
+    def test_manual(self):
+        out, err = self.run_in_shell("vaprix manual >vaprix.1; MANWIDTH=80 man --warnings -l vaprix.1")
+        self.assertEqual(err, "")
+        for said in ("NAME", "SYNOPSIS", "table saturation", "--family", "vaprix state p=15MPa T=600C"):
+            self.assertIn(said, re.sub(".\x08", "", out))
+
+
 if __name__ == "__main__":
     unittest.main()

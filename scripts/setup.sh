@@ -10,7 +10,7 @@ parts="
 demo     cmake g++ ninja-build python3
 core     binutils clang clang-format clang-tidy libbenchmark-dev libclang-rt-14-dev libgtest-dev libmpfr-dev musl-tools
 install  pkg-config
-cli      libcli11-dev
+cli      libcli11-dev man-db zsh
 fortran  gfortran pkg-config
 hosts    fp-compiler mono-mcs
 spreadsheet libreoffice-calc libreoffice-dev python3-uno
