@@ -133,6 +133,7 @@ void divide_py(const double* p_of, const double* y_of, std::size_t count,
             return parts;
         });
     }
+    using Backward = typename Y::template Backward<Number>;
     divide_each<Number>(count, divided, [=](std::size_t k, auto add) noexcept {
         const Number p = Number::load(p_of + k), y = Number::load(y_of + k);
         const auto valid = (p <= p_max) & (p >= p_min);
@@ -153,7 +154,7 @@ void divide_py(const double* p_of, const double* y_of, std::size_t count,
         if (!machine::none(valid & (!liquid))) {
             const auto vapour = between(vapour_high);
             const auto a = vapour & (p <= Region2<Number>::p_2a);
-            const auto c = vapour & (!a) & Y::template is_2c<Number>(p, y);
+            const auto c = vapour & (!a) & Backward::is_2c(p, y);
             add(region2a, a);
             add(region2b, vapour & (!a) & (!c));
             add(region2c, c);
@@ -163,9 +164,9 @@ void divide_py(const double* p_of, const double* y_of, std::size_t count,
                 if (!machine::none(dense)) {
                     auto single = dense & (p > p_crit);
                     if constexpr (phase == Phase::by_backward_equation) {
-                        single = single | (dense & (p < p_crit) & (p >= Y::p3sat(y)));
+                        single = single | (dense & (p < p_crit) & (p >= Backward::p3sat(y)));
                     }
-                    const auto a3 = Y::is_3a(p, y);
+                    const auto a3 = Backward::is_3a(p, y);
                     add(region3a, single & a3);
                     add(region3b, single & !a3);
                 }

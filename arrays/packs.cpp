@@ -104,19 +104,19 @@ constexpr void set_evaluations(Plan& plan) {
 }
 
 // Temperature from p and h or s, by the backward equation (B) and solved (O).
+template <auto t_of, auto onto_end>
+constexpr auto held = [](Lanes p, Lanes y) noexcept { return onto_end(t_of(p, y)); };
 template <class Y>
 constexpr std::array<Plan::Solve, parts> solved_b = [] {
     std::array<Plan::Solve, parts> solve{};
-    solve[region1] =
-        solve_block<[](Lanes p, Lanes y) noexcept { return onto_cold_limit(Y::t1(p, y)); }>;
-    solve[region2a] =
-        solve_block<[](Lanes p, Lanes y) noexcept { return onto_hot_limit(Y::t2a(p, y)); }>;
-    solve[region2b] =
-        solve_block<[](Lanes p, Lanes y) noexcept { return onto_hot_limit(Y::t2b(p, y)); }>;
-    solve[region2c] =
-        solve_block<[](Lanes p, Lanes y) noexcept { return onto_hot_limit(Y::t2c(p, y)); }>;
-    solve[region5] =
-        solve_block<[](Lanes p, Lanes y) noexcept { return onto_limit(Y::t5(p, y), T_25, T_max); }>;
+    using Backward = typename Y::template Backward<Lanes>;
+    solve[region1] = solve_block<held<Backward::t1, onto_cold_limit<Lanes>>>;
+    solve[region2a] = solve_block<held<Backward::t2a, onto_hot_limit<Lanes>>>;
+    solve[region2b] = solve_block<held<Backward::t2b, onto_hot_limit<Lanes>>>;
+    solve[region2c] = solve_block<held<Backward::t2c, onto_hot_limit<Lanes>>>;
+    solve[region5] = solve_block<[](Lanes p, Lanes y) noexcept {
+        return onto_limit(Backward::t5(p, y), T_25, T_max);
+    }>;
     return solve;
 }();
 
@@ -139,14 +139,13 @@ void solve_dense_b(const double* p, const double* y, double* solved, double* den
 }
 
 // Of region 3 by the O-family, temperature and density together.
-template <class Y, auto t3, auto v3>
+template <class Backward, auto t3, auto v3>
 void solve_dense_o(const double* p_of, const double* y_of, double* solved, double* dense,
                    std::size_t count) noexcept {
     for (std::size_t k = 0; k < count; k += Lanes::lanes) {
         const Lanes p = Lanes::load(p_of + k), y = Lanes::load(y_of + k);
-        const auto at =
-            newton([](Lanes d, Lanes t) noexcept { return Y::template tangents3<Lanes>(d, t); }, p,
-                   y, Point<Lanes>{1 / v3(p, y), t3(p, y)}, inverse::dense_step);
+        const auto at = newton([](Lanes d, Lanes t) noexcept { return Backward::tangents3(d, t); },
+                               p, y, Point<Lanes>{1 / v3(p, y), t3(p, y)}, inverse::dense_step);
         at.y.store(solved + k);
         at.x.store(dense + k);
     }
@@ -160,12 +159,14 @@ constexpr auto vapour_o = [](Lanes p, Lanes y) noexcept {
 template <class Y>
 constexpr std::array<Plan::Solve, parts> solved_o = [] {
     std::array<Plan::Solve, parts> solve{};
+    using Backward = typename Y::template Backward<Lanes>;
     solve[region1] = solve_block<[](Lanes p, Lanes y) noexcept {
-        return solve_gibbs<Y, Region1<Lanes>>(p, y, Y::t1(p, y), T_min, T_13, inverse::gibbs_step);
+        return solve_gibbs<Y, Region1<Lanes>>(p, y, Backward::t1(p, y), T_min, T_13,
+                                              inverse::gibbs_step);
     }>;
-    solve[region2a] = solve_block<vapour_o<Y, Y::template t2a<Lanes>>>;
-    solve[region2b] = solve_block<vapour_o<Y, Y::template t2b<Lanes>>>;
-    solve[region2c] = solve_block<vapour_o<Y, Y::template t2c<Lanes>>>;
+    solve[region2a] = solve_block<vapour_o<Y, Backward::t2a>>;
+    solve[region2b] = solve_block<vapour_o<Y, Backward::t2b>>;
+    solve[region2c] = solve_block<vapour_o<Y, Backward::t2c>>;
     solve[region5] = solve_block<[](Lanes p, Lanes y) noexcept {
         const Lanes along = Y::along_isobar(p, y);
         return solve_gibbs<Y, Region5<Lanes>>(p, along, Y::t5_start(p, along), T_25, T_max,
@@ -212,10 +213,9 @@ struct OfPyB {
     static constexpr void set(Plan& plan) {
         plan.divide = divide_py<Y, Phase::by_backward_equation, Lanes>;
         plan.solve = solved_b<Y>;
-        plan.solve[region3a] =
-            solve_dense_b<Y, asked, Y::template t3a<Lanes>, Y::template v3a<Lanes>>;
-        plan.solve[region3b] =
-            solve_dense_b<Y, asked, Y::template t3b<Lanes>, Y::template v3b<Lanes>>;
+        using Backward = typename Y::template Backward<Lanes>;
+        plan.solve[region3a] = solve_dense_b<Y, asked, Backward::t3a, Backward::v3a>;
+        plan.solve[region3b] = solve_dense_b<Y, asked, Backward::t3b, Backward::v3b>;
         leave_unsolved(plan);
     }
 };
@@ -227,8 +227,9 @@ struct OfPyO {
     static constexpr void set(Plan& plan) {
         plan.divide = divide_py<Y, Phase::left, Lanes>;
         plan.solve = solved_o<Y>;
-        plan.solve[region3a] = solve_dense_o<Y, Y::template t3a<Lanes>, Y::template v3a<Lanes>>;
-        plan.solve[region3b] = solve_dense_o<Y, Y::template t3b<Lanes>, Y::template v3b<Lanes>>;
+        using Backward = typename Y::template Backward<Lanes>;
+        plan.solve[region3a] = solve_dense_o<Backward, Backward::t3a, Backward::v3a>;
+        plan.solve[region3b] = solve_dense_o<Backward, Backward::t3b, Backward::v3b>;
         leave_unsolved(plan);
     }
 };

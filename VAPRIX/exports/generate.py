@@ -94,10 +94,13 @@ def order(entry):
 
 def template(resolver, what):
     """A resolver for what is asked of it: liquid_of_t and vapour_of_t are phase_of_t of a phase; of_ph_b and of_ps_b,
-    of_vh and of_vs and their like are of_py_b and of_vy of the second variable."""
+    of_vh and of_vs and their like are of_py_b and of_vy of the second variable; region1_of_pt and those of regions 2
+    and 5 are gibbs_of_pt of the region."""
     given = ""
     if phase := re.search(r"liquid|vapour", resolver):
         given = f"Phase::{phase[0]}, "
+    elif region := re.match(r"region([125])", resolver):
+        given, resolver = f"Region{{{region[1]}}}, ", resolver.replace(region[0], "gibbs")
     elif second := re.search(r"(?<=of_[ptvd])[hs]", resolver):
         given = {"h": "Enthalpy, ", "s": "Entropy, "}[second[0]]
         resolver = resolver[:second.start()] + "y" + resolver[second.end():]

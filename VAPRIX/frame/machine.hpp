@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstdint>
 #include <type_traits>
+#include <utility>
 
 #include "frame/inline.hpp"
 
@@ -17,6 +18,10 @@ VAPRIX_INLINE double fabs(double x) noexcept { return std::fabs(x); }
 VAPRIX_INLINE double sqrt(double x) noexcept { return std::sqrt(x); }
 // the compiler's: MinGW's std::copysign takes the numbers apart as integers
 VAPRIX_INLINE double copysign(double x, double y) noexcept { return __builtin_copysign(x, y); }
+
+// What a comparison of two numbers is.
+template <class Number>
+using Truth = decltype(std::declval<Number>() < std::declval<Number>());
 
 // Where the condition holds the first, elsewhere the second.
 template <class Number>

@@ -26,7 +26,7 @@ constexpr double t_near_critical = T_crit - 4e-5;
 // A solution of h and s in the equation of one region, and the region it belongs to by p and T:
 // state.region itself, a neighbour, or none.
 struct Attempt {
-    State state = refused(ErrorCode::outside_range);
+    State state = outside;
     Region belongs_to = Region::none;
     bool converged = false;
 };
@@ -273,9 +273,8 @@ State by_owner(const State& state, double h, double s) noexcept {
 // neighbour, that one's. Where the equations of two regions leave a gap between them the first
 // solution stays, up to some mK beyond its region, and reproduces h and s all the same.
 State solve_hs(double h, double s) noexcept {
-    const State nothing = refused(ErrorCode::outside_range);
     const Region region = region_unlimited(h, s).region;
-    if (region == Region::none) return nothing;
+    if (region == Region::none) return outside;
     const Attempt first = attempt(region, h, s);
     if (first.belongs_to == region) return by_owner(first.state, h, s);
 
@@ -291,7 +290,7 @@ State solve_hs(double h, double s) noexcept {
         if (neighbour_has_it(last.belongs_to)) return by_owner(last.state, h, s);
     }
     if (last.belongs_to != Region::none) {
-        return first.state.p <= (first.state.t > T_25 ? p_max_5 : p_max) ? first.state : nothing;
+        return first.state.p <= (first.state.t > T_25 ? p_max_5 : p_max) ? first.state : outside;
     }
     // In the corners of the range a state may have been lost to the mismatch of two equations.
     const Attempt lost = last;
@@ -299,7 +298,7 @@ State solve_hs(double h, double s) noexcept {
         last = lost;
         if (lost.converged && (tried & bit(next)) == 0 && neighbour_has_it(next)) return last.state;
     }
-    return nothing;
+    return outside;
 }
 
 State start_hs_b(double h, double s) noexcept {
@@ -334,7 +333,7 @@ State start_hs_b(double h, double s) noexcept {
         surely_inside = state.p < p_max * (1 - p_error);
     }
     if (!surely_inside && solve_hs(h, s).region == Region::none) {
-        return refused(ErrorCode::outside_range);
+        return outside;
     }
     state.p = region == Region::wet ? psat(state.t) : std::clamp(state.p, p_min, p_max);
     return state;

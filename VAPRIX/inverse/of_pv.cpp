@@ -11,8 +11,6 @@
 namespace vaprix::inverse {
 namespace {
 
-constexpr State nowhere = refused(ErrorCode::outside_range);
-
 // Relative step in T after which the error, of second order in it, is one of rounding.
 constexpr double step = 1e-8;
 
@@ -48,7 +46,7 @@ State liquid(double p, double v, double t_hot, double v_hot) noexcept {
     const double t_least = std::clamp(densest, T_min, t_hot);
     const double v_least = region1::v(p, t_least);
     const bool turns = t_least == densest;
-    if (!(turns ? v >= v_least * (1 - densest_tolerance) : reaches(v, v_least))) return nowhere;
+    if (!(turns ? v >= v_least * (1 - densest_tolerance) : reaches(v, v_least))) return outside;
     return gibbs_state(Region::one, p, temperature1(p, v, t_least, v_least, t_hot, v_hot));
 }
 
@@ -57,7 +55,7 @@ double t_ideal(double p, double v) noexcept { return 1000 / R * p * v; }
 
 State vapour5(double p, double v) noexcept {
     constexpr double lowest = T_25 - 1;  // the equations of regions 2 and 5 leave a gap of 0.2 K
-    if (p > p_max_5 || !stays_below(v, region5::v(p, T_max))) return nowhere;
+    if (p > p_max_5 || !stays_below(v, region5::v(p, T_max))) return outside;
     const double t = temperature(region5::v_tangent_t, p, v, lowest, T_max, t_ideal(p, v));
     return gibbs_state(Region::five, p, t);
 }
@@ -108,7 +106,7 @@ State dense(double p, double v) noexcept {
 }  // namespace
 
 State solve_pv(double p, double v) noexcept {
-    if (!(p >= p_min && p <= p_max && v > 0 && v < largest)) return nowhere;
+    if (!(p >= p_min && p <= p_max && v > 0 && v < largest)) return outside;
     if (p <= psat_13) return below_psat13(p, v);
     const double v1 = region1::v(p, T_13);
     if (stays_below(v, v1)) return liquid(p, v, T_13, v1);
@@ -123,13 +121,13 @@ State solve_pv(double p, double v) noexcept {
 
 State solve_cold_pv(double p, double v) noexcept {
     constexpr double warmest = 277.13;  // K, so that there is none below 0.017 MPa
-    if (!(p >= p_min && p <= p_max)) return nowhere;
+    if (!(p >= p_min && p <= p_max)) return outside;
     const double densest = t_densest(p);
-    if (!(densest >= T_min && densest <= warmest)) return nowhere;
+    if (!(densest >= T_min && densest <= warmest)) return outside;
     const double v_least = region1::v(p, densest);
     const double v_end = region1::v(p, T_min);
     const double v_highest = std::max(v_end, v_least * (1 + densest_tolerance));
-    if (!(v >= v_least * (1 - densest_tolerance) && stays_below(v, v_highest))) return nowhere;
+    if (!(v >= v_least * (1 - densest_tolerance) && stays_below(v, v_highest))) return outside;
     return gibbs_state(Region::one, p, temperature1(p, v, densest, v_least, T_min, v_end));
 }
 

@@ -29,10 +29,8 @@ template <Asked asked>
     return state;
 }
 
-template <Asked asked>
-[[nodiscard]] State cold_of_pv(double p, double v) noexcept {
-    return solve_cold_pv(p, v);
-}
+template <Asked>
+inline constexpr auto cold_of_pv = solve_cold_pv;
 
 // Wet steam with the saturated phases at the backward saturation temperature.
 template <Asked asked>
@@ -43,12 +41,12 @@ template <Asked asked>
 
 template <Asked asked>
 [[nodiscard]] State of_dp(double d, double p) noexcept {
-    return is_density(d) ? of_pv<asked>(p, 1 / d) : refused(ErrorCode::outside_range);
+    return is_density(d) ? of_pv<asked>(p, 1 / d) : outside;
 }
 
 template <Asked asked>
 [[nodiscard]] State cold_of_dp(double d, double p) noexcept {
-    return is_density(d) ? cold_of_pv<asked>(p, 1 / d) : refused(ErrorCode::outside_range);
+    return is_density(d) ? cold_of_pv<asked>(p, 1 / d) : outside;
 }
 
 }  // namespace vaprix::inverse

@@ -62,8 +62,7 @@ template <class Y, Asked asked>
 template <class Y, Asked asked>
 [[nodiscard]] VAPRIX_INLINE State of_py_b(double p, double y) noexcept {
     const Region region = region_b<Y>(p, y);
-    return region == Region::none ? refused(ErrorCode::outside_range)
-                                  : in_region_py_b<Y, asked>(region, p, y);
+    return region == Region::none ? outside : in_region_py_b<Y, asked>(region, p, y);
 }
 
 // The region is the number given, unchecked; 0 is determined and written back. Refused, without a
@@ -96,9 +95,7 @@ template <class Y, class Equation>
 // everywhere.
 template <class Y>
 [[nodiscard]] NewtonPoint<double> solve_dense(double p, double y) noexcept {
-    const auto tangents = [](double d, double t) noexcept {
-        return Y::template tangents3<double>(d, t);
-    };
+    const auto tangents = [](double d, double t) noexcept { return Y::tangents3(d, t); };
     return newton(tangents, p, y, {1 / Y::v3(p, y), Y::t3(p, y)}, dense_step);
 }
 
@@ -107,7 +104,7 @@ template <class Y>
 [[nodiscard]] VAPRIX_INLINE State solve_single(Region region, double p, double y) noexcept {
     if (region == Region::three) {
         const auto [at, converged] = solve_dense<Y>(p, y);
-        return converged ? dense_state(p, at.y, at.x) : refused(ErrorCode::outside_range);
+        return converged ? dense_state(p, at.y, at.x) : outside;
     }
     const double along = region == Region::one ? y : Y::along_isobar(p, y);
     const double t =
@@ -115,7 +112,7 @@ template <class Y>
         : region == Region::two
             ? solve_gibbs<Y, region2>(p, along, Y::t2(p, y), T_min, T_25, gibbs_step)
             : solve_gibbs<Y, region5>(p, along, Y::t5_start(p, along), T_25, T_max, gibbs_step_5);
-    return t > 0 ? gibbs_state(region, p, t) : refused(ErrorCode::outside_range);
+    return t > 0 ? gibbs_state(region, p, t) : outside;
 }
 
 // The temperature beside the saturation line on the side that the region determination chose.
@@ -151,7 +148,7 @@ template <class Y, Asked asked>
     const State end = mixture.x < 0 ? liquid_end(mixture) : vapour_end(mixture);
     const double saturated = 1 / single<property::v>(end);
     const auto isotherm = [t](double d) noexcept {
-        const TangentPair at = Y::template tangents3<double>(d, t);
+        const TangentPair at = Y::tangents3(d, t);
         return Tangent{at.b, at.b_x};
     };
     const NewtonRoot<double> d = bracketed_newton(isotherm, y, (1 - around) * saturated,
@@ -162,7 +159,7 @@ template <class Y, Asked asked>
 template <class Y, Asked asked>
 [[nodiscard]] VAPRIX_INLINE State of_py_o(double p, double y) noexcept {
     const Region region = region_o<Y>(p, y);
-    if (region == Region::none) return refused(ErrorCode::outside_range);
+    if (region == Region::none) return outside;
     if (region == Region::wet) return wet_state_by<asked, Y::y>(p, tsat_exact(p), y);
     const State solved = solve_single<Y>(region, p, y);
     return is_on_side<Y>(solved, y) ? solved : beside_line<Y, asked>(p, y);
@@ -174,7 +171,7 @@ template <class Y, Asked asked>
 template <class Y, Asked asked>
 [[nodiscard]] State agreed_of_py_o(double p, double y) noexcept {
     const Region region = region_b<Y>(p, y);
-    if (region == Region::none) return refused(ErrorCode::outside_range);
+    if (region == Region::none) return outside;
     const bool dense =
         p > psat_13 && p < p_crit && (region == Region::wet || region == Region::three);
     if (dense && (region == Region::wet) != Y::is_wet_o(p, y)) return refused(no_code);

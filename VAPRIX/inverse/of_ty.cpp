@@ -22,8 +22,6 @@ namespace {
 constexpr double step_p = 1e-7;
 constexpr double step_d = 1e-8;
 
-constexpr State outside = refused(ErrorCode::outside_range);
-
 // What h and s differ in along an isotherm: the rounding by which a y may miss that of an end and
 // still is on it; the tangents in p, in region 3 in density; where the liquid turns; how the vapour
 // is solved.
@@ -46,14 +44,13 @@ struct Isotherm<Enthalpy> {
     static bool may_turn(double t) noexcept { return t > 520; }
     static double p_turn(double t) noexcept { return 6.6 + 1.05 * (t - 523.15); }  // nearly
 
-    template <class TangentOf>
-    static double vapour_pressure(TangentOf tangent_of, double t, double h, double h_lowest,
-                                  double p_highest, double h_highest) noexcept {
+    template <class Equation>
+    static double vapour_pressure(double t, double h, double h_lowest, double p_highest,
+                                  double h_highest) noexcept {
         const double share = (h_lowest - h) / (h_lowest - h_highest);
         const double start = p_min + (p_highest - p_min) * share;
-        return bracketed_newton([=](double p) noexcept { return tangent_of(p, t); }, h, p_min,
-                                p_highest, start, step_p)
-            .x;
+        const auto at_t = [t](double p) noexcept { return tangent<Equation>(p, t); };
+        return bracketed_newton(at_t, h, p_min, p_highest, start, step_p).x;
     }
 };
 
@@ -75,11 +72,11 @@ struct Isotherm<Entropy> {
 
     // p = p_of(p) with p_of = exp((s + R ln p - s_given)/R): the real part of s hardly depends on
     // p, so that Newton's method is nearly exact from the ideal gas.
-    template <class TangentOf>
-    static double vapour_pressure(TangentOf tangent_of, double t, double s, double /* s_lowest */,
-                                  double p_highest, double s_highest) noexcept {
+    template <class Equation>
+    static double vapour_pressure(double t, double s, double /* s_lowest */, double p_highest,
+                                  double s_highest) noexcept {
         const auto excess = [=](double p) noexcept -> Tangent<double> {
-            const Tangent<double> at = tangent_of(p, t);
+            const Tangent<double> at = tangent<Equation>(p, t);
             const double p_of = exp((at.y - s) / R);
             return {p - p_of, 1 - p_of * at.y_x / R};
         };
@@ -109,8 +106,8 @@ struct Pair {
             return y <= y_lowest + Along::rounding ? gibbs_state(region, p_min, t) : outside;
         }
         if (!forms_p) return gibbs_state(region, 0, t);
-        const double p = Along::vapour_pressure(Along::template tangent<Equation>, t, y, y_lowest,
-                                                p_highest, y_highest);
+        const double p =
+            Along::template vapour_pressure<Equation>(t, y, y_lowest, p_highest, y_highest);
         return gibbs_state(region, p, t);
     }
     // Pressure above ps at which y of the liquid turns, one of the ends where it does beyond.
@@ -177,8 +174,7 @@ struct Pair {
         if (y >= y_vapour) return vapour<region2>(ps, y_vapour);
         const double y_liquid = Y::y.region1(ps, t);
         if (!(y > y_liquid)) return liquid(ps, y_liquid, false);
-        const double x = (y - y_liquid) / (y_vapour - y_liquid);
-        return {.region = Region::wet, .p = ps, .t = t, .x = x};
+        return {.region = Region::wet, .p = ps, .t = t, .x = quality(y, y_liquid, y_vapour)};
     }
 
     // 623.15 to 863.15 K. Below the critical temperature a state of region 3 is kept on its side of
@@ -210,7 +206,7 @@ struct Pair {
             liquid.p = std::max(liquid.p, wet.p * (1 + apart));
             return liquid;
         }
-        wet.x = (y - y_liquid) / (y_vapour - y_liquid);
+        wet.x = quality(y, y_liquid, y_vapour);
         return wet;
     }
 

@@ -20,8 +20,6 @@
 namespace vaprix::inverse {
 namespace {
 
-constexpr State outside = refused(ErrorCode::outside_range);
-
 bool found(const State& state) noexcept { return state.region != Region::none; }
 
 // Volumes, m3/kg, that part the regions.
@@ -88,7 +86,7 @@ struct Pair {
     [[nodiscard]] bool dense(double start, State& state) const noexcept {
         const double d = 1 / v;
         const auto tangent = [=](double t) noexcept {
-            const TangentPair<double> at = Y::template tangents3<double>(d, t);
+            const TangentPair<double> at = Y::tangents3(d, t);
             return Tangent<double>{at.b, at.b_y};
         };
         const auto [t, converged] = bracketed_newton(tangent, y, T_13_dense, T_23_max,

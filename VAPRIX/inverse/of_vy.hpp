@@ -25,7 +25,7 @@ inline constexpr auto of_vy = solve_vy<Y>;
 
 template <class Y, Asked>
 [[nodiscard]] State of_dy(double d, double y) noexcept {
-    return is_density(d) ? solve_vy<Y>(1 / d, y) : refused(ErrorCode::outside_range);
+    return is_density(d) ? solve_vy<Y>(1 / d, y) : outside;
 }
 
 }  // namespace vaprix::inverse

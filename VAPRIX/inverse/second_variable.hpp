@@ -25,7 +25,49 @@ namespace vaprix::inverse {
 inline constexpr auto t5_start_h = polynomial(tables::t5_start_h);
 inline constexpr auto t5_start_s = polynomial(tables::t5_start_s);
 
-struct Enthalpy {
+// Backward equations of the two pairs by subregion, in region 3 also p and h or s with their slopes;
+// whether a state of region 2 beyond 2a is of subregion 2c, else of 2b, and one of region 3 of 3a, else
+// of 3b.
+template <class Number>
+struct BackwardOfPh {
+    static constexpr auto t1 = Region1<Number>::t_ph;
+    static constexpr auto t2a = Region2<Number>::t2a_ph;
+    static constexpr auto t2b = Region2<Number>::t2b_ph;
+    static constexpr auto t2c = Region2<Number>::t2c_ph;
+    static constexpr auto is_2c = Region2<Number>::is_2c_ph;
+    static constexpr auto t3a = Region3<Number>::t3a_ph;
+    static constexpr auto t3b = Region3<Number>::t3b_ph;
+    static constexpr auto v3a = Region3<Number>::v3a_ph;
+    static constexpr auto v3b = Region3<Number>::v3b_ph;
+    static constexpr auto tangents3 = Region3<Number>::ph_tangents;
+    static constexpr auto is_3a = Region3<Number>::is_3a_ph;
+    static constexpr auto p3sat = Region3<Number>::p3sat_h;
+    static constexpr auto t5 = Region5<Number>::t_ph;
+};
+template <class Number>
+struct BackwardOfPs {
+    static constexpr auto t1 = Region1<Number>::t_ps;
+    static constexpr auto t2a = Region2<Number>::t2a_ps;
+    static constexpr auto t2b = Region2<Number>::t2b_ps;
+    static constexpr auto t2c = Region2<Number>::t2c_ps;
+    static constexpr auto is_2c = Region2<Number>::is_2c_ps;
+    static constexpr auto t3a = Region3<Number>::t3a_ps;
+    static constexpr auto t3b = Region3<Number>::t3b_ps;
+    static constexpr auto v3a = Region3<Number>::v3a_ps;
+    static constexpr auto v3b = Region3<Number>::v3b_ps;
+    static constexpr auto tangents3 = Region3<Number>::ps_tangents;
+    static constexpr auto is_3a = Region3<Number>::is_3a_ps;
+    static constexpr auto p3sat = Region3<Number>::p3sat_s;
+    static constexpr auto t5 = Region5<Number>::t_ps;
+};
+
+struct Enthalpy : BackwardOfPh<double> {
+    template <class Number>
+    using Backward = BackwardOfPh<Number>;
+    static constexpr auto t2 = region2::t_ph;
+    static constexpr auto t3 = region3::t_ph;
+    static constexpr auto v3 = region3::v_ph;
+
     static constexpr const auto& y = property::h;
     static constexpr double unit = R * T_min;  // what a rounding near its zero is measured by
 
@@ -55,54 +97,6 @@ struct Enthalpy {
         return T_25 + evaluate<t5_start_h>((h - 4160) / 1000, p / p_max_5);
     }
 
-    template <class Number>
-    static Number t1(Number p, Number h) noexcept {
-        return Region1<Number>::t_ph(p, h);
-    }
-    template <class Number>
-    static Number t2a(Number p, Number h) noexcept {
-        return Region2<Number>::t2a_ph(p, h);
-    }
-    template <class Number>
-    static Number t2b(Number p, Number h) noexcept {
-        return Region2<Number>::t2b_ph(p, h);
-    }
-    template <class Number>
-    static Number t2c(Number p, Number h) noexcept {
-        return Region2<Number>::t2c_ph(p, h);
-    }
-    static double t2(double p, double h) noexcept { return region2::t_ph(p, h); }
-    template <class Number>
-    static constexpr auto t3a = Region3<Number>::t3a_ph;
-    template <class Number>
-    static constexpr auto t3b = Region3<Number>::t3b_ph;
-    template <class Number>
-    static constexpr auto v3a = Region3<Number>::v3a_ph;
-    template <class Number>
-    static constexpr auto v3b = Region3<Number>::v3b_ph;
-    static double t3(double p, double h) noexcept { return region3::t_ph(p, h); }
-    template <class Number>
-    static Number t5(Number p, Number h) noexcept {
-        return Region5<Number>::t_ph(p, h);
-    }
-    static double v3(double p, double h) noexcept { return region3::v_ph(p, h); }
-    template <class Number>
-    static Number p3sat(Number h) noexcept {
-        return Region3<Number>::p3sat_h(h);
-    }
-
-    // Which side of the critical state a state of region 3 is on: subregion 3a or 3b.
-    template <class Number>
-    static auto is_3a(Number p, Number h) noexcept {
-        return h <= Region3<Number>::h3ab(p);
-    }
-
-    // Whether a state of region 2 beyond 2a is of subregion 2c, else of 2b.
-    template <class Number>
-    static auto is_2c(Number p, Number h) noexcept {
-        return p > Region2<Number>::p_b2bc(h);
-    }
-
     // Phase of a dense state below the critical pressure by the basic equation that the O-family
     // then evaluates, so that the two agree next to the critical point.
     static bool is_wet_o(double p, double h) noexcept {
@@ -125,11 +119,15 @@ struct Enthalpy {
     static constexpr auto tangent = Equation::h_tangent_t;
     template <class Equation>
     static constexpr auto value = Equation::h;
-    template <class Number>
-    static constexpr auto tangents3 = Region3<Number>::ph_tangents;
 };
 
-struct Entropy {
+struct Entropy : BackwardOfPs<double> {
+    template <class Number>
+    using Backward = BackwardOfPs<Number>;
+    static constexpr auto t2 = region2::t_ps;
+    static constexpr auto t3 = region3::t_ps;
+    static constexpr auto v3 = region3::v_ps;
+
     static constexpr const auto& y = property::s;
     static constexpr double unit = R;
 
@@ -156,52 +154,6 @@ struct Entropy {
         return T_25 + evaluate<t5_start_s>(s_plus_r_ln_p - 8.5058, p / p_max_5);
     }
 
-    template <class Number>
-    static Number t1(Number p, Number s) noexcept {
-        return Region1<Number>::t_ps(p, s);
-    }
-    template <class Number>
-    static Number t2a(Number p, Number s) noexcept {
-        return Region2<Number>::t2a_ps(p, s);
-    }
-    template <class Number>
-    static Number t2b(Number p, Number s) noexcept {
-        return Region2<Number>::t2b_ps(p, s);
-    }
-    template <class Number>
-    static Number t2c(Number p, Number s) noexcept {
-        return Region2<Number>::t2c_ps(p, s);
-    }
-    static double t2(double p, double s) noexcept { return region2::t_ps(p, s); }
-    template <class Number>
-    static constexpr auto t3a = Region3<Number>::t3a_ps;
-    template <class Number>
-    static constexpr auto t3b = Region3<Number>::t3b_ps;
-    template <class Number>
-    static constexpr auto v3a = Region3<Number>::v3a_ps;
-    template <class Number>
-    static constexpr auto v3b = Region3<Number>::v3b_ps;
-    static double t3(double p, double s) noexcept { return region3::t_ps(p, s); }
-    template <class Number>
-    static Number t5(Number p, Number s) noexcept {
-        return Region5<Number>::t_ps(p, s);
-    }
-    static double v3(double p, double s) noexcept { return region3::v_ps(p, s); }
-    template <class Number>
-    static Number p3sat(Number s) noexcept {
-        return Region3<Number>::p3sat_s(s);
-    }
-
-    template <class Number>
-    static auto is_3a(Number /* p */, Number s) noexcept {
-        return s <= Region3<Number>::s_crit;
-    }
-
-    template <class Number>
-    static auto is_2c(Number /* p */, Number s) noexcept {
-        return s < Region2<Number>::s_2bc;
-    }
-
     // The O-family has no phase test of its own for (p, s).
     static bool is_wet_o(double p, double s) noexcept { return p < p3sat(s); }
 
@@ -219,8 +171,6 @@ struct Entropy {
     static constexpr auto tangent = Equation::s_plus_r_ln_p_tangent_t;
     template <class Equation>
     static constexpr auto value = Equation::s_plus_r_ln_p;
-    template <class Number>
-    static constexpr auto tangents3 = Region3<Number>::ps_tangents;
 };
 template <class Number>
 inline constexpr auto Entropy::tangent<Region1<Number>> = Region1<Number>::s_tangent_t;

@@ -10,16 +10,11 @@
 
 namespace vaprix {
 
-template <Region region>
+// The catalogue's region1_of_pt is gibbs_of_pt<Region{1}>, and so on.
+template <Region region, Asked>
 [[nodiscard]] VAPRIX_INLINE State gibbs_of_pt(double p, double t) noexcept {
     return gibbs_state(region, p, t);
 }
-template <Asked>
-inline constexpr auto region1_of_pt = gibbs_of_pt<Region::one>;
-template <Asked>
-inline constexpr auto region2_of_pt = gibbs_of_pt<Region::two>;
-template <Asked>
-inline constexpr auto region5_of_pt = gibbs_of_pt<Region::five>;
 
 template <Asked>
 [[nodiscard]] VAPRIX_INLINE State region3_of_vt(double v, double t) noexcept {

@@ -31,8 +31,7 @@ template <Asked asked>
 template <Asked asked>
 [[nodiscard]] VAPRIX_INLINE State of_pt_b(double p, double t) noexcept {
     const Region region = region_pt(p, t);
-    return region == Region::none ? refused(ErrorCode::outside_range)
-                                  : in_region_b<asked>(region, p, t);
+    return region == Region::none ? outside : in_region_b<asked>(region, p, t);
 }
 
 // The region is the number given, unchecked; 0 is determined and written back. Refused, without a
@@ -54,7 +53,7 @@ template <Asked asked>
 template <Asked asked>
 [[nodiscard]] VAPRIX_INLINE State of_pt_o(double p, double t) noexcept {
     const Region region = region_pt(p, t);
-    if (region == Region::none) return refused(ErrorCode::outside_range);
+    if (region == Region::none) return outside;
     if (region == Region::wet && (asked.wet || !at_critical_point(p, t))) {
         return wet_state<asked>(p, t);
     }

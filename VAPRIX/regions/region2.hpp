@@ -50,6 +50,16 @@ struct Region2 : Vapour<Region2Equation, Number> {
     // Boundary of subregions 2b and 2c: pressure, MPa, of h. A state on the line belongs to 2b.
     [[nodiscard]] static Number p_b2bc(Number h) noexcept;
 
+    // Whether a state beyond 2a is of subregion 2c, else of 2b.
+    [[nodiscard]] VAPRIX_INLINE static machine::Truth<Number> is_2c_ph(Number p,
+                                                                       Number h) noexcept {
+        return p > p_b2bc(h);
+    }
+    [[nodiscard]] VAPRIX_INLINE static machine::Truth<Number> is_2c_ps(Number /* p */,
+                                                                       Number s) noexcept {
+        return s < s_2bc;
+    }
+
     // Boundary of subregions 2a and 2b of (h, s), near 4 MPa: enthalpy, kJ/kg, of s. A state on the
     // line belongs to 2a.
     [[nodiscard]] static Number h_2ab(Number s) noexcept;

@@ -40,7 +40,7 @@ VAPRIX_INLINE Number Region2<Number>::t2c_ph(Number p, Number h) noexcept {
 template <class Number>
 Number Region2<Number>::t_ph(Number p, Number h) noexcept {
     if (p <= p_2a) return t2a_ph(p, h);
-    return p > p_b2bc(h) ? t2c_ph(p, h) : t2b_ph(p, h);
+    return is_2c_ph(p, h) ? t2c_ph(p, h) : t2b_ph(p, h);
 }
 
 template <class Number>
@@ -60,7 +60,7 @@ VAPRIX_INLINE Number Region2<Number>::t2c_ps(Number p, Number s) noexcept {
 template <class Number>
 Number Region2<Number>::t_ps(Number p, Number s) noexcept {
     if (p <= p_2a) return t2a_ps(p, s);
-    return s < s_2bc ? t2c_ps(p, s) : t2b_ps(p, s);
+    return is_2c_ps(p, s) ? t2c_ps(p, s) : t2b_ps(p, s);
 }
 
 template <class Number>

@@ -137,6 +137,15 @@ struct Region3 {
     static constexpr double s_crit = 4.41202148223476;
 
     [[nodiscard]] static Number h3ab(Number p) noexcept;  // divides 3a and 3b of (p, h), kJ/kg
+    // Whether a state is of subregion 3a, the side of the liquid, else of 3b.
+    [[nodiscard]] VAPRIX_INLINE static machine::Truth<Number> is_3a_ph(Number p,
+                                                                       Number h) noexcept {
+        return h <= h3ab(p);
+    }
+    [[nodiscard]] VAPRIX_INLINE static machine::Truth<Number> is_3a_ps(Number /* p */,
+                                                                       Number s) noexcept {
+        return s <= s_crit;
+    }
     [[nodiscard]] static Number t_ph(Number p, Number h) noexcept;  // temperature, K
     [[nodiscard]] static Number v_ph(Number p, Number h) noexcept;  // specific volume, m3/kg
     [[nodiscard]] static Number t_ps(Number p, Number s) noexcept;  // temperature, K

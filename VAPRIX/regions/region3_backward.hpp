@@ -44,7 +44,7 @@ VAPRIX_INLINE Number Region3<Number>::t3b_ph(Number p, Number h) noexcept {
 }
 template <class Number>
 Number Region3<Number>::t_ph(Number p, Number h) noexcept {
-    return h <= h3ab(p) ? t3a_ph(p, h) : t3b_ph(p, h);
+    return is_3a_ph(p, h) ? t3a_ph(p, h) : t3b_ph(p, h);
 }
 
 // Eqs. (4) and (5)
@@ -60,7 +60,7 @@ VAPRIX_INLINE Number Region3<Number>::v3b_ph(Number p, Number h) noexcept {
 }
 template <class Number>
 Number Region3<Number>::v_ph(Number p, Number h) noexcept {
-    return h <= h3ab(p) ? v3a_ph(p, h) : v3b_ph(p, h);
+    return is_3a_ph(p, h) ? v3a_ph(p, h) : v3b_ph(p, h);
 }
 
 // Eqs. (6) and (7)
@@ -76,7 +76,7 @@ VAPRIX_INLINE Number Region3<Number>::t3b_ps(Number p, Number s) noexcept {
 }
 template <class Number>
 Number Region3<Number>::t_ps(Number p, Number s) noexcept {
-    return s <= s_crit ? t3a_ps(p, s) : t3b_ps(p, s);
+    return is_3a_ps(p, s) ? t3a_ps(p, s) : t3b_ps(p, s);
 }
 
 // Eqs. (8) and (9)
@@ -92,7 +92,7 @@ VAPRIX_INLINE Number Region3<Number>::v3b_ps(Number p, Number s) noexcept {
 }
 template <class Number>
 Number Region3<Number>::v_ps(Number p, Number s) noexcept {
-    return s <= s_crit ? v3a_ps(p, s) : v3b_ps(p, s);
+    return is_3a_ps(p, s) ? v3a_ps(p, s) : v3b_ps(p, s);
 }
 
 // Eq. (10)

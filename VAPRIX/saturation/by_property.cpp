@@ -47,51 +47,47 @@ double start_at(double x) noexcept {
     return evaluate<polynomial_of>(x, 1.0);
 }
 
+// What the start values of a property are polynomials in.
+template <const SaturatedLimits& limits>
+double below_maximum(double y) noexcept {
+    return sqrt(std::max(0.0, limits.y_max - y));
+}
+template <const SaturatedLimits& limits>
+double reduced(double y) noexcept {
+    return y * (1 / limits.y_crit);
+}
+
 // One property of one phase: above 623.15 K by density and temperature, its tangent below, its
-// limits. Each has a start value for the search up to 623.15 K, those with a maximum one for its
-// cold side too.
-template <Phase phase_of, auto dense_of, auto tangent_of, const SaturatedLimits& limits_of>
+// limits, its start value for the search up to 623.15 K; those with a maximum have one for its cold
+// side too.
+template <Phase phase_of, auto dense_of, auto tangent_of, const SaturatedLimits& limits_of,
+          const auto& start_of, auto variable_of>
 struct Saturated {
     static constexpr Phase phase = phase_of;
     static constexpr auto dense = dense_of;
     static constexpr auto tangent = tangent_of;
     static constexpr const SaturatedLimits& limits = limits_of;
-
-    static double below_maximum(double y) noexcept { return sqrt(std::max(0.0, limits.y_max - y)); }
-    static double reduced(double y) noexcept { return y * (1 / limits.y_crit); }
+    static constexpr auto warm = polynomial(start_of);
+    static constexpr auto variable = variable_of;
 };
 struct LiquidDensity
-    : Saturated<Phase::liquid, density, density_tangent<Phase::liquid>, tables::limits_d1> {
-    static constexpr auto warm = polynomial(tables::start_d1);
+    : Saturated<Phase::liquid, density, density_tangent<Phase::liquid>, tables::limits_d1,
+                tables::start_d1, below_maximum<tables::limits_d1>> {
     static constexpr auto cold = polynomial(tables::start_d1_cold);
-    static double start(double d) noexcept { return start_at<warm>(below_maximum(d)); }
 };
-struct VapourDensity
-    : Saturated<Phase::vapour, density, density_tangent<Phase::vapour>, tables::limits_d2> {
-    static constexpr auto warm = polynomial(tables::start_d2);
-    static double start(double d) noexcept { return start_at<warm>(log(d)); }
-};
-struct LiquidEnthalpy
-    : Saturated<Phase::liquid, region3::h, tangent<Phase::liquid, Enthalpy>, tables::limits_h1> {
-    static constexpr auto warm = polynomial(tables::start_h1);
-    static double start(double h) noexcept { return start_at<warm>(reduced(h)); }
-};
+using VapourDensity = Saturated<Phase::vapour, density, density_tangent<Phase::vapour>,
+                                tables::limits_d2, tables::start_d2, log<double>>;
+using LiquidEnthalpy = Saturated<Phase::liquid, region3::h, tangent<Phase::liquid, Enthalpy>,
+                                 tables::limits_h1, tables::start_h1, reduced<tables::limits_h1>>;
 struct VapourEnthalpy
-    : Saturated<Phase::vapour, region3::h, tangent<Phase::vapour, Enthalpy>, tables::limits_h2> {
-    static constexpr auto warm = polynomial(tables::start_h2);
+    : Saturated<Phase::vapour, region3::h, tangent<Phase::vapour, Enthalpy>, tables::limits_h2,
+                tables::start_h2, below_maximum<tables::limits_h2>> {
     static constexpr auto cold = polynomial(tables::start_h2_cold);
-    static double start(double h) noexcept { return start_at<warm>(below_maximum(h)); }
 };
-struct LiquidEntropy
-    : Saturated<Phase::liquid, region3::s, tangent<Phase::liquid, Entropy>, tables::limits_s1> {
-    static constexpr auto warm = polynomial(tables::start_s1);
-    static double start(double s) noexcept { return start_at<warm>(reduced(s)); }
-};
-struct VapourEntropy
-    : Saturated<Phase::vapour, region3::s, tangent<Phase::vapour, Entropy>, tables::limits_s2> {
-    static constexpr auto warm = polynomial(tables::start_s2);
-    static double start(double s) noexcept { return start_at<warm>(reduced(s)); }
-};
+using LiquidEntropy = Saturated<Phase::liquid, region3::s, tangent<Phase::liquid, Entropy>,
+                                tables::limits_s1, tables::start_s1, reduced<tables::limits_s1>>;
+using VapourEntropy = Saturated<Phase::vapour, region3::s, tangent<Phase::vapour, Entropy>,
+                                tables::limits_s2, tables::start_s2, reduced<tables::limits_s2>>;
 
 bool between(double y, double a, double b) noexcept {
     return y >= std::min(a, b) && y <= std::max(a, b);
@@ -109,9 +105,14 @@ double newton_from(double start, double y, double low, double high) noexcept {
 template <class Property>
 double t_dense(double y) noexcept {
     constexpr const SaturatedLimits& limits = Property::limits;
-    const auto excess = [y](double t) noexcept {
-        const SaturatedDensities d = dsat3(t, psat(t));
-        return Property::dense(Property::phase == Phase::liquid ? d.liquid : d.vapour, t) - y;
+    const auto solve = [y](auto t_of, Residual<double> cold, Residual<double> hot,
+                           double step) noexcept {
+        const auto excess = [=](double x) noexcept {
+            const double t = t_of(x);
+            const SaturatedDensities d = dsat3(t, psat(t));
+            return Property::dense(Property::phase == Phase::liquid ? d.liquid : d.vapour, t) - y;
+        };
+        return t_of(bracketed_secant(excess, cold, hot, step).x);
     };
     if (between(y, limits.y_13_dense, limits.y_solved)) {
         constexpr double step = 1e-12;  // relative, as a root beside an end is approached slowly
@@ -120,16 +121,13 @@ double t_dense(double y) noexcept {
         };
         const Residual<double> cold{sqrt(1 - T_13 / T_crit), limits.y_13_dense - y};
         const Residual<double> hot{sqrt(1 - tables::t_solved / T_crit), limits.y_solved - y};
-        return t_of(
-            bracketed_secant([=](double u) noexcept { return excess(t_of(u)); }, cold, hot, step)
-                .x);
+        return solve(t_of, cold, hot, step);
     }
     constexpr double step = 1e-5;  // a smaller one is soon less than the spacing of temperatures
     const auto t_of = [](double x) noexcept { return T_crit * (1 - x * x * x); };
     const Residual<double> cold{cbrt(1 - tables::t_solved / T_crit), limits.y_estimated - y};
     const Residual<double> hot{0, limits.y_crit - y};
-    return t_of(
-        bracketed_secant([=](double x) noexcept { return excess(t_of(x)); }, cold, hot, step).x);
+    return solve(t_of, cold, hot, step);
 }
 
 constexpr NewtonRoot<double> nowhere{0, false};
@@ -148,7 +146,8 @@ NewtonRoot<double> t_warm(double y_given) noexcept {
     constexpr const SaturatedLimits& limits = Property::limits;
     const double y = up_to_maximum(limits, y_given);
     if (between(y, limits.y_max, limits.y_13)) {
-        return at(newton_from<Property>(Property::start(y), y, limits.t_max, T_13));
+        const double start = start_at<Property::warm>(Property::variable(y));
+        return at(newton_from<Property>(start, y, limits.t_max, T_13));
     }
     // beside the first densities solved, as far as they are exact
     constexpr double exactness = 5e-12;  // relative
@@ -164,7 +163,7 @@ NewtonRoot<double> t_cold(double y_given) noexcept {
     constexpr const SaturatedLimits& limits = Property::limits;
     const double y = up_to_maximum(limits, y_given);
     if (!between(y, limits.y_min, limits.y_max)) return nowhere;
-    const double start = start_at<Property::cold>(Property::below_maximum(y));
+    const double start = start_at<Property::cold>(Property::variable(y));
     return at(newton_from<Property>(start, y, T_min, limits.t_max));
 }
 

@@ -65,10 +65,9 @@ template <Phase phase, Asked asked>
 template <Phase phase, Asked asked>
 [[nodiscard]] VAPRIX_INLINE State phase_of_h(double h) noexcept {
     using namespace saturation;
-    if constexpr (phase == Phase::liquid) {
-        return phase_at<phase, asked>(t_liquid_h(h), ErrorCode::saturated_liquid_enthalpy_range);
-    }
-    return phase_at<phase, asked>(t_vapour_h(h), ErrorCode::saturated_vapour_enthalpy_range);
+    return phase == Phase::liquid
+               ? phase_at<phase, asked>(t_liquid_h(h), ErrorCode::saturated_liquid_enthalpy_range)
+               : phase_at<phase, asked>(t_vapour_h(h), ErrorCode::saturated_vapour_enthalpy_range);
 }
 template <Phase phase, Asked asked>
 [[nodiscard]] VAPRIX_INLINE State cold_phase_of_h(double h) noexcept {

@@ -100,10 +100,15 @@ template <const auto& property, class Number>
 }
 
 // Quality at which the mixture of the two phases has the given value of the property.
+template <class Number>
+[[nodiscard]] VAPRIX_INLINE Number quality(Number value, Number of_liquid,
+                                           Number of_vapour) noexcept {
+    return (value - of_liquid) / (of_vapour - of_liquid);
+}
 template <const auto& property, class Number>
 [[nodiscard]] VAPRIX_INLINE Number quality(const StateOf<Number>& wet, Number value) noexcept {
     const Number of_liquid = single<property>(liquid_end(wet));
-    return (value - of_liquid) / (single<property>(vapour_end(wet)) - of_liquid);
+    return quality(value, of_liquid, single<property>(vapour_end(wet)));
 }
 
 namespace property {

@@ -60,6 +60,7 @@ using State = StateOf<double>;
 [[nodiscard]] VAPRIX_INLINE constexpr State refused(ErrorCode why) noexcept {
     return {.refusal = why};
 }
+inline constexpr State outside = refused(ErrorCode::outside_range);
 
 // A state of region 1, 2 or 5.
 template <class Number>
