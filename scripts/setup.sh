@@ -2,12 +2,13 @@
 # SPDX-License-Identifier: MIT
 #
 # Installs what is missing, as Debian packages; the one place that names them, a line for each part of the tests
-# (scripts/parts), the demo and the benchmarks. Every part needs what the demo needs.
+# (scripts/parts), the demo, scripts/test.sh and the benchmarks. Every part needs what the demo needs.
 # Usage: scripts/setup.sh [part ...]   (default: all of them)
 set -eu
 
 parts="
 demo     cmake g++ ninja-build python3
+test     ccache
 core     binutils clang clang-format clang-tidy libbenchmark-dev libclang-rt-14-dev libgtest-dev libmpfr-dev musl-tools
 install  pkg-config
 cli      libcli11-dev man-db zsh

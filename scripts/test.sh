@@ -7,6 +7,10 @@
 set -eu
 cd "$(dirname "$0")/.."
 
+sh scripts/setup.sh test
+export CCACHE_DIR="$PWD/build/ccache" CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1 # the parts build much alike
+export CMAKE_C_COMPILER_LAUNCHER=ccache CMAKE_CXX_COMPILER_LAUNCHER=ccache
+
 parts="" presets=""
 [ $# -gt 0 ] || set -- $(basename -s .sh scripts/parts/*.sh)
 for word in "$@"; do
