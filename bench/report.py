@@ -84,6 +84,26 @@ def threads_table(timed):
                   "ns of processor time a call, alone", "together"], rows)
 
 
+def arrays_tables(program):
+    """Of 4096 elements by each instruction set; of 2^20 by the widest, the first. And what the benchmark says beside."""
+    small, large, beside = {}, {}, ""
+    for instruction_set in ("AVX-512", "AVX2", "SSE2", "NEON"):
+        found = subprocess.run([program, "--instruction-set", instruction_set], stdout=subprocess.PIPE, text=True)
+        if found.returncode != 0:
+            continue
+        for title, numbers in re.findall(r"^(\w+, [\w. ]+?) {2,}([\d. ]+)$", found.stdout, re.MULTILINE):
+            calls, array, _, _, *of_many = map(float, numbers.split())
+            small.setdefault(title, {"calls": calls})[instruction_set] = f"{array:.1f} (1/{calls / array:.1f})"
+            large.setdefault(title, [title] + [f"{ns:.1f}" for ns in (*of_many[:2], of_many[3], of_many[4])]
+                             + [f"{of_many[1] / of_many[4]:.2f}"])
+        beside += f"{instruction_set}: {found.stdout.splitlines()[-1]}.\n"
+    sets = list(dict.fromkeys(name for row in small.values() for name in row if name != "calls"))
+    return (table(["export and states", "calls", *sets],
+                  [[title, f"{row['calls']:.1f}", *(row[name] for name in sets)] for title, row in small.items()])
+            + "\n" + beside + f"\nOf 2^20 elements with {sets[0]}, beside what memory alone takes:\n\n"
+            + table(["export and states", "calls", "array", "memory", "array by 2 threads", "ratio"], large.values()))
+
+
 def load_table(program, library):
     runs = [subprocess.run([program, library], stdout=subprocess.PIPE, text=True, check=True).stdout.split()
             for _ in range(101)]
@@ -141,6 +161,11 @@ Written by `bench/report.py`; `bench/README.md` says what is measured and how to
 ## Threads
 
 {threads_table(timed)}
+## Arrays
+
+Nanoseconds an element of 4096, and the part of what calls in a loop take.
+
+{arrays_tables(bench / "arrays_benchmark")}
 ## Loading
 
 The stripped library has {size:.0f} KiB.
