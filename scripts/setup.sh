@@ -19,7 +19,7 @@ python   python3-dask python3-dev python3-hypothesis python3-matplotlib python3-
 aarch64  binutils g++-aarch64-linux-gnu qemu-user
 windows  g++-mingw-w64-x86-64-posix gfortran-mingw-w64-x86-64-posix lld llvm-14 wine64
 emscripten emscripten nodejs
-debian   abigail-tools build-essential debhelper dh-fortran-mod gfortran lintian pkg-config
+debian   abigail-tools build-essential debhelper dh-fortran-mod dh-python gfortran libpython3-dev lintian pkg-config python3-numpy python3-setuptools
 bench    libbenchmark-dev libgtest-dev python3-matplotlib
 "
 # packages PART: its line of the table

@@ -44,11 +44,13 @@ def meaning(argument):
 def example(entry, examples):
     """A published value, or how arrays and their codes are asked for."""
     if not entry["arguments"]:
-        return [f">>> vaprix.{entry['name']}"]
+        return [f">>> constant = vaprix.{entry['name']}"]
     if row := examples.get(entry["name"]):
-        call = f"{entry['name']}({', '.join(row['arguments'].split())})"
-        return [f">>> vaprix.{call}  # {row['source']}", row["value"]]
-    return [f">>> vaprix.{signature(entry)}", f">>> vaprix.code(vaprix.{', '.join([entry['name'], *inputs(entry)])})"]
+        call = f"vaprix.{entry['name']}({', '.join(row['arguments'].split())})"
+        digits = len(row["value"].partition(".")[2])
+        return [f">>> print(f'{{{call}:.{digits}f}}')  # {row['source']}", row["value"]]
+    return [f">>> {', '.join(outputs(entry))} = vaprix.{signature(entry)}",
+            f">>> code = vaprix.code(vaprix.{', '.join([entry['name'], *inputs(entry)])})"]
 
 
 def documentation(entry, family, examples):

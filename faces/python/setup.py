@@ -28,6 +28,7 @@ class Package(build_ext):
 BUILD.mkdir(parents=True, exist_ok=True)
 setup(
     version=re.search(r"project\(vaprix VERSION ([\d.]+)", (ROOT / "CMakeLists.txt").read_text(encoding="utf-8"))[1],
-    ext_modules=[Extension("vaprix._ufuncs", [])],  # the wheel is of one platform
+    ext_modules=[Extension("vaprix._ufuncs", [], py_limited_api=True)],  # the wheel is of one platform
     cmdclass={"build_ext": Package},
-    options={"build": {"build_base": str(BUILD)}, "egg_info": {"egg_base": str(BUILD)}})
+    options={"bdist_wheel": {"py_limited_api": "cp38"}, "build": {"build_base": str(BUILD)},
+             "egg_info": {"egg_base": str(BUILD)}})

@@ -6,7 +6,6 @@
 #define NPY_NO_DEPRECATED_API NPY_1_20_API_VERSION
 #include <Python.h>
 #include <numpy/arrayobject.h>
-#include <numpy/arrayscalars.h>
 #include <numpy/ufuncobject.h>
 #include <vaprix_arrays.h>
 
@@ -129,12 +128,17 @@ struct Kept {
 PyUFuncGenericFunction value_loops[] = {loop<float, false>, loop<double, false>};
 PyUFuncGenericFunction code_loops[] = {loop<double, true>};
 
-vectorcallfunc call_of_ufunc;  // NumPy's own
+// The protocol of calls with positional arguments in an array, of which the stable ABI has only the entry.
+using Call = PyObject* (*)(PyObject* self, PyObject* const* arguments, std::size_t flagged_count,
+                           PyObject* names);
+constexpr std::size_t flag = std::size_t{1} << (8 * sizeof(std::size_t) - 1);
+
+Call call_of_ufunc;  // NumPy's own
 
 // The double that NumPy makes of a number of Python, or of its own float64.
 bool is_number(PyObject* object, double* number) {
     if (PyFloat_CheckExact(object) || Py_TYPE(object) == &PyDoubleArrType_Type) {
-        *number = PyFloat_AS_DOUBLE(object);
+        *number = PyFloat_AsDouble(object);
         return true;
     }
     if (!PyLong_CheckExact(object)) return false;
@@ -147,7 +151,7 @@ bool is_number(PyObject* object, double* number) {
 PyObject* call(PyObject* self, PyObject* const* arguments, std::size_t flagged_count,
                PyObject* names) {
     const auto* ufunc = reinterpret_cast<PyUFuncObject*>(self);
-    const Py_ssize_t count = PyVectorcall_NARGS(flagged_count);
+    const auto count = static_cast<Py_ssize_t>(flagged_count & ~flag);
     const Function& function = *static_cast<const Function*>(ufunc->data[0]);
     bool numbers = names == nullptr && !function.region && count == function.numbers;
     double number[most_inputs];
@@ -158,9 +162,8 @@ PyObject* call(PyObject* self, PyObject* const* arguments, std::size_t flagged_c
     for (Py_ssize_t k = 0; k < count; ++k) at[k] = {number + k, 1};
     at[count] = {&result, 1};
     function.over(1, at, nullptr);
-    PyObject* answer = PyArrayScalar_New(Double);
-    if (answer != nullptr) PyArrayScalar_ASSIGN(answer, Double, result);
-    return answer;
+    static PyArray_Descr* const kind = PyArray_DescrFromType(NPY_DOUBLE);
+    return PyArray_Scalar(&result, kind, nullptr);
 }
 
 // A ufunc of the loops given; `kept` is filled for it.
@@ -192,9 +195,9 @@ bool add_function(PyObject* values, PyObject* codes, const Function& function) {
     Kept* kept = &every[static_cast<std::size_t>(2 * (&function - functions))];
     PyObject* made = ufunc(function, value_loops, {NPY_FLOAT, NPY_DOUBLE}, kept[0], false);
     if (made != nullptr) {
-        vectorcallfunc& of_numpy = reinterpret_cast<PyUFuncObject*>(made)->vectorcall;
-        call_of_ufunc = of_numpy;
-        if (of_numpy != nullptr) of_numpy = call;
+        void*& of_numpy = reinterpret_cast<PyUFuncObject*>(made)->vectorcall;
+        call_of_ufunc = reinterpret_cast<Call>(of_numpy);
+        if (of_numpy != nullptr) of_numpy = reinterpret_cast<void*>(call);
     }
     return add(values, function.name, made) &&
            add(codes, function.name, ufunc(function, code_loops, {NPY_DOUBLE}, kept[1], true));

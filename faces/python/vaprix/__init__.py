@@ -1,9 +1,12 @@
 # SPDX-License-Identifier: MIT
 """Properties of water and steam after IAPWS-IF97: every function of VAPRIX as a ufunc of NumPy, under its plain name.
 
-    >>> vaprix.HBPT(3, 300)                          # MPa, K: kJ/kg
-    >>> vaprix.HBPT(3, np.linspace(300, 800, 6))     # arrays, which broadcast
-    >>> vaprix.water(p=10, h=2900).T                 # states of any two variables
+    >>> print(vaprix.HBPT(3, 300).round(6))                 # MPa, K: kJ/kg
+    115.331273
+    >>> vaprix.HBPT(3, np.linspace(300, 800, 3)).round(3)   # arrays, which broadcast
+    array([ 115.331, 2933.656, 3517.422])
+    >>> print(vaprix.water(p=10, h=2900).T.round(3))        # states of any two variables
+    617.322
 
 Units are MPa, K, kg/m3, m3/kg, kJ/kg, kJ/(kg K), m/s, Pa s; help(vaprix.HBPT) has range, failures and source. A
 failure is a number, -99999.0 of most functions, no exception and no warning; code(...) has the codes of the elements,

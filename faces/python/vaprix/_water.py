@@ -74,11 +74,16 @@ class Water:
         """The partial derivative of one property by another where a third stays, (dz/dx)_y: those of p, T, v, d, h, s,
         u, f and g are there.
 
-            >>> steam.derivative("h", "p", at="T")            # (dh/dp)_T, kJ/(kg MPa)
-            >>> steam.derivative("d", by="h", at="p")         # (dd/dh)_p
-            >>> steam.derivative("p", by="T", at="x")         # at constant quality, along the saturation line: dps/dT
-            >>> steam.derivative("v", by=("T", "T"), at="p")  # (d2v/dT2)_p
-            >>> steam.derivative("h", by=("p", "T"))          # d2h/dpdT
+            >>> steam = vaprix.water(p=10, T=700)
+            >>> print(f'{steam.derivative("h", by="p", at="T"):.6f}')         # (dh/dp)_T, kJ/(kg MPa)
+            -18.172842
+            >>> print(f'{steam.derivative("v", by=("T", "T"), at="p"):.6e}')  # (d2v/dT2)_p
+            -1.625570e-07
+            >>> print(f'{steam.derivative("h", by=("p", "T")):.6f}')          # d2h/dpdT
+            0.113790
+            >>> wet = vaprix.water(T=400, x=0.5)
+            >>> print(f'{wet.derivative("p", by="T", at="x"):.6f}')           # along the saturation line: dps/dT
+            0.007482
 
         Wet steam has those of the lever rule. Second derivatives are of T, v, h and s by p and by T, h or s, in single
         phases. NaN with NumPy's invalid flag where there is none, as by T at constant p in wet steam. Units are the
@@ -113,8 +118,10 @@ def water(*, family="O", units=None, **given):
     """The states of two of p, T, v, d, h, s and x (kg of vapour per kg), numbers or arrays, which broadcast.
 
         >>> steam = vaprix.water(p=10, h=[2900, 3100])
-        >>> steam.T, steam.s, steam.region, steam.derivative("h", "p", at="T")
-        >>> vaprix.water(p=100, T=400, units={"p": "bar", "T": "degC"}).h
+        >>> steam.T.round(3), steam.region
+        (array([617.322, 673.999]), array([2, 2], dtype=int8))
+        >>> print(vaprix.water(p=100, T=400, units={"p": "bar", "T": "degC"}).h.round(3))
+        3097.375
 
     Resolved once, by the O-family or, family="B", by the B-family. Attributes, formed when they are asked for, in the
     units of the functions: p, T, v, d, h, s, x; u, f, g, cp, cv, w, z, mu (Joule-Thomson), kappa, cp_per_cv, alpha_p,
