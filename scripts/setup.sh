@@ -16,6 +16,7 @@ fortran  gfortran pkg-config
 hosts    fp-compiler mono-mcs
 spreadsheet libreoffice-calc libreoffice-dev python3-uno
 python   python3-dask python3-dev python3-hypothesis python3-matplotlib python3-numpy python3-pandas python3-pint python3-pip python3-pytest python3-setuptools python3-venv python3-wheel python3-xarray
+scale    openmpi-bin python3-dask python3-dev python3-distributed python3-mpi4py python3-numpy python3-pytest python3-zarr
 aarch64  binutils g++-aarch64-linux-gnu qemu-user
 windows  g++-mingw-w64-x86-64-posix gfortran-mingw-w64-x86-64-posix lld llvm-14 wine64
 emscripten emscripten nodejs

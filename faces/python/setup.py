@@ -18,6 +18,8 @@ TARGET = "vaprix_python"
 class Package(build_ext):
     def build_extension(self, ext):
         cmake = BUILD / "cmake"
+        for folder in cmake / "site", self.build_lib:  # what an earlier tree left
+            shutil.rmtree(folder, ignore_errors=True)
         subprocess.run(["cmake", "-S", ROOT, "-B", cmake, "-DVAPRIX_BUILD_PYTHON=ON", "-DVAPRIX_BUILD_TESTS=OFF",
                         "-DVAPRIX_BUILD_EXAMPLES=OFF", "-DVAPRIX_BUILD_CLI=OFF", "-DCMAKE_BUILD_TYPE=Release",
                         f"-DPython3_EXECUTABLE={sys.executable}"], check=True)
@@ -30,5 +32,5 @@ setup(
     version=re.search(r"project\(vaprix VERSION ([\d.]+)", (ROOT / "CMakeLists.txt").read_text(encoding="utf-8"))[1],
     ext_modules=[Extension("vaprix._ufuncs", [], py_limited_api=True)],  # the wheel is of one platform
     cmdclass={"build_ext": Package},
-    options={"bdist_wheel": {"py_limited_api": "cp38"}, "build": {"build_base": str(BUILD)},
+    options={"bdist_wheel": {"py_limited_api": "cp39"}, "build": {"build_base": str(BUILD)},
              "egg_info": {"egg_base": str(BUILD)}})

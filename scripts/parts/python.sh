@@ -9,7 +9,7 @@ build=build/python
 cmake --preset python
 cmake --build "$build" --target vaprix vaprix_python
 export VAPRIX_LIBRARY="$PWD/$build/VAPRIX/libvaprix.so" PYTHONDONTWRITEBYTECODE=1
-PYTHONPATH="$build/site" /usr/bin/python3 -m pytest -q -p no:cacheprovider faces/python/tests
+PYTHONPATH="$build/site" /usr/bin/python3 -m pytest -q -p no:cacheprovider faces/python/tests/*.py
 
 /usr/bin/python3 -m venv --clear --system-site-packages "$build/venv"
 "$build/venv/bin/pip" install --quiet --no-index --no-build-isolation ./faces/python

@@ -46,6 +46,9 @@ def test_process():
     np.testing.assert_allclose(s, live.s, 1e-9)
     np.testing.assert_allclose(h[[0, -1]], [live.h, series.h[1]], 1e-9)
     assert len(chart.process([live, series], closed=True).get_xdata()) == 6
+    part = plot.Chart("h-s", view=((6, 9), (2000, 3800))).axes
+    assert part.get_xlim() == (6, 9) and len(part.texts) > 10
+    assert all(6 < text.get_position()[0] < 9 and 2000 < text.get_position()[1] < 3800 for text in part.texts)
     for wrong in (dict(along=["s"]), dict(along="u")):
         with pytest.raises(ValueError):
             chart.process([live, series], **wrong)

@@ -15,7 +15,9 @@ from ._quantities import QUANTITIES
 from ._units import Units
 from ._water import water
 
-SYMBOLS = {"d": "rho", "eta": "eta", "lambda_": "lambda", "nu": "nu", "kappa": "kappa", "epsilon": "varepsilon"}
+SYMBOLS = {"d": r"\rho", "eta": r"\eta", "lambda_": r"\lambda", "nu": r"\nu", "kappa": r"\kappa",
+           "epsilon": r"\epsilon"}
+TYPESET = {"m2": "m²", "m3": "m³", "1e-6": "10$^{-6}$", "1e-3": "10$^{-3}$", "degC": "°C"}  # of units
 LOGARITHMIC = ("p", "v", "d")
 RATIOS = np.array([1, 2, 5])  # of isobars within a decade
 BETWEEN = {"p": "h", "s": "p", "h": "p", "v": "p", "T": "v"}  # what runs from state to state while one stays
@@ -27,6 +29,7 @@ STYLES = {
     "isotherm": dict(color="tab:red", linewidth=0.6),
     "border of regions": dict(color="tab:green", linewidth=1.0, linestyle=":"),
 }
+GROUND = dict(boxstyle="square,pad=0.08", facecolor="white", edgecolor="none")  # of what is written
 # a state inside each region, by p and T, where its number is written
 INSIDE = {"1": (30, 420), "2": (0.3, 750), "3": (45, 700), "5": (0.3, 1500)}
 T_13, T_25, T_MAX_2 = 623.15, 1073.15, 863.15  # where regions meet, K: 1 and 3, 2 and 5, end of the line of 2 and 3
@@ -39,19 +42,19 @@ class Chart:
     quality, isobars, isotherms and the borders of the regions, as far as they are no grid lines.
 
     units names units through pint. isobars, isotherms and qualities are numbers in the units of the chart, or None for
-    some; p and T, in MPa and K, are the ends of what is drawn. `axes` is what it is drawn into.
+    some; p and T, in MPa and K, are the ends of what is drawn; view, (x_low, x_high), (y_low, y_high), is a part of the
+    chart. `axes` is what it is drawn into.
     """
 
     def __init__(self, kind, *, axes=None, units=None, isobars=None, isotherms=None, qualities=None, regions=True,
-                 p=(0.001, P_MAX), T=(T_LOW, T_25)):
+                 p=(0.001, P_MAX), T=(T_LOW, T_25), view=None):
         y, x = kind.split("-")
         for name in (x, y):
             if name not in QUANTITIES:
                 raise ValueError(f"water has no {name!r}")
         self.x, self.y = x, y
         self.axes = axes or plt.subplots(figsize=(8, 6), constrained_layout=True)[1]
-        self._units = Units({}, dict(units or {}))
-        self._named = dict(units or {})
+        self._units = Units(dict(units or {}), dict(units or {}))
         self._p, self._T = p, T
         self._drawn, self._written = [], []
         for axis, name in (("x", x), ("y", y)):
@@ -62,6 +65,8 @@ class Chart:
             self.axes.update_datalim(self._points(water(p=np.array(p), T=np.array(T))).T)
         self.axes.margins(0.02)
         self.axes.autoscale_view()
+        if view:
+            self.axes.set(xlim=view[0], ylim=view[1])
         self._write()
 
     def process(self, states, *, along=None, labels=None, closed=False, **style):
@@ -87,8 +92,8 @@ class Chart:
 
     def _in(self, name):
         unit = self._units.text(name)
-        for written, read in (("1e-6", "10$^{-6}$"), ("1e-3", "10$^{-3}$"), ("2", "²"), ("3", "³"), ("degC", "°C")):
-            unit = unit.replace(written, read) if "$" not in unit else unit
+        for written, read in TYPESET.items():
+            unit = unit.replace(written, read)
         return f" [{unit}]" if unit else ""
 
     def _points(self, states):
@@ -121,8 +126,7 @@ class Chart:
             given = [v for v in np.outer(decades, RATIOS).ravel() if low * 0.999 <= v <= high * 1.001]
         elif given is None:
             given = np.arange(np.ceil(low / 100) * 100, high + 1e-6, 100)
-        inward = Units({name: self._named[name]} if name in self._named else {}, {})
-        return [(float(inward.inward(v, name)), f"{v:g}") for v in given]
+        return [(float(self._units.inward(v, name)), f"{v:g}") for v in given]
 
     def _draw(self, what, pieces, label=None):
         points = np.hstack([self._points(piece) for piece in pieces])
@@ -136,8 +140,9 @@ class Chart:
         self._line = np.full((1, 2), np.nan)
         if any(drawn.startswith("border") for drawn, _, _ in self._drawn):
             for number, (p, T) in INSIDE.items():
-                if T < self._T[1]:
-                    self._place(self._points(water(p=p, T=T))[:, 0], number, 0, fontsize=12, color="tab:green")
+                at = self._points(water(p=p, T=T))[:, 0]
+                if T < self._T[1] and self.axes.bbox.contains(*self.axes.transData.transform(at)):
+                    self._place(at, number, 0, fontsize=12, color="tab:green")
         self._line = self.axes.transData.transform(self._drawn[0][1].T)
         for what, points, label in self._drawn:
             if label:
@@ -149,10 +154,11 @@ class Chart:
         """At the first of some places on the line that is free."""
         at = self.axes.transData.transform(points.T)
         inside = self.axes.bbox.padded(-8)
-        keep = [inside.contains(*point) for point in at]
-        if sum(keep) < 2:
+        keep = np.array([inside.contains(*point) for point in at])
+        runs = np.split(at, np.flatnonzero(np.diff(keep)) + 1)[0 if keep[0] else 1::2]
+        at = max(runs, key=len, default=at[:0])
+        if len(at) < 2:
             return
-        at = at[keep]
         way = np.concatenate([[0], np.cumsum(np.hypot(*np.diff(at, axis=0).T))])
         for part in parts:
             middle, before, after = (np.array([np.interp(way[-1] * part + shift, way, at[:, k]) for k in (0, 1)])
@@ -163,16 +169,15 @@ class Chart:
                 return
 
     def _place(self, at, text, angle, **style):
-        written = self.axes.text(*at, text, rotation=angle, ha="center", va="center", rotation_mode="anchor", zorder=4,
-                                 bbox=dict(boxstyle="square,pad=0.08", facecolor="white", edgecolor="none"), **style)
-        return self._keep(written)
+        return self._keep(self.axes.text(*at, text, rotation=angle, ha="center", va="center", rotation_mode="anchor",
+                                         zorder=4, clip_on=True, bbox=GROUND, **style))
 
     def _place_beside(self, at, text):
         """At a corner of a mark that is free."""
         for dx, dy in itertools.product((7, -7), (5, -5)):
             note = self.axes.annotate(text, at, (dx, dy), textcoords="offset points", ha="left" if dx > 0 else "right",
                                       va="bottom" if dy > 0 else "top", fontsize=9, fontweight="bold", zorder=7,
-                                      bbox=dict(boxstyle="square,pad=0.1", facecolor="white", edgecolor="none", alpha=0.8))
+                                      bbox=GROUND)
             if self._keep(note, always=(dx, dy) == (-7, -5)):
                 return
 
@@ -190,7 +195,7 @@ class Chart:
 
 
 def symbol(name):
-    return f"${chr(92) + SYMBOLS[name] if name in SYMBOLS else name}$"
+    return f"${SYMBOLS.get(name, name)}$"
 
 
 def raw(states, name):
