@@ -64,6 +64,17 @@ def once_from_c(h):
     return best(lambda: over(ctypes.c_size_t(N), *(ctypes.c_void_p(a.ctypes.data) for a in (p, h, five)))) / N * 1e9
 
 
+def several_from_c(h):
+    """The same by five functions over arrays in one call."""
+    over = ctypes.CDLL(BUILD / "arrays/libvaprix_arrays.so").vaprix_arrays_several
+    results = np.empty((5, N))
+    names = (ctypes.c_char_p * 5)(b"TOPH", b"VOPH", b"SOPH", b"CPOPH", b"WOPH")
+    at = (ctypes.c_void_p * 5)(*(row.ctypes.data for row in results))
+    steps = (ctypes.c_ssize_t * 5)(*[1] * 5)
+    given = [x for a in (p, h) for x in (ctypes.c_void_p(a.ctypes.data), ctypes.c_ssize_t(1))]
+    return best(lambda: over(ctypes.c_size_t(N), *given, ctypes.c_size_t(5), names, at, steps, None)) / N * 1e9
+
+
 def five(h):
     steam = vaprix.water(p=p, h=h)
     return steam.T, steam.v, steam.s, steam.cp, steam.w
@@ -97,5 +108,6 @@ report("numpy.vectorize", best(lambda: by_number(p[:20000], T[:20000]), 3) / 200
 h = vaprix.HOPT(p, T)
 once = once_from_c(h)
 report("C++: states of (p, h) with five properties", once)
+report("vaprix_arrays_several of the same", several_from_c(h), once)
 report("vaprix.water of the same", best(lambda: five(h)) / N * 1e9, once)
 print(f"two threads on halves: {in_threads():.2f} times faster")
