@@ -217,6 +217,15 @@ class Maps(Shell):
         command = "trap '' PIPE; " + self.ADD + " | true; exit ${PIPESTATUS[0]}"
         self.assertIn("Broken pipe", self.mapped(rows, command, 2)[1])
 
+    def test_what_the_page_of_the_plant_shows(self):
+        page = (HERE.parent / "examples" / "plant" / "README.md").read_text(encoding="utf-8")
+        command, shown = re.search(r"    \$ (vaprix map .*?')\n(    #.*?)\n\n", page, re.DOTALL).groups()
+        command = command.replace("examples/", f"{HERE.parent}/examples/")
+        self.assertEqual(self.run_in_shell(command)[0], re.sub("^    ", "", shown, flags=re.MULTILINE) + "\n")
+        for published in ("0.0249207,3583.31,6.67973,342.158", "0.00100712,"):  # by steam tables
+            self.assertIn(published, shown)
+        self.assertIn("2820.836 ", self.run_in_shell("vaprix state p=10bar s=6.67973")[0])
+
     def test_order_and_bits_over_blocks_and_threads(self):
         rows = [(0.1 + k * 7919 % 160000 / 1000, 20 + k * 104729 % 600000 / 1000) for k in range(100000)]
         given = "n,p,T\n" + "".join(f"{k},{p!r},{T!r}\n" for k, (p, T) in enumerate(rows))

@@ -1,7 +1,7 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
 #
-# Installs what is missing, builds the library and lets a host program answer a plant's measured states.
+# Installs what is missing, builds the command vaprix and lets it answer a plant's measured states.
 # Usage: scripts/demo.sh [stations.csv]
 set -eu
 stations=$(realpath "${1:-$(dirname "$0")/../examples/plant/stations.csv}")
@@ -9,9 +9,12 @@ cd "$(dirname "$0")/.."
 
 sh scripts/setup.sh demo
 mkdir -p build
-cmake --preset library >build/demo.log 2>&1 &&
-    cmake --build build/library --target vaprix plant >>build/demo.log 2>&1 || {
+cmake --preset cli >build/demo.log 2>&1 &&
+    cmake --build build/cli --target vaprix_cli >>build/demo.log 2>&1 || {
     cat build/demo.log >&2
     exit 1
 }
-build/library/examples/plant build/library/VAPRIX/libvaprix.so "$stations"
+PATH="$PWD/build/cli/cli:$PATH"
+vaprix state p=15MPa T=600C
+echo
+vaprix map --in "$stations" -d 6 -u C -a 'v = v(p, T)' -a 'h = h(p, T)' -a 's = s(p, T)' -a 'Ts = T(p)'

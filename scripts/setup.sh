@@ -7,11 +7,11 @@
 set -eu
 
 parts="
-demo     cmake g++ ninja-build python3
+demo     cmake g++ libcli11-dev ninja-build python3
 test     ccache
 core     binutils clang clang-format clang-tidy libbenchmark-dev libclang-rt-14-dev libgtest-dev libmpfr-dev musl-tools
 install  pkg-config
-cli      libcli11-dev man-db zsh
+cli      man-db zsh
 fortran  gfortran pkg-config
 hosts    fp-compiler mono-mcs
 spreadsheet libreoffice-calc libreoffice-dev python3-uno
