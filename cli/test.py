@@ -148,7 +148,7 @@ class Maps(Shell):
 
     def test_units_and_columns(self):
         for given, command, wanted in (
-                ("30,26.85\n", "-a 'h=h(p=#1[bar], T=#2[C])'", f"30,26.85,{self.H}\n"),
+                ("30,26.85\n", "-a 'h=h(p=#1[bar], T=#2)' -u '#2=C'", f"30,26.85,{self.H}\n"),
                 ("p,T\nbar,C\n30,26.85\n", "-a 'h=h(p,T)'", f"p,T,h\nbar,C,kJ/kg\n30,26.85,{self.H}\n"),
                 ("a [bar],b/C\n30,26.85\n", "-a 'h=h(a,b)'", f"a [bar],b/C,h [kJ/kg]\n30,26.85,{self.H}\n"),
                 ("live p,T\n30,26.85\n", "-a \"h=h(p='live p',T)\" -u 'live p=bar' -u T=C",

@@ -112,11 +112,16 @@ Formula parse_formula(std::string_view text) {
     return out;
 }
 
-NamedUnit parse_named_unit(const std::string& text) {
+NamedUnit parse_named_unit(std::string_view text) {
     const std::size_t equals = text.find('=');
-    if (equals == std::string::npos) return {"", text};
-    return {std::string(trimmed(std::string_view(text).substr(0, equals))),
-            std::string(trimmed(std::string_view(text).substr(equals + 1)))};
+    if (equals == std::string_view::npos) return {{}, std::string(text)};
+    Source column;
+    const std::string_view name = trimmed(text.substr(0, equals));
+    if (name.starts_with('#'))
+        column = Reader(name).source();
+    else
+        column.column = name;
+    return {column, std::string(trimmed(text.substr(equals + 1)))};
 }
 
 }  // namespace vaprix::cli

@@ -28,10 +28,11 @@ struct Formula {
 
 Formula parse_formula(std::string_view text);  // throws Error
 
-// "T=C": the unit of a column; without an equals sign one for results.
+// "T=C" or "#2=C": the unit of a column; without an equals sign one for results.
 struct NamedUnit {
-    std::string column, unit;
+    std::optional<Source> column;
+    std::string unit;
 };
-NamedUnit parse_named_unit(const std::string& text);
+NamedUnit parse_named_unit(std::string_view text);
 
 }  // namespace vaprix::cli

@@ -24,10 +24,10 @@ public:
 
     Plan made() {
         for (const NamedUnit& named : asked_.units) {
-            if (named.column.empty())
-                for_results_.push_back(named.unit);
+            if (named.column)
+                unit_of_column(column_of(*named.column)) = named.unit;
             else
-                unit_of_column(column_of({named.column, 0, {}, "", ""})) = named.unit;
+                for_results_.push_back(named.unit);
         }
         wanted_ = Wanted(for_results_);
         for (const Formula& formula : asked_.formulas) add(formula);
