@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Has CMake build the package; everything in between stays in build/wheel of the tree."""
+"""Has CMake build the package; everything in between stays in build/wheel and build/wheel-cmake of the tree."""
 import os
 import pathlib
 import re
@@ -17,11 +17,11 @@ TARGET = "vaprix_python"
 
 class Package(build_ext):
     def build_extension(self, ext):
-        cmake = BUILD / "cmake"
+        cmake = ROOT / "build" / "wheel-cmake"
         for folder in cmake / "site", self.build_lib:  # what an earlier tree left
             shutil.rmtree(folder, ignore_errors=True)
         subprocess.run(["cmake", "-S", ROOT, "-B", cmake, "-DVAPRIX_BUILD_PYTHON=ON", "-DVAPRIX_BUILD_TESTS=OFF",
-                        "-DVAPRIX_BUILD_EXAMPLES=OFF", "-DVAPRIX_BUILD_CLI=OFF", "-DCMAKE_BUILD_TYPE=Release",
+                        "-DVAPRIX_BUILD_EXAMPLES=OFF", "-DCMAKE_BUILD_TYPE=Release",
                         f"-DPython3_EXECUTABLE={sys.executable}"], check=True)
         subprocess.run(["cmake", "--build", cmake, "--target", TARGET, "--parallel", str(os.cpu_count())], check=True)
         shutil.copytree(cmake / "site", self.build_lib, dirs_exist_ok=True)
