@@ -305,9 +305,8 @@ class Shells(Shell):
         (self.folder / "test.zsh").write_text("""
             zmodload zsh/zpty
             zpty shell zsh -f -i
-            zpty -w shell "PS1=; fpath=($PWD \\$fpath); autoload -U compinit; compinit -u -D"
-            zpty -w shell "zstyle ':completion:*' list-prompt ''; LISTMAX=0; print re''ady"
-            zpty -r shell line '*ready*'
+            zpty -w shell "fpath=($PWD \\$fpath); autoload -U compinit; compinit -u -D; PS1=type''here"
+            zpty -r shell line '*typehere*'
             zpty -w -n shell $'vaprix table sat\\t--fam\\tB --format mark\\t; print do\\'\\'ne\\C-a: \\n'
             zpty -r shell line '*do*ne*' && print -r -- $line""")
         shown = re.sub("\x1b\\[[0-9;?]*[A-Za-z]|\x08", "", self.run_in_shell("zsh -f test.zsh")[0])
