@@ -38,7 +38,7 @@ template <template <class> class Kind, class Value>
 class Operand {
     using Number = std::remove_const_t<Value>;
     Kind<Value> array;
-    Number repeated;
+    Number repeated{};  // of a step of 0
     alignas(64) Number values[block_size];
 
 public:
