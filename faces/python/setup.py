@@ -21,8 +21,8 @@ class Package(build_ext):
         for folder in cmake / "site", self.build_lib:  # what an earlier tree left
             shutil.rmtree(folder, ignore_errors=True)
         ninja = ["-G", "Ninja"] if shutil.which("ninja") else []  # there need not be make
-        subprocess.run(["cmake", *ninja, "-S", ROOT, "-B", cmake, "-DVAPRIX_BUILD_PYTHON=ON", "-DVAPRIX_BUILD_TESTS=OFF",
-                        "-DVAPRIX_BUILD_EXAMPLES=OFF", "-DCMAKE_BUILD_TYPE=Release",
+        subprocess.run(["cmake", *ninja, "-S", ROOT, "-B", cmake, "-DVAPRIX_BUILD_PYTHON=ON",
+                        "-DVAPRIX_BUILD_TESTS=OFF", "-DVAPRIX_BUILD_EXAMPLES=OFF", "-DCMAKE_BUILD_TYPE=Release",
                         f"-DPython3_EXECUTABLE={sys.executable}"], check=True)
         subprocess.run(["cmake", "--build", cmake, "--target", TARGET, "--parallel", str(os.cpu_count())], check=True)
         shutil.copytree(cmake / "site", self.build_lib, dirs_exist_ok=True)
