@@ -51,10 +51,9 @@ public:
         if constexpr (!Kind<Value>::is_written) {
             if (array.step == 1 && count == block_size) return array.at + first;
         }
-        const std::size_t padded = (count + padding - 1) / padding * padding;
         if (array.step == 0) {
             if (first == 0) repeated = array[0];
-            if (first == 0 || Kind<Value>::is_written) std::fill_n(values, padded, repeated);
+            if (first == 0 || Kind<Value>::is_written) std::fill_n(values, padded(count), repeated);
             return values;
         }
         if (array.step == 1) {
@@ -62,7 +61,7 @@ public:
         } else {
             for (std::size_t k = 0; k < count; ++k) values[k] = array[first + k];
         }
-        std::fill(values + count, values + padded, values[count - 1]);
+        std::fill(values + count, values + padded(count), values[count - 1]);
         return values;
     }
 

@@ -114,10 +114,13 @@ VAPRIX_INLINE Number density_of(Number p, Number t, Number v) noexcept {
     return select((side_low < root) & (root < side_high), root, 0);
 }
 
-// Volume (B-family) or density (O-family) of region 3 from p and T. The B-family's next to the critical
-// point, which is iterated, is left.
-enum class Dense { volume, density };
-template <Dense dense, class Number>
+// What a resolver makes of p and T in a region that is known: the B-family has v, and d from it, the
+// O-family d, and v from it.
+enum class Finish { none, volume, density };
+
+// Volume or density of region 3 from p and T. The B-family's volume next to the critical point, which is
+// iterated, is left.
+template <Finish finish, class Number>
 void solve_region3(const double* p_of, const double* t_of, double* found, double* result,
                    std::size_t count) noexcept {
     const BySubregion order(Kind<Number>{}, p_of, t_of, count);
@@ -126,7 +129,7 @@ void solve_region3(const double* p_of, const double* t_of, double* found, double
     order.sort(t_of, t, count);
     // a pack reaches into the next subregions, whose own packs come after it
     order.each([&](Subregion subregion, std::size_t begin, std::size_t end) noexcept {
-        const bool left = dense == Dense::volume && subregion >= Subregion::u;
+        const bool left = finish == Finish::volume && subregion >= Subregion::u;
         for (std::size_t k = begin; k < end; k += Number::lanes) {
             const Number volume = left ? Number(0)
                                        : Region3<Number>::v_subregion(
@@ -134,15 +137,15 @@ void solve_region3(const double* p_of, const double* t_of, double* found, double
             volume.store(v + k);
         }
     });
-    if constexpr (dense == Dense::density) {
+    if constexpr (finish == Finish::density) {
         for (std::size_t k = 0; k < count; k += Number::lanes) {
             density_of(Number::load(p + k), Number::load(t + k), Number::load(v + k)).store(v + k);
         }
     }
     order.restore(v, result, count);
-    std::fill(result + count, result + (count + padding - 1) / padding * padding, 1.0);
+    std::fill(result + count, result + padded(count), 1.0);
     for (std::size_t k = 0; k < count; ++k) found[k] = result[k] > 0 ? t_of[k] : 0;
-    std::fill(found + count, found + (count + padding - 1) / padding * padding, T_crit);
+    std::fill(found + count, found + padded(count), T_crit);
 }
 
 }  // namespace vaprix::arrays

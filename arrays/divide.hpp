@@ -109,8 +109,8 @@ void divide_pt(const double* p_of, const double* t_of, std::size_t count,
 
 // As region_but_phase() has it, regions 2 and 3 with the subregions of their backward equations, region
 // 3 below the critical pressure by the B-family's test of the phase; or left to that of the O-family.
-enum class Phase { by_backward_equation, left };
-template <class Y, Phase phase, class Number>
+enum class PhaseTest { by_backward_equation, left };
+template <class Y, PhaseTest test, class Number>
 void divide_py(const double* p_of, const double* y_of, std::size_t count,
                Divided& divided) noexcept {
     if constexpr (Number::lanes == 2) {
@@ -123,7 +123,7 @@ void divide_py(const double* p_of, const double* y_of, std::size_t count,
                     return Y::is_2c(p, y) ? region2c : region2b;
                 case Region::three:
                     if (p > p_crit ||
-                        (phase == Phase::by_backward_equation && p < p_crit && p >= Y::p3sat(y)))
+                        (test == PhaseTest::by_backward_equation && p < p_crit && p >= Y::p3sat(y)))
                         return Y::is_3a(p, y) ? region3a : region3b;
                     return parts;
                 case Region::five: return region5;
@@ -163,7 +163,7 @@ void divide_py(const double* p_of, const double* y_of, std::size_t count,
                 auto dense = between(liquid_high) & (p > psat_13);
                 if (!machine::none(dense)) {
                     auto single = dense & (p > p_crit);
-                    if constexpr (phase == Phase::by_backward_equation) {
+                    if constexpr (test == PhaseTest::by_backward_equation) {
                         single = single | (dense & (p < p_crit) & (p >= Backward::p3sat(y)));
                     }
                     const auto a3 = Backward::is_3a(p, y);

@@ -49,10 +49,6 @@ bool all_found(const Plan& plan, const double* p_of, const double* t_of,
     return machine::none(!found);
 }
 
-// What a resolver makes of p and T in a region that is known: the B-family has v, and d from it, the
-// O-family d, and v from it.
-enum class Finish { none, volume, density };
-
 template <const auto& property, Region region>
 VAPRIX_INLINE Lanes by_equation(Lanes p, Lanes t) noexcept {
     if constexpr (region == Region::one) return property.region1(p, t);
@@ -127,13 +123,14 @@ void solve_dense_b(const double* p, const double* y, double* solved, double* den
                    std::size_t count) noexcept {
     if constexpr (asked.density) {
         solve_block<v3>(p, y, dense, nullptr, count);
-        std::copy_n(dense, count, solved);  // there is no temperature, which nobody asks for
+        std::copy_n(dense, padded(count),
+                    solved);  // there is no temperature, which nobody asks for
     } else {
         solve_block<t3>(p, y, solved, nullptr, count);
         if constexpr (asked.single) {
             alignas(64) double t[block_size];
-            std::copy_n(solved, (count + padding - 1) / padding * padding, t);
-            solve_region3<Dense::volume, Lanes>(p, t, solved, dense, count);
+            std::copy_n(solved, padded(count), t);
+            solve_region3<Finish::volume, Lanes>(p, t, solved, dense, count);
         }
     }
 }
@@ -179,24 +176,24 @@ constexpr std::array<Plan::Solve, parts> solved_o = [] {
 template <class Resolver>
 struct Packed;
 
-template <Dense dense>
+template <Finish finish_>
 struct OfPt {
-    static constexpr Finish finish = dense == Dense::volume ? Finish::volume : Finish::density;
+    static constexpr Finish finish = finish_;
     static constexpr ErrorCode refusal = ErrorCode::outside_range;
     template <Asked asked>
     static constexpr void set(Plan& plan) {
         plan.divide = divide_pt<Lanes>;
         if constexpr (asked.single || asked.density) {
-            plan.solve[region3] = solve_region3<dense, Lanes>;
+            plan.solve[region3] = solve_region3<finish, Lanes>;
         } else {
             plan.evaluate[region3] = nullptr;
         }
     }
 };
 template <>
-struct Packed<resolvers::of_pt_b> : OfPt<Dense::volume> {};
+struct Packed<resolvers::of_pt_b> : OfPt<Finish::volume> {};
 template <>
-struct Packed<resolvers::of_pt_o> : OfPt<Dense::density> {};
+struct Packed<resolvers::of_pt_o> : OfPt<Finish::density> {};
 
 // What is not solved for in a part is left.
 constexpr void leave_unsolved(Plan& plan) {
@@ -211,7 +208,7 @@ struct OfPyB {
     static constexpr ErrorCode refusal = ErrorCode::outside_range;
     template <Asked asked>
     static constexpr void set(Plan& plan) {
-        plan.divide = divide_py<Y, Phase::by_backward_equation, Lanes>;
+        plan.divide = divide_py<Y, PhaseTest::by_backward_equation, Lanes>;
         plan.solve = solved_b<Y>;
         using Backward = typename Y::template Backward<Lanes>;
         plan.solve[region3a] = solve_dense_b<Y, asked, Backward::t3a, Backward::v3a>;
@@ -225,7 +222,7 @@ struct OfPyO {
     static constexpr ErrorCode refusal = ErrorCode::outside_range;
     template <Asked>
     static constexpr void set(Plan& plan) {
-        plan.divide = divide_py<Y, Phase::left, Lanes>;
+        plan.divide = divide_py<Y, PhaseTest::left, Lanes>;
         plan.solve = solved_o<Y>;
         using Backward = typename Y::template Backward<Lanes>;
         plan.solve[region3a] = solve_dense_o<Backward, Backward::t3a, Backward::v3a>;

@@ -15,6 +15,9 @@ inline constexpr std::size_t block_size = 256;
 // Up to the next multiple of it, the arrays of a block may be read and written beyond its elements;
 // the arguments there are those of the last element.
 inline constexpr std::size_t padding = 8;
+[[nodiscard]] constexpr std::size_t padded(std::size_t count) noexcept {
+    return (count + padding - 1) / padding * padding;
+}
 
 // A bit of each element of a block, the first the lowest.
 using Elements = std::array<std::uint64_t, block_size / 64>;

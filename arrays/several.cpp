@@ -75,7 +75,7 @@ struct Output {
     const Plan* plan;    // or null
 };
 
-struct Answers {
+struct BlockOfAnswers {
     alignas(64) double out[block_size];
     std::int32_t code[block_size];
     Elements left;
@@ -83,7 +83,7 @@ struct Answers {
 
 // A block of them: those whose plans divide alike together, what is left one by one.
 void answer_block(std::span<const Output> outputs, std::size_t count, const double* x,
-                  const double* y, Answers* answers) noexcept {
+                  const double* y, BlockOfAnswers* answers) noexcept {
     std::array<bool, at_once> done{};
     for (std::size_t k = 0; k < outputs.size(); ++k) {
         const Plan* const plan = outputs[k].plan;
@@ -93,7 +93,7 @@ void answer_block(std::span<const Output> outputs, std::size_t count, const doub
             continue;
         }
         std::array<Wanted, at_once> wanted;
-        std::array<Answers*, at_once> of;
+        std::array<BlockOfAnswers*, at_once> of;
         std::size_t size = 0;
         for (std::size_t other = k; other < outputs.size(); ++other) {
             const Plan* const of_other = outputs[other].plan;
@@ -116,7 +116,7 @@ void answer_block(std::span<const Output> outputs, std::size_t count, const doub
 void answer(std::span<const Output> outputs, std::size_t n, Array<const double> x,
             Array<const double> y) noexcept {
     Operand xs(x), ys(y);
-    Answers answers[at_once];
+    BlockOfAnswers answers[at_once];
     for (std::size_t first = 0; first < n; first += block_size) {
         const std::size_t count = std::min(n - first, block_size);
         answer_block(outputs, count, xs.load(first, count), ys.load(first, count), answers);
