@@ -6,7 +6,7 @@ set -eu
 cd "$(dirname "$0")/.."
 mkdir -p build
 
-find VAPRIX arrays bench cli cpp examples faces tests tools -name '*.[ch]' -o -name '*.cpp' -o -name '*.hpp' |
+find VAPRIX arrays bench charts cli cpp examples faces tests tools -name '*.[ch]' -o -name '*.cpp' -o -name '*.hpp' |
     grep -v '^VAPRIX/[a-z]*/tables/' | xargs clang-format --dry-run --Werror
 python3 VAPRIX/exports/generate.py pages build/pages
 diff -r build/pages/reference docs/reference
