@@ -53,7 +53,7 @@ WetTemperature<Number> wet_temperature_estimate(Number h, Number s) noexcept {
 
     const Number a = s * T_crit;
     // alpha - T phi is negative: h / s is on the cold side of the solution
-    Number theta = s > 0 ? std::clamp<Number>(h / a, theta_min, 1.0) : theta_min;
+    Number theta = !(a > 0 && h > 0) ? theta_min : h < a ? std::max<Number>(h / a, theta_min) : 1.0;
     Number phi_theta = 0;
     for (int round = 0; round < rounds; ++round) {
         const Number cold = d1 * power<19>(1 / theta);

@@ -24,6 +24,7 @@ Number surface_tension(Number t) noexcept {
     using namespace tables::surface_tension;
     if (!(t >= T_min && t <= Tc)) return failed;
     const Number tau = (Tc - t) / Tc;
+    if (tau == 0) return 0;  // which has no real power here
     return B * pow(tau, mu) * (1 + b * tau) * 0.001;
 }
 
