@@ -10,6 +10,7 @@ parts="
 demo     cmake g++ libcli11-dev ninja-build python3
 test     ccache
 core     binutils clang clang-format clang-tidy libbenchmark-dev libclang-rt-14-dev libgtest-dev libmpfr-dev musl-tools
+fuzz     clang libclang-rt-14-dev
 install  pkg-config
 cli      man-db zsh
 fortran  gfortran pkg-config
