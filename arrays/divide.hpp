@@ -107,6 +107,9 @@ void divide_pt(const double* p_of, const double* t_of, std::size_t count,
     });
 }
 
+// Saturation pressures below region 3, whatever the rounding of their temperatures.
+inline constexpr double p_below_region3 = psat_13 * (1 - 1e-9);
+
 // As region_but_phase() has it, regions 2 and 3 with the subregions of their backward equations, region
 // 3 below the critical pressure by the B-family's test of the phase; or left to that of the O-family.
 enum class PhaseTest { by_backward_equation, left };
@@ -128,7 +131,7 @@ void divide_py(const double* p_of, const double* y_of, std::size_t count,
                     return parts;
                 case Region::five: return region5;
                 case Region::none: return p < p_min || p > p_max ? outside : parts;
-                case Region::wet: break;
+                case Region::wet: return p <= p_below_region3 ? wet : parts;
             }
             return parts;
         });
@@ -160,7 +163,9 @@ void divide_py(const double* p_of, const double* y_of, std::size_t count,
             add(region2c, c);
             if (!machine::none(valid & (!(liquid | vapour)))) {
                 add(region5, between(t25_high));
-                auto dense = between(liquid_high) & (p > psat_13);
+                const auto between_phases = between(liquid_high);
+                add(wet, between_phases & (p <= p_below_region3));
+                const auto dense = between_phases & (p > psat_13);
                 if (!machine::none(dense)) {
                     auto single = dense & (p > p_crit);
                     if constexpr (test == PhaseTest::by_backward_equation) {
@@ -176,8 +181,20 @@ void divide_py(const double* p_of, const double* y_of, std::size_t count,
     });
 }
 
-// Saturated phases below region 3, by temperature and by pressure (B-family), as line_of_t() and
-// line_of_p_b() have them; the part is that of the phase.
+// Of a pressure of the line, which of them are refused.
+enum class Family { b, o };
+template <Family family, class Number>
+VAPRIX_INLINE auto is_off_line(Number p) noexcept {
+    if constexpr (family == Family::b) return (p < line_p_lowest) | (p > p_crit);
+    if constexpr (family == Family::o) return (p <= 0) | (p > p_crit);
+}
+template <class Number>
+VAPRIX_INLINE auto is_below_region3(Number p) noexcept {
+    return (p >= line_p_lowest) & (p <= p_below_region3);
+}
+
+// Saturated phases below region 3 and wet steam there, by temperature and by pressure, as line_of_t() and
+// line_of_p_b() or line_of_p_o() have them; the part is that of the phase.
 template <Part phase, class Number>
 void divide_line_t(const double* t_of, const double* /* again */, std::size_t count,
                    Divided& divided) noexcept {
@@ -187,14 +204,37 @@ void divide_line_t(const double* t_of, const double* /* again */, std::size_t co
         add(outside, (t < T_min) | (t > T_crit));
     });
 }
-template <Part phase, class Number>
+template <Part phase, Family family, class Number>
 void divide_line_p(const double* p_of, const double* /* again */, std::size_t count,
                    Divided& divided) noexcept {
-    constexpr double cold = psat_13 * (1 - 1e-9);  // whatever the rounding of Eq. (31)
     divide_each<Number>(count, divided, [=](std::size_t k, auto add) noexcept {
         const Number p = Number::load(p_of + k);
-        add(phase, (p >= line_p_lowest) & (p <= cold));
-        add(outside, (p < line_p_lowest) | (p > p_crit));
+        add(phase, is_below_region3(p));
+        add(outside, is_off_line<family>(p));
+    });
+}
+
+// Wet steam of given quality, as wet_of_tx(), wet_of_px_b() and wet_of_px_o() have it; a quality out of
+// range is left.
+template <class Number>
+void divide_tx(const double* t_of, const double* x_of, std::size_t count,
+               Divided& divided) noexcept {
+    divide_each<Number>(count, divided, [=](std::size_t k, auto add) noexcept {
+        const Number t = Number::load(t_of + k), x = Number::load(x_of + k);
+        add(wet, (x >= 0) & (x <= 1) & (t >= T_min) & (t <= T_13));
+        add(outside, (t < T_min) | (t > T_crit));
+    });
+}
+template <Family family, class Number>
+void divide_px(const double* p_of, const double* x_of, std::size_t count,
+               Divided& divided) noexcept {
+    divide_each<Number>(count, divided, [=](std::size_t k, auto add) noexcept {
+        const Number p = Number::load(p_of + k), x = Number::load(x_of + k);
+        const auto good = (x >= 0) & (x <= 1);
+        add(wet, good & is_below_region3(p));
+        // the B-family takes a pressure by its absolute value
+        if constexpr (family == Family::b) add(outside, machine::fabs(p) > p_crit);
+        if constexpr (family == Family::o) add(outside, good & is_off_line<family>(p));
     });
 }
 

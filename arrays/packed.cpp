@@ -64,7 +64,8 @@ void answer_part(std::span<Wanted> wanted, Part part, const Elements& elements, 
             if (plan.solve[part] != solved_by) plan.solve[part](x, y, solved, dense, size);
             solved_by = plan.solve[part];
             t = solved;
-            if (plan.solves_pressure) p = solved, t = x;
+            if (plan.solves == Solved::p) p = solved, t = x;
+            if (plan.solves == Solved::both) p = solved, t = dense;
         }
         double* const results = whole ? each.out : some.out;
         plan.evaluate[part](p, t, dense, results, size);
@@ -83,18 +84,17 @@ void answer_part(std::span<Wanted> wanted, Part part, const Elements& elements, 
     }
 }
 
-void answer_outside(Wanted& wanted, const Elements& elements, bool whole,
-                    std::size_t count) noexcept {
-    const Plan& plan = *wanted.plan;
+void answer_constant(Wanted& wanted, const Constant& constant, const Elements& elements, bool whole,
+                     std::size_t count) noexcept {
     without(wanted.left, elements);
     if (whole) {
-        std::fill_n(wanted.out, count, plan.outside_value);
-        std::fill_n(wanted.code, count, plan.outside_code);
+        std::fill_n(wanted.out, count, constant.value);
+        std::fill_n(wanted.code, count, constant.code);
         return;
     }
     for_each(elements, [&](std::size_t k) {
-        wanted.out[k] = plan.outside_value;
-        wanted.code[k] = plan.outside_code;
+        wanted.out[k] = constant.value;
+        wanted.code[k] = constant.code;
     });
 }
 
@@ -115,9 +115,13 @@ void answer_packed(std::span<Wanted> wanted, std::size_t count, const double* x,
         for (std::size_t word = 0; word < all.size(); ++word) elements[word] &= all[word];
         if (elements == Elements{}) continue;
         const bool whole = elements == all;
-        if (part == outside) {
-            for (Wanted& each : wanted) answer_outside(each, elements, whole, count);
-        } else {
+        bool to_evaluate = false;
+        for (Wanted& each : wanted) {
+            const Constant& constant = each.plan->constant[part];
+            if (constant.is_given) answer_constant(each, constant, elements, whole, count);
+            to_evaluate = to_evaluate || each.plan->evaluate[part] != nullptr;
+        }
+        if (to_evaluate) {
             answer_part(wanted, static_cast<Part>(part), elements, whole, count, x, y);
         }
         if (whole) break;

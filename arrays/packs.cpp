@@ -83,11 +83,26 @@ inline constexpr auto evaluated_3 = [](Lanes p, Lanes t, Lanes dense) noexcept {
     }
 };
 
+template <const auto& property>
+inline constexpr auto evaluated_wet = [](Lanes p, Lanes t, Lanes x) noexcept {
+    return mixed<property>(StateOf<Lanes>{.region = Region::wet, .p = p, .t = t, .x = x});
+};
+
 // A property of the state alone.
 template <const auto& property>
 concept Plain = !requires(const State& at) {
     property.defined(at, 0.0);
 };
+
+template <const auto& property>
+constexpr Constant constant(const Refusal& refusal) {
+    Constant answer{true, refusal.value,
+                    refusal.code == no_code ? 0 : static_cast<std::int32_t>(refusal.code)};
+    if constexpr (requires { property.factor; }) {
+        if (refusal.scaled) answer.value *= property.factor;
+    }
+    return answer;
+}
 
 template <const auto& property, Asked asked, Finish finish>
 constexpr void set_evaluations(Plan& plan) {
@@ -115,6 +130,37 @@ constexpr std::array<Plan::Solve, parts> solved_b = [] {
     }>;
     return solve;
 }();
+
+// Wet steam of p and h or s, and its quality where it is asked for.
+template <class Y, Asked asked, auto t_of>
+void solve_wet(const double* p_of, const double* y_of, double* solved, double* quality_of,
+               std::size_t count) noexcept {
+    for (std::size_t k = 0; k < count; k += Lanes::lanes) {
+        const Lanes p = Lanes::load(p_of + k), t = t_of(p);
+        t.store(solved + k);
+        const StateOf<Lanes> state{.region = Region::wet, .p = p, .t = t};
+        const Lanes x = asked.wet ? quality<Y::y>(state, Lanes::load(y_of + k)) : Lanes(0);
+        x.store(quality_of + k);
+    }
+}
+
+// Of the saturation line and of wet steam of given quality, by one variable of the line.
+template <auto other_of>
+void solve_line(const double* given, const double* x_of, double* solved, double* quality_of,
+                std::size_t count) noexcept {
+    solve_block<[](Lanes of, Lanes) noexcept { return other_of(of); }>(given, x_of, solved, nullptr,
+                                                                       count);
+    std::copy_n(x_of, padded(count), quality_of);
+}
+// The pressure, not found where the temperature that gives it back is not, and that temperature.
+void solve_line_o(const double* t_of, const double* /* again */, double* p_of, double* exact_t_of,
+                  std::size_t count) noexcept {
+    for (std::size_t k = 0; k < count; k += Lanes::lanes) {
+        const Lanes p = psat(Lanes::load(t_of + k)), t = tsat_corrected(p);
+        machine::select(t > 0, p, Lanes(0)).store(p_of + k);
+        t.store(exact_t_of + k);
+    }
+}
 
 // Of region 3, whichever of them is asked for: the temperature, the volume of (p, y), or that of p and
 // the temperature.
@@ -185,8 +231,6 @@ struct OfPt {
         plan.divide = divide_pt<Lanes>;
         if constexpr (asked.single || asked.density) {
             plan.solve[region3] = solve_region3<finish, Lanes>;
-        } else {
-            plan.evaluate[region3] = nullptr;
         }
     }
 };
@@ -194,13 +238,6 @@ template <>
 struct Packed<resolvers::of_pt_b> : OfPt<Finish::volume> {};
 template <>
 struct Packed<resolvers::of_pt_o> : OfPt<Finish::density> {};
-
-// What is not solved for in a part is left.
-constexpr void leave_unsolved(Plan& plan) {
-    for (std::size_t part = 0; part < parts; ++part) {
-        if (plan.solve[part] == nullptr) plan.evaluate[part] = nullptr;
-    }
-}
 
 template <class Y>
 struct OfPyB {
@@ -213,21 +250,21 @@ struct OfPyB {
         using Backward = typename Y::template Backward<Lanes>;
         plan.solve[region3a] = solve_dense_b<Y, asked, Backward::t3a, Backward::v3a>;
         plan.solve[region3b] = solve_dense_b<Y, asked, Backward::t3b, Backward::v3b>;
-        leave_unsolved(plan);
+        plan.solve[wet] = solve_wet<Y, asked, tsat<Lanes>>;
     }
 };
 template <class Y>
 struct OfPyO {
     static constexpr Finish finish = Finish::none;
     static constexpr ErrorCode refusal = ErrorCode::outside_range;
-    template <Asked>
+    template <Asked asked>
     static constexpr void set(Plan& plan) {
         plan.divide = divide_py<Y, PhaseTest::left, Lanes>;
         plan.solve = solved_o<Y>;
         using Backward = typename Y::template Backward<Lanes>;
         plan.solve[region3a] = solve_dense_o<Backward, Backward::t3a, Backward::v3a>;
         plan.solve[region3b] = solve_dense_o<Backward, Backward::t3b, Backward::v3b>;
-        leave_unsolved(plan);
+        plan.solve[wet] = solve_wet<Y, asked, tsat_corrected<Lanes>>;
     }
 };
 template <>
@@ -239,39 +276,91 @@ struct Packed<resolvers::of_ph_o> : OfPyO<inverse::Enthalpy> {};
 template <>
 struct Packed<resolvers::of_ps_o> : OfPyO<inverse::Entropy> {};
 
-template <Part phase>
-struct OfLineT {
+// Saturated phases, the line with both of them and wet steam of given quality.
+template <ErrorCode refusal_>
+struct OfLine {
     static constexpr Finish finish = Finish::density;
-    static constexpr ErrorCode refusal = ErrorCode::saturation_temperature_range;
+    static constexpr ErrorCode refusal = refusal_;
+};
+template <Part phase>
+struct OfLineT : OfLine<ErrorCode::saturation_temperature_range> {
     template <Asked>
     static constexpr void set(Plan& plan) {
         plan.divide = divide_line_t<phase, Lanes>;
-        plan.solves_pressure = true;
-        plan.solve[phase] = solve_block<[](Lanes t, Lanes) noexcept { return psat(t); }>;
+        plan.solve[phase] = solve_line<psat<Lanes>>;
+        plan.solves = Solved::p;
     }
 };
 template <>
 struct Packed<resolvers::liquid_of_t> : OfLineT<region1> {};
 template <>
 struct Packed<resolvers::vapour_of_t> : OfLineT<region2a> {};
+template <>
+struct Packed<resolvers::line_of_t> : OfLineT<wet> {};
 
 template <Part phase>
-struct OfLineP {
-    static constexpr Finish finish = Finish::density;
-    static constexpr ErrorCode refusal = ErrorCode::saturation_pressure_range;
+struct OfLineExactT : OfLine<ErrorCode::saturation_temperature_range> {
     template <Asked>
     static constexpr void set(Plan& plan) {
-        plan.divide = divide_line_p<phase, Lanes>;
-        plan.solve[phase] = solve_block<[](Lanes p, Lanes) noexcept { return tsat(p); }>;
+        plan.divide = divide_line_t<phase, Lanes>;
+        plan.solve[phase] = solve_line_o;
+        plan.solves = Solved::both;
     }
 };
 template <>
-struct Packed<resolvers::liquid_of_p_b> : OfLineP<region1> {};
+struct Packed<resolvers::liquid_of_t_o> : OfLineExactT<region1> {};
 template <>
-struct Packed<resolvers::vapour_of_p_b> : OfLineP<region2a> {};
+struct Packed<resolvers::vapour_of_t_o> : OfLineExactT<region2a> {};
 
-// The plan of an export. Packs answer where its rule has no word: of a single phase, by a property of
-// the state alone, and of what is surely outside.
+template <Part phase, Family family, auto t_of>
+struct OfLineP : OfLine<ErrorCode::saturation_pressure_range> {
+    template <Asked>
+    static constexpr void set(Plan& plan) {
+        plan.divide = divide_line_p<phase, family, Lanes>;
+        plan.solve[phase] = solve_line<t_of>;
+    }
+};
+template <>
+struct Packed<resolvers::liquid_of_p_b> : OfLineP<region1, Family::b, tsat<Lanes>> {};
+template <>
+struct Packed<resolvers::vapour_of_p_b> : OfLineP<region2a, Family::b, tsat<Lanes>> {};
+template <>
+struct Packed<resolvers::liquid_of_p_o> : OfLineP<region1, Family::o, tsat_corrected<Lanes>> {};
+template <>
+struct Packed<resolvers::vapour_of_p_o> : OfLineP<region2a, Family::o, tsat_corrected<Lanes>> {};
+
+template <>
+struct Packed<resolvers::wet_of_tx> : OfLine<ErrorCode::saturation_temperature_range> {
+    template <Asked>
+    static constexpr void set(Plan& plan) {
+        plan.divide = divide_tx<Lanes>;
+        plan.solve[wet] = solve_line<psat<Lanes>>;
+        plan.solves = Solved::p;
+    }
+};
+template <Family family, ErrorCode refusal, auto t_of>
+struct OfPx : OfLine<refusal> {
+    template <Asked>
+    static constexpr void set(Plan& plan) {
+        plan.divide = divide_px<family, Lanes>;
+        plan.solve[wet] = solve_line<t_of>;
+    }
+};
+template <>
+struct Packed<resolvers::wet_of_px_b> : OfPx<Family::b, no_code, tsat<Lanes>> {};
+template <>
+struct Packed<resolvers::wet_of_px_o>
+    : OfPx<Family::o, ErrorCode::saturation_pressure_range, tsat_corrected<Lanes>> {};
+
+template <class Resolved, Asked all>
+constexpr Plan resolved_by() {
+    Plan plan;
+    Resolved::template set<all>(plan);
+    return plan;
+}
+
+// The plan of an export. Packs answer where its rule has no word or a constant: by a property of the state
+// alone, and of what is surely outside.
 template <class Export>
 constexpr Plan plan_of() {
     Plan plan;
@@ -279,19 +368,26 @@ constexpr Plan plan_of() {
         using Resolved = Packed<typename Export::resolver>;
         constexpr const auto& rule = Export::rule;
         constexpr const auto& property = Export::property_asked;
-        if constexpr (Plain<property> && !rule.of_any && !rule.only_wet) {
-            set_evaluations<property, asked<rule, property>, Resolved::finish>(plan);
-            Resolved::template set<asked<rule, property>>(plan);
+        if constexpr (Plain<property> && !rule.of_any) {
+            constexpr Asked all = asked<rule, property>;
+            constexpr Plan resolved = resolved_by<Resolved, all>();
+            plan = resolved;
+            if constexpr (rule.of_wet == OfWet::mixed && resolved.solve[wet] != nullptr)
+                plan.evaluate[wet] = evaluate_block<evaluated_wet<property>>;
+            if (rule.of_wet == OfWet::refused) plan.constant[wet] = constant<property>(rule.wet);
+            if constexpr (rule.only_wet) {
+                for (std::size_t part = 0; part < wet; ++part)
+                    plan.constant[part] = {.is_given = true, .value = failed};
+            } else {
+                set_evaluations<property, all, Resolved::finish>(plan);
+            }
             plan.all_found = all_found;
-            plan.has_limits = rule.below.t > 0 || std::min(rule.above.t, rule.above_too.t) < T_max;
             plan.t_high = std::min(rule.above.t, rule.above_too.t);
             plan.t_low = rule.below.t;
-            plan.outside_value = rule.outside.value;
-            if constexpr (requires { property.factor; }) {
-                if (rule.outside.scaled) plan.outside_value *= property.factor;
-            }
-            const ErrorCode code = rule.own_code ? Resolved::refusal : rule.outside.code;
-            plan.outside_code = code == no_code ? 0 : static_cast<std::int32_t>(code);
+            plan.has_limits = plan.t_low > 0 || plan.t_high < T_max;
+            Refusal refusal = rule.outside;
+            if (rule.own_code) refusal.code = Resolved::refusal;
+            plan.constant[outside] = constant<property>(refusal);
         }
     }
     return plan;

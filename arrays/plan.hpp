@@ -22,7 +22,8 @@ inline constexpr std::size_t padding = 8;
 // A bit of each element of a block, the first the lowest.
 using Elements = std::array<std::uint64_t, block_size / 64>;
 
-// Region 3 whole, or as the backward equations of (p, h) and (p, s) divide it.
+// Single phases, region 3 whole or as the backward equations of (p, h) and (p, s) divide it, before wet
+// steam below region 3.
 enum Part : std::size_t {
     region1,
     region2a,
@@ -32,10 +33,22 @@ enum Part : std::size_t {
     region3a,
     region3b,
     region5,
+    wet,
     outside,
     parts
 };
 using Divided = std::array<Elements, parts>;
+
+// What all elements of a part are answered with.
+struct Constant {
+    bool is_given = false;
+    double value = 0;
+    std::int32_t code = 0;
+};
+
+// Which of p and T are solved for, the others being given: with both, T stands where else density or
+// quality does.
+enum class Solved { t, p, both };
 
 struct Plan {
     using Divide = void (*)(const double* x, const double* y, std::size_t count,
@@ -46,11 +59,13 @@ struct Plan {
                               std::size_t count) noexcept;
 
     Divide divide = nullptr;  // null: no plan
+    std::array<Constant, parts> constant{};
     // What the equation needs beside the first given variable, not above 0 where it is not found, and in
-    // region 3 the volume (B-family) or density (O-family); null: the second given one.
+    // region 3 the volume (B-family) or density (O-family), of wet steam the quality; null: the second
+    // given one.
     std::array<Solve, parts> solve{};
-    bool solves_pressure = false;  // of a temperature, else the other way about
-    // Of p and T and in region 3 what has been solved for; null: the part is left.
+    Solved solves = Solved::t;
+    // Of p and T and what else has been solved for; null: the part is left.
     std::array<Evaluate, parts> evaluate{};
     // Whether all states have been found, at temperatures that the answer rule has no word about.
     bool (*all_found)(const Plan& plan, const double* p, const double* t,
@@ -58,8 +73,6 @@ struct Plan {
     bool has_limits = false;  // of those temperatures
     double t_low = 0;
     double t_high = 1e300;
-    double outside_value = 0;  // what the part outside is answered with
-    std::int32_t outside_code = 0;
 };
 
 }  // namespace vaprix::arrays

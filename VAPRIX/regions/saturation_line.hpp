@@ -141,15 +141,23 @@ Number tsat_hs(Number h, Number s) noexcept {
 }
 
 // Eqs. (30) and (31) solve the same equation (29), so the backward temperature is off by no more
-// than its rounding, which one Newton step takes away.
+// than its rounding, which one Newton step takes away; 0 where it is off by more.
+template <class Number>
+[[nodiscard]] VAPRIX_INLINE Number tsat_corrected(Number p) noexcept {
+    constexpr double rounding = 1e-12;  // relative
+    const detail::line::Backward<Number> b(p);
+    const Number t = b.t();
+    const Number step = (p - psat(t)) * b.t_p();
+    const Number corrected = machine::select(t + step > T_crit, Number(T_crit), t + step);
+    return machine::select(fabs(step) < rounding * t, corrected, Number(0));
+}
+
 template <class Number>
 Number tsat_exact(Number p) noexcept {
     if (fabs(p_crit - p) < critical_rounding) return T_crit;
-    const detail::line::Backward<Number> b(p);
-    const Number t = b.t();
-    constexpr double rounding = 1e-12;  // relative
-    const Number step = (p - psat(t)) * b.t_p();
-    if (fabs(step) < rounding * t) return std::min<Number>(t + step, T_crit);
+    const Number corrected = tsat_corrected(p);
+    if (corrected > 0) return corrected;
+    const Number t = tsat(p);
     return pegasus([p](Number x) noexcept { return psat(x) - p; },
                    std::max<Number>(T_min, 0.99 * t), std::min<Number>(T_crit, 1.01 * t), 1e-15);
 }

@@ -81,7 +81,10 @@ inline constexpr Reading z_of_v{
 // not divided for.
 inline constexpr Reading v_or_infinite{
     [](const auto& at) noexcept {
-        return at.p == 0 && at.x > 0 ? std::numeric_limits<double>::infinity() : mixed<v>(at);
+        if constexpr (requires { at.p == 0 && at.x > 0; }) {  // no pack is at no pressure
+            if (at.p == 0 && at.x > 0) return std::numeric_limits<double>::infinity();
+        }
+        return mixed<v>(at);
     },
     v.asked};
 

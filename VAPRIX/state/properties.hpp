@@ -87,10 +87,14 @@ template <const auto& property, class Number>
 [[nodiscard]] VAPRIX_INLINE Number mixed(const StateOf<Number>& state) noexcept {
     if constexpr (requires { property.of; }) {
         return property.of(state);
+    } else if (state.region != Region::wet) {
+        return single<property>(state);
     } else if constexpr (requires { Number::lanes; }) {
-        return single<property>(state);  // several states at a time are never wet
+        const Number of_liquid = single<property>(liquid_end(state));
+        const Number of_vapour = single<property>(vapour_end(state));
+        return machine::select(state.x == 1, of_vapour,
+                               of_liquid + state.x * (of_vapour - of_liquid));
     } else {
-        if (state.region != Region::wet) return single<property>(state);
         if (state.x == 0) return single<property>(liquid_end(state));
         const Number of_vapour = single<property>(vapour_end(state));
         if (state.x == 1) return of_vapour;
