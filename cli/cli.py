@@ -31,7 +31,11 @@ USUAL_OF = {
     "of_td n|fugacity_of_td .*": {"d": "997"}, "(of_t[vd]|region3_of_vt) .*": {"T": "650"}, "wet_of_td .*": {"d": "10"},
     "saturated_of_d .*": {"d": "2"}, "cold_liquid_of_d .*": {"d": "999.9"}, "liquid_of_[hs] .*": {"h": "500", "s": "1"},
     "((cold_)?vapour_of_[hs]|saturated_of_h) .*": {"h": "2700", "s": "6"},
-    " region3_density::d_iterated": {"p": "25", "T": "650"}}
+    "region3_of_pt .*| (region3_density::d_iterated|transport::viscosity_.*)": {"p": "25", "T": "650"},
+    "region2_of_pt .*": {"T": "700"}, "region5_of_pt .*": {"p": "30", "T": "1500"},
+    " region1::.*": {"h": "500", "s": "1.5"}, " region2::.*": {"h": "3000", "s": "6.5"},
+    " region3::.*": {"p": "25.5837"}, " region5::.*": {"p": "30", "h": "5167", "s": "7.73"},
+    " p_b23": {"T": "650"}, " d_.*_estimate": {"T": "640"}}
 
 
 def quoted(text):

@@ -22,6 +22,7 @@ aarch64  binutils g++-aarch64-linux-gnu qemu-user
 windows  g++-mingw-w64-x86-64-posix gfortran-mingw-w64-x86-64-posix lld llvm-14 wine64
 emscripten emscripten nodejs
 debian   abigail-tools build-essential debhelper dh-fortran-mod dh-python gfortran libpython3-dev lintian pkg-config python3-numpy python3-setuptools
+handbook furo man-db python3-myst-parser python3-sphinx
 bench    libbenchmark-dev libgtest-dev python3-matplotlib
 "
 # packages PART: its line of the table

@@ -1,0 +1,125 @@
+# SPDX-License-Identifier: MIT
+"""The handbook by Sphinx: every Markdown file of the repository as a page, to be read without a network.
+
+docs/README.md is the front page; what it links to, section by section, is the table of contents, so that a page it does
+not link to is a warning. A line that is nothing but a link to a source file shows that file. Names of exports lead to
+their entries, which entries.py adds to the pages of the reference.
+"""
+import pathlib
+import re
+import sys
+
+sys.dont_write_bytecode = True  # the source tree may be read-only
+HERE = pathlib.Path(__file__).resolve().parent
+ROOT = HERE.parents[1]
+sys.path[:0] = [str(HERE), str(ROOT / "VAPRIX" / "exports")]
+from docutils import nodes  # noqa: E402
+from docutils.utils.math.latex2mathml import tex2mathml  # noqa: E402
+from sphinx import addnodes  # noqa: E402
+from sphinx.domains.c import CDomain  # noqa: E402
+
+import entries  # noqa: E402
+from answers import rows  # noqa: E402
+
+release = version = re.search(r"project\(vaprix VERSION (\S+)", (ROOT / "CMakeLists.txt").read_text())[1]
+assert f"\nversion: {release}\n" in (ROOT / "CITATION.cff").read_text(), "CITATION.cff is of another version"
+project = "VAPRIX"
+author = "The VAPRIX developers"
+copyright = f"2026 {author}"
+
+extensions = ["myst_parser"]
+source_suffix = {".md": "markdown"}
+root_doc = "docs/README"
+exclude_patterns = ["build*", "obj-*", ".*"]
+nitpicky = True
+primary_domain = "c"
+myst_heading_anchors = 4
+myst_enable_extensions = ["dollarmath", "fieldlist"]
+
+html_theme = "furo"
+html_title = f"VAPRIX {release}"
+html_static_path = ["handbook.css", "handbook.js"]
+html_css_files = ["handbook.css"]
+html_js_files = ["handbook.js"]
+html_copy_source = False
+html_show_sphinx = False
+html_math_renderer = "mathml"
+pygments_style = "friendly"
+pygments_dark_style = "monokai"
+
+man_pages = [("README", "vaprix", "properties of water and steam", author, 7)]
+man_pages += [(f"docs/reference/{p['page']}", f"vaprix-{p['page']}", p["title"], author, 3) for p in rows("pages.csv")]
+man_make_section_directory = True
+
+LANGUAGES = {".c": "c", ".cpp": "cpp", ".cs": "csharp", ".f": "fortranfixed", ".f90": "fortran", ".pas": "pascal",
+             ".py": "python", ".txt": "text", "CMakeLists.txt": "cmake"}
+
+
+def contents(front):
+    """Tables of contents of what a front page links to, a table a section, or one of all."""
+    for section in front.split("\n## ")[1:] or [front]:
+        title, _, text = section.partition("\n")
+        pages = {page: name for name, page in re.findall(r"\[([^]]+)\]\(([^)#:]+)\.md\)", text)}
+        named = "".join(f"{name[0].upper() + name[1:]} <{page}>\n" for page, name in pages.items())
+        yield f"\n```{{toctree}}\n:hidden:\n:caption: {title}\n\n{named}```\n"
+
+
+def shown(link):
+    """The file that a line links to, without the line of its licence."""
+    name, file = link.groups()
+    language = LANGUAGES.get(name, LANGUAGES[pathlib.Path(file).suffix])
+    first = 1 if language == "text" else 2
+    return f"```{{literalinclude}} {file}\n:language: {language}\n:lines: {first}-\n:caption: {name}\n```\n"
+
+
+def read(_app, page, text):
+    text[0] = re.sub(r"^\[`([^`]+)`\]\((\S+)\)\n", shown, text[0], flags=re.MULTILINE)
+    if page in (root_doc, "docs/reference/README"):
+        text[0] += "".join(contents(text[0]))
+    if page.startswith("docs/reference/"):
+        text[0] += entries.of_page(page.removeprefix("docs/reference/"))
+
+
+def link_names(_app, document):
+    """Turns `HBPT` and `HBPT(p, T)` into a link to its entry."""
+    for literal in list(document.findall(nodes.literal)):
+        name = re.sub(r"\([a-zA-Z_, ]*\)$", "", literal.astext())
+        if name in entries.NAMES and not isinstance(literal.parent, (nodes.reference, addnodes.pending_xref)):
+            link = addnodes.pending_xref("", refdomain="c", reftype="func", reftarget=name, refexplicit=True,
+                                         refwarn=True, refdoc=document.settings.env.docname)
+            literal.replace_self(link)
+            link += literal
+
+
+class Functions(CDomain):
+    """Functions without an entry of each parameter in the search."""
+
+    def get_objects(self):
+        return (found for found in super().get_objects() if found[2] == "function")
+
+
+def math(translator, node):
+    """A formula as MathML, which browsers show by themselves."""
+    translator.body.append(tex2mathml(node.astext()))
+    raise nodes.SkipNode
+
+
+def finish(app, failed):
+    """The page that a folder is opened at; man pages by the names of functions."""
+    if failed:
+        return
+    out = pathlib.Path(app.outdir)
+    if app.builder.name == "html":
+        (out / "index.html").write_text(f'<meta http-equiv="refresh" content="0; url={root_doc}.html">'
+                                        f'<a href="{root_doc}.html">{html_title}</a>\n')
+    if app.builder.name == "man":
+        for name, page in entries.NAMES.items():
+            (out / "man3" / f"{name}.3").write_text(f".so man3/vaprix-{page}.3\n")
+
+
+def setup(app):
+    app.add_domain(Functions, override=True)
+    app.connect("source-read", read)
+    app.connect("doctree-read", link_names)
+    app.connect("build-finished", finish)
+    app.add_html_math_renderer("mathml", (math, None), (math, None))
