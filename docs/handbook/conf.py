@@ -5,6 +5,7 @@ docs/README.md is the front page; what it links to, section by section, is the t
 not link to is a warning. A line that is nothing but a link to a source file shows that file. Names of exports lead to
 their entries, which entries.py adds to the pages of the reference.
 """
+import functools
 import pathlib
 import re
 import sys
@@ -64,16 +65,18 @@ def contents(front):
         yield f"\n```{{toctree}}\n:hidden:\n:caption: {title}\n\n{named}```\n"
 
 
-def shown(link):
-    """The file that a line links to, without the line of its licence."""
+def shown(folder, link):
+    """The file that a line links to, from what follows its licence."""
     name, file = link.groups()
     language = LANGUAGES.get(name, LANGUAGES[pathlib.Path(file).suffix])
-    first = 1 if language == "text" else 2
+    lines = (folder / file).read_text(encoding="utf-8").splitlines()
+    first = next(k for k, line in enumerate(lines, 1) if "SPDX" not in line and line.strip(" !C#/"))
     return f"```{{literalinclude}} {file}\n:language: {language}\n:lines: {first}-\n:caption: {name}\n```\n"
 
 
 def read(_app, page, text):
-    text[0] = re.sub(r"^\[`([^`]+)`\]\((\S+)\)\n", shown, text[0], flags=re.MULTILINE)
+    show = functools.partial(shown, (ROOT / page).parent)
+    text[0] = re.sub(r"^\[`([^`]+)`\]\((\S+)\)\n", show, text[0], flags=re.MULTILINE)
     if page in (root_doc, "docs/reference/README"):
         text[0] += "".join(contents(text[0]))
     if page.startswith("docs/reference/"):

@@ -44,6 +44,7 @@ FORMULAS = {row["property"]: row for row in table("formulas.csv")}
 WAYS = table("ways.csv")
 EXAMPLES = {row["export"]: row for row in rows("examples.csv")}
 ACCURACY = (ROOT / "docs" / "accuracy.md").read_text(encoding="utf-8")
+ACCURACY_PROSE = " ".join(ACCURACY.split())
 LIBRARY = ctypes.CDLL(os.environ["VAPRIX_LIBRARY"])
 
 
@@ -84,7 +85,7 @@ def accuracy(entry):
     """What docs/accuracy.md measured of this property, or of the pair."""
     resolver, symbol = entry["resolver"], entry["property"]
     if symbol in TRANSPORT:
-        of_density = " ".join(ACCURACY.partition("Transport properties of")[2].split())
+        of_density = ACCURACY_PROSE.partition("Transport properties of")[2]
         return re.search(rf"{TRANSPORT[symbol]} \D*(\S+e-\d+)", of_density)[1] + " at the density"
     if pair := next((p for p in OF_PAIRS if f"({', '.join(entry['arguments'])})" in p), None):
         b, o = OF_PAIRS[pair].values()
@@ -100,7 +101,10 @@ def accuracy(entry):
         columns += "|region 3.*"
     if not row or not columns:
         return ""
-    return ", ".join(f"{title}: {cell}" for title, cell in OF_PT[row].items() if re.fullmatch(columns, title))
+    found = [f"{title}: {cell}" for title, cell in OF_PT[row].items() if re.fullmatch(columns, title)]
+    if resolver.endswith("of_pt_b"):
+        found.append("region 3: " + re.search(r"published volume v\(p, T\): (v to \S+)", ACCURACY_PROSE)[1])
+    return ", ".join(found)
 
 
 def called(entry):
