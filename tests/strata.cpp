@@ -75,7 +75,9 @@ const std::vector<Stratum> strata = {
     {"critical isochore", Place::boundary, [](Random& r) { const double t = T_crit + r.log_uniform(1e-12, 150);
         return Point{r.beside(call<POTD>(t, 322.0)), t}; }},
     {"bands of the volume equations", Place::boundary, [](Random& r) {
-        return Point{r.beside(r.one_of({19.00881189173929, 20.5, 21.0433673189753, 22.5, 23, 25, 40})), r.uniform(T_13, 720)}; }}};
+        return Point{r.beside(r.one_of({19.00881189173929, 20.5, 21.0433673189753, 22.5, 23, 25, 40})), r.uniform(T_13, 720)}; }},
+    {"error of the equation of B23", Place::boundary, [](Random& r) { const double t = r.uniform(T_13, T_23);
+        return Point{call<FB23>(t) * (1 + r.offset(1e-7, 5e-5)), t}; }}};
 // clang-format on
 
 State state(const Point& point) {
