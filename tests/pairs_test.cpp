@@ -168,6 +168,11 @@ private:
         const bool coldest_vapour = region == 2 && f[p] < p_low;
         EXPECT_TRUE(!strict || region == 4 || coldest_vapour || call<REGIONPT>(f[p], f[T]) != 0)
             << tell();
+        if (given(h) && given(s) && (region == 2 || region == 3) && f[T] > T_13 && f[T] < T_23) {
+            const double beyond =
+                f[p] / call<FB23>(f[T]) - 1;  // some state has h and s, so that its region does
+            EXPECT_TRUE(std::fabs(beyond) < 1e-9 || (beyond > 0) == (region == 3)) << tell();
+        }
         if (region != 3 || f[T] > T_crit - 1e-9 || f[p] > p_crit) return;
         const bool dense = f[d] > 322;
         if (given(p)) {
