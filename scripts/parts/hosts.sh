@@ -5,7 +5,6 @@
 set -eu
 cd "$(dirname "$0")/../.."
 
-cmake --preset library
-cmake --build build/library
-cmake --install build/library --component Unspecified --prefix build/hosts
+sh scripts/build.sh library
+flock build/library.lock cmake --install build/library --component Unspecified --prefix build/hosts
 sh faces/hosts/test.sh build/hosts

@@ -5,6 +5,5 @@
 set -eu
 cd "$(dirname "$0")/../.."
 
-cmake --preset library
-cmake --build build/library
-sh tests/install/install.sh "$PWD" "$PWD/build/library" lib "$PWD/build/library/generated/exports.txt"
+sh scripts/build.sh library
+flock build/library.lock sh tests/install/install.sh "$PWD" "$PWD/build/library" lib "$PWD/build/library/generated/exports.txt"

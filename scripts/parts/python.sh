@@ -6,8 +6,7 @@ set -eu
 cd "$(dirname "$0")/../.."
 
 build=build/python
-cmake --preset python
-cmake --build "$build" --target vaprix vaprix_python
+sh scripts/build.sh python vaprix vaprix_python
 export VAPRIX_LIBRARY="$PWD/$build/VAPRIX/libvaprix.so" PYTHONDONTWRITEBYTECODE=1
 PYTHONPATH="$build/site" /usr/bin/python3 -m pytest -q -p no:cacheprovider faces/python/tests/*.py
 

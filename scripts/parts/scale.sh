@@ -6,6 +6,5 @@ set -eu
 cd "$(dirname "$0")/../.."
 
 build=build/python
-cmake --preset python
-cmake --build "$build" --target vaprix_python
+sh scripts/build.sh python vaprix_python
 PYTHONDONTWRITEBYTECODE=1 PYTHONPATH="$PWD/$build/site" /usr/bin/python3 -m pytest -q -p no:cacheprovider faces/python/tests/scale
