@@ -31,6 +31,7 @@ copyright = f"2026 {author}"
 extensions = ["myst_parser"]
 source_suffix = {".md": "markdown"}
 root_doc = "docs/README"
+REFERENCE = "docs/reference/README"
 exclude_patterns = ["build*", "obj-*", ".*"]
 nitpicky = True
 primary_domain = "c"
@@ -77,8 +78,10 @@ def shown(folder, link):
 def read(_app, page, text):
     show = functools.partial(shown, (ROOT / page).parent)
     text[0] = re.sub(r"^\[`([^`]+)`\]\((\S+)\)\n", show, text[0], flags=re.MULTILINE)
-    if page in (root_doc, "docs/reference/README"):
+    if page in (root_doc, REFERENCE):
         text[0] += "".join(contents(text[0]))
+    if page == REFERENCE:
+        text[0] += "\n```{toctree}\n:hidden:\n\nIndex of functions </genindex>\n```\n"
     if page.startswith("docs/reference/"):
         text[0] += entries.of_page(page.removeprefix("docs/reference/"))
 

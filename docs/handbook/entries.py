@@ -103,7 +103,7 @@ def accuracy(entry):
         return ""
     found = [f"{title}: {cell}" for title, cell in OF_PT[row].items() if re.fullmatch(columns, title)]
     if resolver.endswith("of_pt_b"):
-        found.append("region 3: " + re.search(r"published volume v\(p, T\): (v to \S+)", ACCURACY_PROSE)[1])
+        found.append("region 3: " + re.search(r"published volume v\(p, T\): (v to [\d.e-]+)", ACCURACY_PROSE)[1])
     return ", ".join(found)
 
 
