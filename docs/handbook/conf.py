@@ -13,14 +13,13 @@ import sys
 sys.dont_write_bytecode = True  # the source tree may be read-only
 HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parents[1]
-sys.path[:0] = [str(HERE), str(ROOT / "VAPRIX" / "exports")]
+sys.path.insert(0, str(HERE))
 from docutils import nodes  # noqa: E402
 from docutils.utils.math.latex2mathml import tex2mathml  # noqa: E402
 from sphinx import addnodes  # noqa: E402
 from sphinx.domains.c import CDomain  # noqa: E402
 
 import entries  # noqa: E402
-from answers import rows  # noqa: E402
 
 release = version = re.search(r"project\(vaprix VERSION (\S+)", (ROOT / "CMakeLists.txt").read_text())[1]
 assert f"\nversion: {release}\n" in (ROOT / "CITATION.cff").read_text(), "CITATION.cff is of another version"
@@ -31,8 +30,7 @@ copyright = f"2026 {author}"
 extensions = ["myst_parser"]
 source_suffix = {".md": "markdown"}
 root_doc = "docs/README"
-REFERENCE = "docs/reference/README"
-exclude_patterns = ["build*", "obj-*", ".*"]
+exclude_patterns = ["build*", "*-build", "obj-*", "vaprix-*", "venv", "wasm", ".*"]  # what docs/start.md leaves behind
 nitpicky = True
 primary_domain = "c"
 myst_heading_anchors = 4
@@ -50,7 +48,7 @@ pygments_style = "friendly"
 pygments_dark_style = "monokai"
 
 man_pages = [("README", "vaprix", "properties of water and steam", author, 7)]
-man_pages += [(f"docs/reference/{p['page']}", f"vaprix-{p['page']}", p["title"], author, 3) for p in rows("pages.csv")]
+man_pages += [(f"docs/reference/{page}", f"vaprix-{page}", title, author, 3) for page, title in entries.PAGES.items()]
 man_make_section_directory = True
 
 LANGUAGES = {".c": "c", ".cpp": "cpp", ".cs": "csharp", ".f": "fortranfixed", ".f90": "fortran", ".pas": "pascal",
@@ -58,8 +56,8 @@ LANGUAGES = {".c": "c", ".cpp": "cpp", ".cs": "csharp", ".f": "fortranfixed", ".
 
 
 def contents(front):
-    """Tables of contents of what a front page links to, a table a section, or one of all."""
-    for section in front.split("\n## ")[1:] or [front]:
+    """Tables of contents of what a front page links to, a table a section."""
+    for section in front.split("\n## ")[1:]:
         title, _, text = section.partition("\n")
         pages = {page: name for name, page in re.findall(r"\[([^]]+)\]\(([^)#:]+)\.md\)", text)}
         named = "".join(f"{name[0].upper() + name[1:]} <{page}>\n" for page, name in pages.items())
@@ -78,10 +76,10 @@ def shown(folder, link):
 def read(_app, page, text):
     show = functools.partial(shown, (ROOT / page).parent)
     text[0] = re.sub(r"^\[`([^`]+)`\]\((\S+)\)\n", show, text[0], flags=re.MULTILINE)
-    if page in (root_doc, REFERENCE):
+    if page == root_doc:
         text[0] += "".join(contents(text[0]))
-    if page == REFERENCE:
-        text[0] += "\n```{toctree}\n:hidden:\n\nIndex of functions </genindex>\n```\n"
+    if page == "docs/reference/README":
+        text[0] += f"\n```{{toctree}}\n:hidden:\n\n{chr(10).join(entries.PAGES)}\nIndex of functions </genindex>\n```\n"
     if page.startswith("docs/reference/"):
         text[0] += entries.of_page(page.removeprefix("docs/reference/"))
 

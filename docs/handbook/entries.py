@@ -18,7 +18,7 @@ sys.path[:0] = [str(ROOT / folder) for folder in ("VAPRIX/exports", "cli", "face
 import cli  # noqa: E402
 from answers import answers, prose, rows  # noqa: E402
 from functions import exported, is_failure, worksheet_name  # noqa: E402
-from generate import ARGUMENTS, WRITTEN, argument_type, catalogue, parameters, result_type  # noqa: E402
+from generate import WRITTEN, argument_type, catalogue, parameters, result_type  # noqa: E402
 
 LEGEND = """
 ## Function by function
@@ -39,6 +39,7 @@ def table(name):
 
 
 ENTRIES, FAMILIES = catalogue()
+PAGES = {row["page"]: row["title"] for row in rows("pages.csv")}
 NAMES = {e["name"]: FAMILIES[e["family"]]["page"] for e in ENTRIES}  # of an export: its page
 FORMULAS = {row["property"]: row for row in table("formulas.csv")}
 WAYS = table("ways.csv")
@@ -50,7 +51,7 @@ LIBRARY = ctypes.CDLL(os.environ["VAPRIX_LIBRARY"])
 
 def plain(entry):
     """The property of an export without the way it is formed, as v of v_of_d."""
-    return re.sub("_of_[vd].*|_or_infinite", "", entry["property"])
+    return re.sub("(_of_[vd])+$|_or_infinite", "", entry["property"])
 
 
 def formula(entry):
@@ -79,32 +80,44 @@ def accuracy_table(title):
 
 
 OF_PT, OF_PAIRS = accuracy_table("Property of (p, T)"), accuracy_table("Pair")
+DERIVED = {e["property"] for e in ENTRIES if NAMES[e["name"]] == "derived-properties"}
+
+
+def accuracy_of_pair(entry):
+    """Of what is found by another pair of variables, or by one along the saturation line."""
+    pair = f"({', '.join(entry['arguments'])})"
+    if re.search("(saturated|liquid|vapour)_of_[dhs]$", entry["resolver"]):
+        pair = "saturated states by"
+    elif re.fullmatch("liquid_of_p_[bo] T", f"{entry['resolver']} {entry['property']}"):
+        pair = "saturation temperature"
+    b, o = next((row.values() for name, row in OF_PAIRS.items() if pair in name), ("", ""))
+    if b != "as the O-family" and entry["resolver"].endswith("_b"):
+        return b if "`" in b else f"against the basic equations {b}"
+    return f"both variables back to {o}" if o[:1].isdigit() else o
+
+
+def accuracy_of_pt(entry):
+    """Of a property in the regions that a resolver can find."""
+    symbol, resolver = plain(entry), entry["resolver"]
+    row = next((r for r in OF_PT if symbol in r.split(", ") or symbol in DERIVED and r.startswith("derived")), None)
+    kinds = {"region([125])_": r"region \1", "^(fugacity_)?of_pt": "region [125]",
+             "(liquid|vapour)_of_t|wet_of": "saturated.*|above"}
+    found = (match.expand(titles) for of, titles in kinds.items() if (match := re.search(of, resolver)))
+    titles = next(found, "") + "|region 3.*" * resolver.endswith("of_pt_o")
+    figures = [f"{title}: {figure}" for title, figure in OF_PT[row].items() if re.fullmatch(titles, title)] if row else []
+    if figures and resolver == "of_pt_b":
+        figures.append("region 3: " + re.search(r"published volume v\(p, T\): (v to [\d.e-]+)", ACCURACY_PROSE)[1])
+    return ", ".join(figures)
 
 
 def accuracy(entry):
-    """What docs/accuracy.md measured of this property, or of the pair."""
-    resolver, symbol = entry["resolver"], entry["property"]
-    if symbol in TRANSPORT:
+    """What docs/accuracy.md measured of this property, or of the variables by which it is found."""
+    if what := TRANSPORT.get(entry["property"]):
         of_density = ACCURACY_PROSE.partition("Transport properties of")[2]
-        return re.search(rf"{TRANSPORT[symbol]} \D*(\S+e-\d+)", of_density)[1] + " at the density"
-    if pair := next((p for p in OF_PAIRS if f"({', '.join(entry['arguments'])})" in p), None):
-        b, o = OF_PAIRS[pair].values()
-        by_b = re.search(r"_b$", resolver) and b != "as the O-family"
-        return f"{b}, against the basic equations" if by_b else f"both variables back to {o}"
-    row = next((r for r in OF_PT if plain(entry) in r.split(", ")), None)
-    row = row or next((r for r in OF_PT if r.startswith("derived") and "derived" in NAMES[entry["name"]]), None)
-    kinds = [("_of_pt", "region 1|region 2|region 5"), ("(liquid|vapour)_of_[tp]|wet_of", "saturated.*|above")]
-    if region := re.match("region([125])", resolver):
-        kinds = [("", f"region {region[1]}")]
-    columns = next((columns for of, columns in kinds if re.search(of, "_" + resolver)), None)
-    if resolver.endswith("of_pt_o"):
-        columns += "|region 3.*"
-    if not row or not columns:
+        return re.search(rf"{what} \D*(\S+e-\d+)", of_density)[1] + " at the density"
+    if entry["property"] == "region" or not entry["resolver"]:
         return ""
-    found = [f"{title}: {cell}" for title, cell in OF_PT[row].items() if re.fullmatch(columns, title)]
-    if resolver.endswith("of_pt_b"):
-        found.append("region 3: " + re.search(r"published volume v\(p, T\): (v to [\d.e-]+)", ACCURACY_PROSE)[1])
-    return ", ".join(found)
+    return accuracy_of_pair(entry) or accuracy_of_pt(entry)
 
 
 def called(entry):
