@@ -90,7 +90,9 @@ def accuracy_of_pair(entry):
         pair = "saturated states by"
     elif re.fullmatch("liquid_of_p_[bo] T", f"{entry['resolver']} {entry['property']}"):
         pair = "saturation temperature"
-    b, o = next((row.values() for name, row in OF_PAIRS.items() if pair in name), ("", ""))
+    b, o = next((row.values() for name, row in OF_PAIRS.items() if pair in name), (None, None))
+    if not o:
+        return ""
     if b != "as the O-family" and entry["resolver"].endswith("_b"):
         return b if "`" in b else f"against the basic equations {b}"
     return f"both variables back to {o}" if o[:1].isdigit() else o
@@ -101,7 +103,7 @@ def accuracy_of_pt(entry):
     symbol, resolver = plain(entry), entry["resolver"]
     row = next((r for r in OF_PT if symbol in r.split(", ") or symbol in DERIVED and r.startswith("derived")), None)
     kinds = {"region([125])_": r"region \1", "^(fugacity_)?of_pt": "region [125]",
-             "(liquid|vapour)_of_t|wet_of": "saturated.*|above"}
+             "(liquid|vapour)_of_[tp]|wet_of": "saturated.*|above"}
     found = (match.expand(titles) for of, titles in kinds.items() if (match := re.search(of, resolver)))
     titles = next(found, "") + "|region 3.*" * resolver.endswith("of_pt_o")
     figures = [f"{title}: {figure}" for title, figure in OF_PT[row].items() if re.fullmatch(titles, title)] if row else []
