@@ -66,7 +66,7 @@ struct View {
     std::array<bool, kinds> shows;  // by kind
     std::array<Unit, 6> units;      // by quantity
     double tolerance = 1e-4;  // of a chord from its curve, in widths or heights of the picture
-    std::size_t levels = 20;  // of a kind, at most; of p and v three to a decade
+    std::size_t levels = 20;  // of a kind, at most
 
     [[nodiscard]] Point placed(const Point& point) const noexcept {
         return {x.placed(point.x), y.placed(point.y)};

@@ -130,23 +130,28 @@ private:
         hot.nodes[0] = of_pt(p_max_5, T_25).h();
         draw(Kind::limit, p_max_5, p(p_max_5), hot);
         draw(Kind::limit, T_max, t(T_max), between(T_max, p_min, p_max_5));
-        draw(Kind::limit, p_min, p(p_min), isobar(p_min));
+        draw(Kind::limit, p_min, p(0.000611), isobar(p_min));
     }
-    // By states all over the view.
+    // By states all over the view; those of region 5 count where there are no others.
     void find_ranges() {
         constexpr int steps = 24;
+        std::array<Range, 6> hot;
+        bool any = false;
         for (int i = 0; i <= steps; ++i) {
             for (int k = 0; k <= steps; ++k) {
                 const State state = view_.state_at({view_.x.value_at(double{1} * i / steps),
                                                     view_.y.value_at(double{1} * k / steps)});
-                if (!state) continue;
-                for (std::size_t q = 0; q < ranges_.size(); ++q) {
-                    const double value = value_of(static_cast<Quantity>(q), state);
-                    if (std::isnan(value)) continue;
-                    ranges_[q] = {std::min(ranges_[q].low, value),
-                                  std::max(ranges_[q].high, value)};
-                }
+                any = any || (state && state.region() != 5);
+                if (state) widen(state.region() == 5 ? hot : ranges_, state);
             }
+        }
+        if (!any) ranges_ = hot;
+    }
+    static void widen(std::array<Range, 6>& ranges, const State& state) {
+        for (std::size_t q = 0; q < ranges.size(); ++q) {
+            const double value = value_of(static_cast<Quantity>(q), state);
+            if (std::isnan(value)) continue;
+            ranges[q] = {std::min(ranges[q].low, value), std::max(ranges[q].high, value)};
         }
     }
     void draw(const Levels& family) {

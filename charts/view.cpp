@@ -21,8 +21,7 @@ Known known(Chart chart) {
     switch (chart) {
         case Chart::ts:
             return {T, s, of_ts, {Kind::quality, Kind::isobar, Kind::isochore, Kind::isenthalp}};
-        case Chart::hs:
-            return {h, s, of_hs, {Kind::quality, Kind::isobar, Kind::isotherm, Kind::isochore}};
+        case Chart::hs: return {h, s, of_hs, {Kind::quality, Kind::isobar, Kind::isotherm}};
         case Chart::ph:
             return {p, h, of_ph, {Kind::quality, Kind::isotherm, Kind::isochore, Kind::isentrope}};
         case Chart::pt:
@@ -69,7 +68,6 @@ View view_of(Chart chart) {
     view.units = {Unit{"MPa"}, Unit{"K"}, Unit{"m3/kg"}, Unit{"kJ/kg"}, Unit{"kJ/(kg K)"}, Unit{}};
     view.shown(Kind::saturation) = view.shown(Kind::limit) = true;
     for (const Kind kind : of.kinds) view.shown(kind) = true;
-    if (chart == Chart::pv) view.levels = 12;  // whose lines are close to each other
     return view;
 }
 

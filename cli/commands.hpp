@@ -13,6 +13,7 @@ namespace vaprix::cli {
 void add_state(CLI::App& app, int& status);
 void add_table(CLI::App& app, int& status);
 void add_map(CLI::App& app, int& status);
+void add_chart(CLI::App& app, int& status);
 void add_call(CLI::App& app, int& status);
 void add_list(CLI::App& app);
 void add_help(CLI::App& app);

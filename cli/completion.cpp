@@ -35,7 +35,10 @@ void print_cases(const std::vector<Path>& paths) {
         std::string words, answers;
         for (const CLI::App* below : commands_of(*path.command)) words += below->get_name() + " ";
         for (const Choice& choice : choices_of(*path.command)) {
-            if (choice.is_argument) continue;
+            if (choice.is_argument) {
+                for (const std::string& answer : choice.answers) words += answer + " ";
+                continue;
+            }
             std::string either;
             for (const std::string& name : choice.names) {
                 words += name + " ";
@@ -105,7 +108,8 @@ void add_completion(CLI::App& app) {
         app.add_subcommand("completion", "Print what completes commands in a shell");
     command->add_option("shell", *shell, "bash or zsh")
         ->required()
-        ->check(CLI::IsMember({"bash", "zsh"}));
+        ->check(CLI::IsMember({"bash", "zsh"}))
+        ->type_name("bash|zsh");
     command->footer(
         "Examples:\n  vaprix completion bash >>~/.bash_completion\n"
         "  vaprix completion zsh >~/.zfunc/_vaprix");

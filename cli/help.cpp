@@ -24,6 +24,10 @@ Choice choice_of(const CLI::Option& option) {
     out.is_required = option.get_required();
     out.is_repeated = option.get_items_expected_max() > 1;
     out.text = option.get_description();
+    // "NAME" of the value, its answers "a|b", or both, "NAME:a|b"; then what the validators say
+    const std::vector<std::string> parts = split(option.get_type_name(), ':');
+    for (const std::string& part : parts)
+        if (part.find('|') != std::string::npos) out.answers = split(part, '|');
     if (out.is_argument) {
         out.names = {option.get_name(true)};
         return out;
@@ -31,8 +35,7 @@ Choice choice_of(const CLI::Option& option) {
     for (const std::string& name : option.get_snames()) out.names.push_back("-" + name);
     for (const std::string& name : option.get_lnames()) out.names.push_back("--" + name);
     if (option.get_type_size_max() == 0) return out;
-    out.value = split(option.get_type_name(), ':')[0];  // without what the validators say
-    if (out.value.find('|') != std::string::npos) out.answers = split(out.value, '|');
+    out.value = parts[0];
     if (!option.get_default_str().empty()) out.text += " (" + option.get_default_str() + ")";
     return out;
 }

@@ -39,6 +39,7 @@ int run(int argc, char** argv) {
     add_state(app, status);
     add_table(app, status);
     add_map(app, status);
+    add_chart(app, status);
     add_call(app, status);
     add_list(app);
     add_help(app);

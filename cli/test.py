@@ -2,7 +2,9 @@
 # SPDX-License-Identifier: MIT
 """The command as a shell runs it: test.py VAPRIX [TEST ...]."""
 import csv
+import itertools
 import json
+import math
 import os
 import pathlib
 import random
@@ -11,6 +13,7 @@ import subprocess
 import sys
 import tempfile
 import unittest
+from xml.etree import ElementTree
 
 HERE = pathlib.Path(__file__).resolve().parent
 TOOL = pathlib.Path(sys.argv.pop(1)).resolve()
@@ -286,6 +289,142 @@ class Tables(Shell):
             self.assertIn(reason, self.run_in_shell("vaprix table saturation --from 0C --to 9C " + more, 2)[1])
 
 
+class Charts(Shell):
+    PROCESS = ("station,p [bar],T [C],s,x\ncondenser,0.05,,,0\npump,180,33.4,,\nboiler,170,545,,\n"
+               "exhaust,0.05,,7.6,\ncondenser,0.05,,,0\n")
+
+    def drawn(self, command, status=0, given=None):
+        """The picture as XML, the frame of the plot, and what is said."""
+        out, err = self.run_in_shell(f"vaprix chart {command} -o -", status, given)
+        picture = ElementTree.fromstring(out.encode("latin-1"))
+        for element in picture.iter():
+            element.tag = element.tag.partition("}")[2]
+        frame = next(e for e in picture.iter("rect") if e.get("stroke"))
+        return picture, [float(frame.get(name)) for name in ("x", "y", "width", "height")], err
+
+    def paths(self, picture, kind):
+        """The polylines of a kind by what they are called."""
+        out = {}
+        for path in picture.iter("path"):
+            if path.get("class") == kind:
+                numbers = [float(number) for number in re.findall(r"[-\d.]+", path.get("d"))]
+                out.setdefault(path.findtext("title"), []).append(list(zip(numbers[::2], numbers[1::2])))
+        return out
+
+    def distance(self, at, parts):
+        def from_piece(a, b):
+            x, y = b[0] - a[0], b[1] - a[1]
+            t = ((at[0] - a[0]) * x + (at[1] - a[1]) * y) / ((x * x + y * y) or 1)
+            t = min(1, max(0, t))
+            return math.hypot(a[0] + t * x - at[0], a[1] + t * y - at[1])
+        return min(from_piece(a, b) for part in parts for a, b in zip(part, part[1:]))
+
+    def test_lines_pass_published_states(self):
+        states = ((300, 3, 115.331273, 0.392294792), (500, 3, 975.542239, 2.58041912),  # IAPWS R7-97(2012), Table 5
+                  (700, 30, 2631.49474, 5.17540298), (700, 0.0035, 3335.68375, 10.1749996),  # Table 15
+                  (650, 25.5837018, 1863.43019, 4.05427273), (650, 22.2930643, 2375.12401, 4.85438792))  # Table 33
+        hs, frame, _ = self.drawn("hs -r s=0:11")
+        ph, of_ph, _ = self.drawn("ph")
+        for T, p, h, s in states:
+            for picture, (x, y, width, height), at in (
+                    (hs, frame, (s / 11, h / 4200)), (ph, of_ph, (h / 4200, math.log(p / 0.001) / math.log(1e5)))):
+                at = (x + at[0] * width, y + height - at[1] * height)
+                self.assertLess(self.distance(at, self.paths(picture, "isotherm")[f"{T} K"]), 0.15, (T, p))
+        ts, (x, y, width, height), _ = self.drawn("ts")
+        (isobar,) = self.paths(ts, "isobar")["1 MPa"]
+        level = y + height - (453.035632 - 273.15) / 800 * height  # Table 36
+        self.assertGreater(sum(b[0] - a[0] for a, b in zip(isobar, isobar[1:])
+                               if abs(a[1] - level) < 0.02 and abs(b[1] - level) < 0.02), 300)
+
+    def corners(self, text, shrink=0.9):
+        x, y, angle = (float(n) for n in re.fullmatch(r"translate\((\S+) (\S+)\)(?: rotate\((\S+)\))?",
+                                                      text.get("transform")).groups("0"))
+        size = float(text.get("font-size"))
+        width = shrink * size * sum(0.3 if c in " .,ijlftI()" else 0.62 for c in "".join(text.itertext()))
+        left = {"start": 0, "middle": -width / 2, "end": -width}[text.get("text-anchor", "start")]
+        c, s = math.cos(math.radians(angle)), math.sin(math.radians(angle))
+        return [(x + c * u - s * v, y + s * u + c * v) for u, v in
+                ((left, 0), (left + width, 0), (left + width, -0.72 * size), (left, -0.72 * size))]
+
+    def overlap(self, a, b):
+        for box in (a, b):
+            for (x, y), (u, v) in zip(box, box[1:]):
+                along = [[(p - x) * (u - x) + (q - y) * (v - y) for p, q in other] for other in (a, b)]
+                if max(along[0]) < min(along[1]) or max(along[1]) < min(along[0]):
+                    return False
+        return True
+
+    def test_texts_do_not_overlap(self):
+        (self.folder / "p.csv").write_text(self.PROCESS)
+        for chart, least in (("ts", 35), ("hs", 35), ("ph", 35), ("pt", 25), ("pv", 25)):
+            for more in ("", "--size 450x400", "-l all -u C,bar -p p.csv --size 1400x900"):
+                picture, (x, y, width, height), _ = self.drawn(f"{chart} {more}")
+                texts = [(text, self.corners(text)) for text in picture.iter("text")]
+                labels = [box for text, box in texts if text.get("class", "").startswith("label")]
+                self.assertGreater(len(labels), least if not more.startswith("--size") else 10, (chart, more))
+                for box in labels:
+                    self.assertTrue(all(x <= u <= x + width and y <= v <= y + height for u, v in box), (chart, more))
+                for (a, of_a), (b, of_b) in itertools.combinations(texts, 2):
+                    self.assertFalse(self.overlap(of_a, of_b),
+                                     (chart, more, "".join(a.itertext()), "".join(b.itertext())))
+
+    def test_formats(self):
+        for chart in ("ts", "hs", "ph", "pt", "pv"):
+            self.run_in_shell(f"for f in svg pdf PNG; do vaprix chart {chart} --size 600x500 -o c.$f || exit; done")
+            self.assertTrue((self.folder / "c.pdf").read_bytes().startswith(b"%PDF-"))
+            png = (self.folder / "c.PNG").read_bytes()
+            self.assertEqual((png[:8], png[16:24]), (b"\x89PNG\r\n\x1a\n", b"\0\0\x02\x58\0\0\x01\xf4"))
+            light = ElementTree.parse(self.folder / "c.svg").getroot()
+            self.assertEqual((light.get("width"), light.get("height")), ("600", "500"))
+        dark, _, _ = self.drawn("ts --dark")
+        papers = [next(e.get("fill") for e in picture.iter() if e.tag.endswith("rect")) for picture in (light, dark)]
+        self.assertGreater(int(papers[0][1:3], 16), 200)
+        self.assertLess(int(papers[1][1:3], 16), 60)
+
+    def test_what_is_drawn_can_be_chosen(self):
+        picture, _, _ = self.drawn("ts -l isobar,saturation -u psi,F -r T=100F:1500F")
+        self.assertEqual({path.get("class") for path in picture.iter("path")} - {None}, {"isobar", "saturation"})
+        self.assertIn("100 psi", self.paths(picture, "isobar"))
+        ticks = [text.text for text in picture.iter("text") if text.get("class") == "tick-y"]
+        self.assertEqual((ticks[0], ticks[-1]), ("100", "1500") if len(ticks) > 10 else ("200", "1400"))
+
+    def test_processes(self):
+        picture, (x, y, width, height), err = self.drawn("ts -p -", 0, self.PROCESS)
+        self.assertEqual(err, "")
+        paths = self.paths(picture, "process")[None]
+        self.assertEqual(len(paths), 4)
+        for before, after in zip(paths, paths[1:]):
+            self.assertEqual(before[-1], after[0])
+        self.assertEqual(paths[-1][-1], paths[0][0])
+        self.assertGreater(len(paths[1]), 20)  # through the wet steam, not straight across
+        self.assertEqual({len(path) for path in self.paths(self.drawn("ts --straight -p -", 0, self.PROCESS)[0],
+                                                           "process")[None]}, {2})
+        texts = ["".join(text.itertext()) for text in picture.iter("text")]
+        for said in ("1", "4", "1 condenser", "3 boiler"):
+            self.assertIn(said, texts)
+        self.assertNotIn("5 condenser", texts)
+        picture, _, err = self.drawn("ph -p -", 1, "p,h\nbar,kJ/kg\n1,500\n2,600\n\n# other\n3,700\n5000,1\n4,x\n5\n6,\n4,800\n")
+        self.assertEqual(len(self.paths(picture, "process")[None]), 1)
+        for said in ("line 8: pressure", "line 9: h is no number: 'x'", "line 10: 1 cells instead of 2",
+                     "line 11: a state takes two variables", "4 of 8 rows have no answer"):
+            self.assertIn(said.replace("pressure", "outside the range of validity"), err)
+
+    def test_what_cannot_be_done(self):
+        os.symlink("/dev/full", self.folder / "full.svg")
+        for command, reason in (
+                ("ts -o full.svg", "full.svg: cannot write: No space left"), ("ts -o full.svg >/dev/full", "No space"),
+                ("ts -o - >/dev/full", "stdout: cannot write: No space left"), ("ts -o no/t.svg", "no/t.svg: cannot open"),
+                ("ts -o t.jpg", "told by the suffix"), ("ts -o t", "told by the suffix"), ("ts", "--out is required"),
+                ("xy -o t.svg", "xy"), ("ts -o t.svg --size 10x10", "no size"), ("ts -o t.svg --size 1000", "no size"),
+                ("ts -o t.svg -r p=1:2", "no range of an axis"), ("ts -o t.svg -r T=500:400", "from low to high"),
+                ("ph -o t.svg -r p=0:1", "above 0"), ("ts -o t.svg -l isobars", "isobars"),
+                ("ts -o t.svg -u smoot", "no unit 'smoot'"), ("ts -o t.svg --dark --light", "excludes"),
+                ("ts -o t.svg -p no.csv", "no.csv: cannot open"), ("ts -o t.svg -p - <<<a,p", "names no two of"),
+                ("ts -o t.svg -p - <<<'p [C],T'", "p: no unit 'C'"), ("ts -o t.svg -p - </dev/null", "there is no table")):
+            self.assertIn(reason, self.run_in_shell("vaprix chart " + command, 2)[1], command)
+            self.assertFalse((self.folder / "t.svg").exists(), command)
+
+
 class Shells(Shell):
     def completed(self, *words):
         out, _ = self.run_in_shell('. <(vaprix completion bash); COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _vaprix; '
@@ -297,6 +436,9 @@ class Shells(Shell):
         self.assertEqual(self.completed("table", ""), ["saturation", "superheated", "-h", "--help"])
         self.assertEqual(self.completed("table", "saturation", "--format", "m"), ["markdown"])
         self.assertEqual(self.completed("state", "p=1", "--family", ""), ["O", "B"])
+        self.assertEqual(self.completed("chart", "ts", "--lines", "iso"),
+                         ["isobar", "isotherm", "isochore"])
+        self.assertEqual(self.completed("chart", "p"), ["ph", "pt", "pv"])
         self.assertEqual(self.completed("help", "HOP"), ["HOPT", "HOPS", "HOPV", "HOPX"])
         self.assertEqual(self.completed("map", "-i", "x"), [])  # a file, by the shell's own rule
 

@@ -12,7 +12,7 @@ test     ccache
 core     binutils clang clang-format clang-tidy libbenchmark-dev libclang-rt-14-dev libgtest-dev libmpfr-dev musl-tools
 fuzz     clang libclang-rt-14-dev
 install  pkg-config
-cli      man-db zsh
+cli      libcairo2-dev man-db pkg-config zsh
 fortran  gfortran pkg-config
 hosts    fp-compiler mono-mcs
 spreadsheet libreoffice-calc libreoffice-dev python3-uno

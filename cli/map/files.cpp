@@ -29,12 +29,16 @@ File File::to_read(const std::string& name) {
 }
 
 File File::to_write(const std::string& name, const File& in) {
-    if (name == "-") return {STDOUT_FILENO, "stdout"};
     struct stat read {
     }, written{};
-    if (::fstat(in.descriptor_, &read) == 0 && ::stat(name.c_str(), &written) == 0 &&
+    if (name != "-" && ::fstat(in.descriptor_, &read) == 0 && ::stat(name.c_str(), &written) == 0 &&
         read.st_dev == written.st_dev && read.st_ino == written.st_ino)
         throw Error(name + " is the file that is read");
+    return to_write(name);
+}
+
+File File::to_write(const std::string& name) {
+    if (name == "-") return {STDOUT_FILENO, "stdout"};
     const int descriptor = ::open(name.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
     if (descriptor < 0) fail(name, "cannot open");
     return {descriptor, name};

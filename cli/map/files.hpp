@@ -13,9 +13,10 @@ namespace vaprix::cli {
 
 class File {
 public:
-    static File to_read(const std::string& name);  // "-" is stdin
+    static File to_read(const std::string& name);   // "-" is stdin
+    static File to_write(const std::string& name);  // "-" is stdout
     static File to_write(const std::string& name,
-                         const File& in);  // "-" is stdout; not the file that is read
+                         const File& in);  // not the file that is read
     File(File&& other) noexcept;
     File(const File&) = delete;
     File& operator=(const File&) = delete;
