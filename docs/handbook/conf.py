@@ -1,12 +1,13 @@
 # SPDX-License-Identifier: MIT
 """The handbook by Sphinx: every Markdown file of the repository as a page, to be read without a network.
 
-docs/README.md is the front page; what it links to, section by section, is the table of contents, so that a page it does
-not link to is a warning. A line that is nothing but a link to a source file shows that file. Names of exports lead to
-their entries, which entries.py adds to the pages of the reference.
+docs/README.md is the front page; what it links to, section by section, is the table of contents, and what it forgets
+comes last. A line that is nothing but a link to a source file shows that file, a link to a folder leads to its README.
+Names of exports lead to their entries, which entries.py adds to the pages of the reference.
 """
 import functools
 import pathlib
+import posixpath
 import re
 import sys
 
@@ -55,13 +56,19 @@ LANGUAGES = {".c": "c", ".cpp": "cpp", ".cs": "csharp", ".f": "fortranfixed", ".
              ".py": "python", ".txt": "text", "CMakeLists.txt": "cmake"}
 
 
-def contents(front):
-    """Tables of contents of what a front page links to, a table a section."""
+def contents(front, pages):
+    """Tables of contents of what the front page links to, a table a section, and of what is left of all pages."""
+    left = {f"/{page}" for page in pages if page != root_doc and not page.startswith("docs/reference/")}
     for section in front.split("\n## ")[1:]:
         title, _, text = section.partition("\n")
-        pages = {page: name for name, page in re.findall(r"\[([^]]+)\]\(([^)#:]+)\.md\)", text)}
-        named = "".join(f"{name[0].upper() + name[1:]} <{page}>\n" for page, name in pages.items())
-        yield f"\n```{{toctree}}\n:hidden:\n:caption: {title}\n\n{named}```\n"
+        linked = {page: name for name, page in re.findall(r"\[([^]]+)\]\(([^)#:]+)\.md\)", text)}
+        left -= {posixpath.normpath(posixpath.join("/docs", page)) for page in linked}
+        yield toctree(title, [f"{name[0].upper() + name[1:]} <{page}>" for page, name in linked.items()])
+    yield toctree("More", sorted(left))
+
+
+def toctree(caption, lines):
+    return "\n```{toctree}\n:hidden:\n:caption: " + "\n".join([caption, "", *lines]) + "\n```\n"
 
 
 def shown(folder, link):
@@ -73,13 +80,22 @@ def shown(folder, link):
     return f"```{{literalinclude}} {file}\n:language: {language}\n:lines: {first}-\n:caption: {name}\n```\n"
 
 
-def read(_app, page, text):
-    show = functools.partial(shown, (ROOT / page).parent)
-    text[0] = re.sub(r"^\[`([^`]+)`\]\((\S+)\)\n", show, text[0], flags=re.MULTILINE)
+def found(folder, link):
+    """A link to a folder as one to its README, or as words where there is none."""
+    words, target = link.groups()
+    if not (folder / target).is_dir():
+        return link[0]
+    return f"[{words}]({target.rstrip('/')}/README.md)" if (folder / target / "README.md").is_file() else words
+
+
+def read(app, page, text):
+    folder = (ROOT / page).parent
+    text[0] = re.sub(r"^\[`([^`]+)`\]\((\S+)\)\n", functools.partial(shown, folder), text[0], flags=re.MULTILINE)
+    text[0] = re.sub(r"\[([^][]+)\]\(([^()#:\s]+)\)", functools.partial(found, folder), text[0])
     if page == root_doc:
-        text[0] += "".join(contents(text[0]))
+        text[0] += "".join(contents(text[0], app.env.found_docs))
     if page == "docs/reference/README":
-        text[0] += f"\n```{{toctree}}\n:hidden:\n\n{chr(10).join(entries.PAGES)}\nIndex of functions </genindex>\n```\n"
+        text[0] += toctree("By subject", [*entries.PAGES, "Index of functions </genindex>"])
     if page.startswith("docs/reference/"):
         text[0] += entries.of_page(page.removeprefix("docs/reference/"))
 
