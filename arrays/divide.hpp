@@ -82,10 +82,9 @@ void divide_pt(const double* p_of, const double* t_of, std::size_t count,
             // either band will do at the limit of two: the bounds cover their own ends' rounding
             const Number band = (t - T_min) * detail::psat_bands_per_kelvin - 0.5;
             const auto index = machine::rounded(machine::select(cold & (band > 0), band, 0.0));
-            const auto [low, high] =
-                machine::entries(&detail::psat_band_bounds[0].low, index + index);
-            add(region1, cold & (p > high));
-            vapour = vapour | (cold & (p < low));
+            const auto bounds = machine::entries(&detail::psat_band_bounds[0].low, index + index);
+            add(region1, cold & (p > bounds.second()));
+            vapour = vapour | (cold & (p < bounds.first()));
         }
         const auto warm = valid & (t > T_13) & (t <= T_23_max);
         if (!machine::none(warm)) {
@@ -149,7 +148,7 @@ void divide_py(const double* p_of, const double* y_of, std::size_t count,
         // above one limit of the isobar and below the next
         const auto between = [&](std::size_t bound) {
             const auto limits = machine::entries(&Y::limits[0].cold.low + bound, index);
-            return valid & (y > limits.first) & (y < limits.second);
+            return valid & (y > limits.first()) & (y < limits.second());
         };
         enum : std::size_t { cold_high = 1, liquid_high = 3, vapour_high = 5, t25_high = 7 };
         const auto liquid = between(cold_high);

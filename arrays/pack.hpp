@@ -255,36 +255,37 @@ VAPRIX_INLINE Pack<lanes> entry(const double* table, Bits<lanes> index) noexcept
     for (int lane = 0; lane < lanes; ++lane) entries.v[lane] = table[index.v[lane]];
     return entries;
 }
-// Two neighbouring floats of a table, from an even or an odd index.
-template <int lanes>
-struct Neighbours {
-    Pack<lanes> first, second;
-};
-template <int lanes>
-VAPRIX_INLINE Neighbours<lanes> entries(const float* table, Bits<lanes> index) noexcept {
+template <int lanes, class Entry>
+VAPRIX_INLINE Neighbours<Pack<lanes>> entries(const Entry* table, Bits<lanes> index) noexcept {
+    static_assert(sizeof(Entry) == 4);
 #if defined(__AVX512F__)
     if constexpr (lanes == 8) {
         const __m512i both =
             _mm512_i64gather_epi64(reinterpret_cast<__m512i>(index.v), table, sizeof *table);
         const auto widened = [](__m512i lower) noexcept {
-            return Pack<lanes>(_mm512_cvtps_pd(_mm256_castsi256_ps(_mm512_cvtepi64_epi32(lower))));
+            const __m256i four_bytes = _mm512_cvtepi64_epi32(lower);
+            if constexpr (std::is_integral_v<Entry>) {
+                return Pack<lanes>(_mm512_cvtepi32_pd(four_bytes));
+            } else {
+                return Pack<lanes>(_mm512_cvtps_pd(_mm256_castsi256_ps(four_bytes)));
+            }
         };
         return {widened(both), widened(_mm512_srli_epi64(both, 32))};
     }
 #endif
     // loaded as pairs: gathering costs twice that
-    typedef float Floats __attribute__((vector_size(2 * sizeof(float))));
+    typedef Entry Entries __attribute__((vector_size(2 * sizeof(Entry))));
     typedef double Two __attribute__((vector_size(2 * sizeof(double))));
     const auto pair = [&](int lane) noexcept {
-        Floats two;
+        Entries two;
         __builtin_memcpy(&two, table + index.v[lane], sizeof two);
         return __builtin_convertvector(two, Two);
     };
     const auto sorted = [&]<int... lane>(std::integer_sequence<int, lane...>) noexcept {
         using Vector = typename Pack<lanes>::Vector;
         const Two pairs[] = {pair(lane)...};
-        return Neighbours<lanes>{Pack<lanes>(Vector{pairs[lane][0]...}),
-                                 Pack<lanes>(Vector{pairs[lane][1]...})};
+        return Neighbours<Pack<lanes>>{Pack<lanes>(Vector{pairs[lane][0]...}),
+                                       Pack<lanes>(Vector{pairs[lane][1]...})};
     };
     return sorted(std::make_integer_sequence<int, lanes>{});
 }

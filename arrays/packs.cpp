@@ -195,25 +195,26 @@ void solve_dense_o(const double* p_of, const double* y_of, double* solved, doubl
 }
 
 template <class Y, auto start>
+constexpr auto liquid_o = [](Lanes p, Lanes y) noexcept {
+    return solve_gibbs<Y, Region1<Lanes>, start>(p, y, T_min, T_13);
+};
+template <class Y, auto start>
 constexpr auto vapour_o = [](Lanes p, Lanes y) noexcept {
-    return solve_gibbs<Y, Region2<Lanes>>(p, Y::along_isobar(p, y), start(p, y), T_min, T_25,
-                                          inverse::gibbs_step);
+    return solve_gibbs<Y, Region2<Lanes>, start>(p, y, T_min, T_25);
 };
 template <class Y>
 constexpr std::array<Plan::Solve, parts> solved_o = [] {
     std::array<Plan::Solve, parts> solve{};
     using Backward = typename Y::template Backward<Lanes>;
-    solve[region1] = solve_block<[](Lanes p, Lanes y) noexcept {
-        return solve_gibbs<Y, Region1<Lanes>>(p, y, Backward::t1(p, y), T_min, T_13,
-                                              inverse::gibbs_step);
-    }>;
+    solve[region1] = solve_block<liquid_o<Y, Backward::t1>>;
     solve[region2a] = solve_block<vapour_o<Y, Backward::t2a>>;
     solve[region2b] = solve_block<vapour_o<Y, Backward::t2b>>;
     solve[region2c] = solve_block<vapour_o<Y, Backward::t2c>>;
     solve[region5] = solve_block<[](Lanes p, Lanes y) noexcept {
         const Lanes along = Y::along_isobar(p, y);
-        return solve_gibbs<Y, Region5<Lanes>>(p, along, Y::t5_start(p, along), T_25, T_max,
-                                              inverse::gibbs_step_5);
+        const Lanes t =
+            search_gibbs<Y, Region5<Lanes>>(p, along, Y::t5_start(p, along), inverse::gibbs_step_5);
+        return onto_limit(t, T_25, T_max);
     }>;
     return solve;
 }();

@@ -122,11 +122,20 @@ VAPRIX_INLINE Number onto_hot_limit(Number t) noexcept {
 
 // As solve_gibbs() has it, in a region of p and T.
 template <class Y, class Equation, class Number>
-VAPRIX_INLINE Number solve_gibbs(Number p, Number along, Number start, double low, double high,
-                                 double step) noexcept {
-    const Number t = newton_secant(
-        [p](Number at) noexcept { return Y::template tangent<Equation>(p, at); },
-        [p](Number at) noexcept { return Y::template value<Equation>(p, at); }, along, start, step);
+VAPRIX_INLINE Number search_gibbs(Number p, Number along, Number start, double step) noexcept {
+    return newton_secant([p](Number at) noexcept { return Y::template tangent<Equation>(p, at); },
+                         [p](Number at) noexcept { return Y::template value<Equation>(p, at); },
+                         along, start, step);
+}
+template <class Y, class Equation, auto start, class Number>
+VAPRIX_INLINE Number solve_gibbs(Number p, Number y, double low, double high) noexcept {
+    const Number along = inverse::along_isobar<Y, Equation>(p, y);
+    auto [t, settled] = inverse::correct_patch<Y, Equation>(p, along);
+    if (!machine::none(!settled)) {
+        const Number searched =
+            search_gibbs<Y, Equation>(p, along, start(p, y), inverse::gibbs_step);
+        t = machine::select(settled, t, searched);
+    }
     return onto_limit(t, low, high);
 }
 

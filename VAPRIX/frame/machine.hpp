@@ -4,6 +4,10 @@
 // elementary functions stand on. A number that holds several brings the same functions.
 #pragma once
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
 #include <bit>
 #include <cmath>
 #include <cstdint>
@@ -51,5 +55,66 @@ VAPRIX_INLINE bool positive_and_normal(double x) noexcept {
 VAPRIX_INLINE double entry(const double* table, std::uint64_t index) noexcept {
     return table[index];
 }
+
+// Two numbers side by side.
+template <class Number>
+class Neighbours {
+    Number first_, second_;
+
+public:
+    VAPRIX_INLINE Neighbours(Number first, Number second) noexcept
+        : first_(first), second_(second) {}
+    [[nodiscard]] VAPRIX_INLINE Number first() const noexcept { return first_; }
+    [[nodiscard]] VAPRIX_INLINE Number second() const noexcept { return second_; }
+
+    friend VAPRIX_INLINE Neighbours operator+(Neighbours a, Neighbours b) noexcept {
+        return {a.first_ + b.first_, a.second_ + b.second_};
+    }
+    friend VAPRIX_INLINE Neighbours operator*(Neighbours a, Number b) noexcept {
+        return {a.first_ * b, a.second_ * b};
+    }
+};
+
+// The same in one register.
+template <>
+class Neighbours<double> {
+    typedef double Two __attribute__((vector_size(2 * sizeof(double))));
+    Two two;
+    VAPRIX_INLINE explicit Neighbours(Two both) noexcept : two(both) {}
+
+public:
+    VAPRIX_INLINE Neighbours(double first, double second) noexcept : two{first, second} {}
+    template <class Entry>
+    VAPRIX_INLINE explicit Neighbours(const Entry* table) noexcept {
+#if defined(__SSE2__)
+        if constexpr (std::is_same_v<Entry, std::int32_t>) {  // which g++ 12 takes one by one
+            two = _mm_cvtepi32_pd(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(table)));
+            return;
+        }
+#endif
+        typedef Entry Entries __attribute__((vector_size(2 * sizeof(Entry))));
+        Entries entries;
+        __builtin_memcpy(&entries, table, sizeof entries);
+        two = __builtin_convertvector(entries, Two);
+    }
+    [[nodiscard]] VAPRIX_INLINE double first() const noexcept { return two[0]; }
+    [[nodiscard]] VAPRIX_INLINE double second() const noexcept { return two[1]; }
+
+    friend VAPRIX_INLINE Neighbours operator+(Neighbours a, Neighbours b) noexcept {
+        return Neighbours(a.two + b.two);
+    }
+    friend VAPRIX_INLINE Neighbours operator*(Neighbours a, double b) noexcept {
+        return Neighbours(a.two * b);
+    }
+};
+
+// Two neighbouring entries of a table, from an even or an odd index.
+template <class Entry>
+VAPRIX_INLINE Neighbours<double> entries(const Entry* table, std::uint64_t index) noexcept {
+    return Neighbours<double>(table + index);
+}
+
+// The integer nearest to a number between 0 and 2^31.
+VAPRIX_INLINE std::uint64_t rounded(double x) noexcept { return bits(x + 0x1p52) & 0xffff'ffffu; }
 
 }  // namespace vaprix::machine

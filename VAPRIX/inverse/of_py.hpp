@@ -75,19 +75,51 @@ template <class Y, Asked asked>
     return known ? in_region_py_b<Y, asked>(region, p, y) : refused(no_code);
 }
 
-// Temperature, K, of region 1, 2 or 5, 0 if it does not settle: Newton's method along the isobar,
-// which needs two evaluations from the backward temperature and in region 5 from a fit. After relative
-// steps of less than `step` the error, of second order in them, is one of rounding.
+// Temperature, K, of region 1, 2 or 5, 0 if it does not settle: Newton's method along the isobar from
+// the backward temperature, in region 5 from a fit, which needs two evaluations. After relative steps
+// of less than `step` the error, of second order in them, is one of rounding.
 inline constexpr double gibbs_step = 3e-8;
 inline constexpr double gibbs_step_5 = 3e-7;  // whose isobars are straighter
 inline constexpr double dense_step = 1e-9;    // of region 3, likewise
 template <class Y, class Equation>
-[[nodiscard]] VAPRIX_INLINE double solve_gibbs(double p, double along, double start, double low,
-                                               double high, double step) noexcept {
-    const auto [t, converged] = newton_secant(
-        [p](double at) noexcept { return Y::template tangent<Equation>(p, at); },
-        [p](double at) noexcept { return Y::template value<Equation>(p, at); }, along, start, step);
-    return converged ? onto_limit(t, low, high) : 0;
+[[nodiscard]] double search_gibbs(double p, double y, double along) noexcept {
+    constexpr Region region = region_of<Equation>;
+    const double start = region == Region::one   ? Y::t1(p, y)
+                         : region == Region::two ? Y::t2(p, y)
+                                                 : Y::t5_start(p, along);
+    const auto [t, converged] =
+        newton_secant([p](double at) noexcept { return Y::template tangent<Equation>(p, at); },
+                      [p](double at) noexcept { return Y::template value<Equation>(p, at); }, along,
+                      start, region == Region::five ? gibbs_step_5 : gibbs_step);
+    return converged ? t : 0;
+}
+
+// Of region 1 and 2 by their patches, which need one evaluation: their slope is so close that after a
+// step of less than `last_patch_step` the error is one of rounding. Where the step is larger, it is not
+// settled.
+template <class Number>
+struct Corrected {
+    Number t;
+    machine::Truth<Number> settled;
+};
+template <class Y, class Equation, class Number>
+[[nodiscard]] VAPRIX_INLINE Corrected<Number> correct_patch(Number p, Number along) noexcept {
+    using machine::fabs;
+    const Tangent<Number> patch =
+        evaluate_patch<Y::template t_patches<region_of<Equation>>>(p, along);
+    const Number step = (along - Y::template value<Equation>(p, patch.y)) * patch.y_x;
+    return {patch.y + step, fabs(step) < tables::last_patch_step};
+}
+
+template <class Y, class Equation>
+[[nodiscard]] VAPRIX_INLINE double solve_gibbs(double p, double y, double low,
+                                               double high) noexcept {
+    const double along = along_isobar<Y, Equation>(p, y);
+    if constexpr (region_of<Equation> != Region::five) {
+        const auto [t, settled] = correct_patch<Y, Equation>(p, along);
+        if (settled) return onto_limit(t, low, high);
+    }
+    return onto_limit(search_gibbs<Y, Equation>(p, y, along), low, high);
 }
 
 // Density and temperature of region 3: Newton's method from the backward equations. Along an isobar
@@ -106,12 +138,9 @@ template <class Y>
         const auto [at, converged] = solve_dense<Y>(p, y);
         return converged ? dense_state(p, at.y, at.x) : outside;
     }
-    const double along = region == Region::one ? y : Y::along_isobar(p, y);
-    const double t =
-        region == Region::one ? solve_gibbs<Y, region1>(p, y, Y::t1(p, y), T_min, T_13, gibbs_step)
-        : region == Region::two
-            ? solve_gibbs<Y, region2>(p, along, Y::t2(p, y), T_min, T_25, gibbs_step)
-            : solve_gibbs<Y, region5>(p, along, Y::t5_start(p, along), T_25, T_max, gibbs_step_5);
+    const double t = region == Region::one   ? solve_gibbs<Y, region1>(p, y, T_min, T_13)
+                     : region == Region::two ? solve_gibbs<Y, region2>(p, y, T_min, T_25)
+                                             : solve_gibbs<Y, region5>(p, y, T_25, T_max);
     return t > 0 ? gibbs_state(region, p, t) : outside;
 }
 

@@ -66,7 +66,7 @@ struct Pair {
             return {volume.y,
                     volume.y_x,
                     v_t,
-                    isobar.y - along_isobar<Y, Equation>(p, 0),
+                    isobar.y - along_isobar<Y, Equation>(p, 0.0),
                     Y::slope_by_p(t, volume.y, v_t),
                     isobar.y_x};
         };

@@ -10,6 +10,7 @@
 #include "frame/constants.hpp"
 #include "frame/elementary.hpp"
 #include "frame/polynomial.hpp"
+#include "inverse/tables/inverse_patches.hpp"
 #include "regions/region1_backward.hpp"
 #include "regions/region2_backward.hpp"
 #include "regions/region3.hpp"
@@ -91,6 +92,11 @@ struct Enthalpy : BackwardOfPh<double> {
 
     static constexpr const auto& limits = tables::isobar_limits_h;
 
+    // The temperature of region 1 or 2 by y along the isobar.
+    template <Region region>
+    static constexpr const Patches* t_patches =
+        region == Region::one ? &tables::patches_1_ph : &tables::patches_2_ph;
+
     // Start value for the temperature of region 5, K, by y along the isobar.
     template <class Number>
     static Number t5_start(std::type_identity_t<Number> p, Number h) noexcept {
@@ -148,6 +154,10 @@ struct Entropy : BackwardOfPs<double> {
 
     static constexpr const auto& limits = tables::isobar_limits_s;
 
+    template <Region region>
+    static constexpr const Patches* t_patches =
+        region == Region::one ? &tables::patches_1_ps : &tables::patches_2_ps;
+
     // Start value for the temperature of region 5, K, by y along the isobar.
     template <class Number>
     static Number t5_start(std::type_identity_t<Number> p, Number s_plus_r_ln_p) noexcept {
@@ -179,13 +189,17 @@ inline constexpr auto Entropy::value<Region1<Number>> = Region1<Number>::s;
 
 // The region of an equation in p and T.
 template <class Equation>
-inline constexpr Region region_of = std::is_same_v<Equation, region1>   ? Region::one
-                                    : std::is_same_v<Equation, region2> ? Region::two
-                                                                        : Region::five;
+inline constexpr Region region_of = Region::none;
+template <class Number>
+inline constexpr Region region_of<Region1<Number>> = Region::one;
+template <class Number>
+inline constexpr Region region_of<Region2<Number>> = Region::two;
+template <class Number>
+inline constexpr Region region_of<Region5<Number>> = Region::five;
 
 // What tangent and value of an equation are at y.
-template <class Y, class Equation>
-[[nodiscard]] double along_isobar(double p, double y) noexcept {
+template <class Y, class Equation, class Number>
+[[nodiscard]] Number along_isobar(Number p, Number y) noexcept {
     return region_of<Equation> == Region::one ? y : Y::along_isobar(p, y);
 }
 

@@ -37,7 +37,7 @@ Tangent<double> tangent(double t) noexcept {
     const auto [p, p_t] = psat_tangent(t);
     const Tangent<double> y = Y::template tangent<Equation>(p, t);
     const double y_p = Y::slope_by_p(t, Equation::v(p, t), Equation::v_t(p, t));
-    return {y.y - inverse::along_isobar<Y, Equation>(p, 0), y.y_x + y_p * p_t};
+    return {y.y - inverse::along_isobar<Y, Equation>(p, 0.0), y.y_x + y_p * p_t};
 }
 
 double density(double d, double /* t */) noexcept { return d; }

@@ -1,0 +1,336 @@
+// SPDX-License-Identifier: MIT
+//
+// Fits the temperature of regions 1 and 2 by patches of (p, h) and (p, s), in region 2 of
+// (p, s + R ln p), and prints inverse/tables/inverse_patches.hpp.
+//
+// A block of the grid is divided until one evaluation of the basic equation, with the slope of the patch,
+// leaves an error of rounding.
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <numbers>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "frame/constants.hpp"
+#include "frame/patches.hpp"
+#include "least_squares.hpp"
+#include "regions/b23.hpp"
+#include "regions/region1.hpp"
+#include "regions/region2.hpp"
+#include "regions/saturation_line.hpp"
+
+namespace {
+
+using namespace vaprix;
+
+constexpr std::size_t rows = patch_rows.size() - 1, terms = patch_terms;
+constexpr double coarse = 0x1p4;  // of the constants: they may be large, and do not enter the slope
+constexpr double last_step = 4e-6;  // K, to which a patch is held
+constexpr int divisions = 6;        // of a block, at most: halvings
+
+using Coefficients = std::array<std::int32_t, terms>;
+
+// The powers of u and w of a term.
+struct Powers {
+    std::size_t i, j;
+};
+constexpr auto powers = [] {
+    std::array<Powers, terms> of{};
+    for (std::size_t i = 0; i < rows; ++i) {
+        for (std::size_t k = patch_rows[i]; k < patch_rows[i + 1]; ++k)
+            of[k] = {i, k - patch_rows[i]};
+    }
+    return of;
+}();
+
+// What is inverted: y of (p, t) along an isobar, and where.
+struct Inverted {
+    const char* name;
+    const char* symbol;
+    Tangent<double> (*y)(double p, double t) noexcept;
+    double (*t_low)(double p);
+    double (*t_high)(double p);
+    double margin;    // K, by which the equation is trusted beyond
+    double rounding;  // of t, relative, that an error may have
+    Patches grid;
+    double p_high;
+};
+
+double cold_end(double /* p */) { return T_min; }
+double warm_end(double p) { return p < psat_13 ? tsat(std::max(p, p_min)) : T_13; }
+double vapour_start(double p) { return p < psat_13 ? tsat(std::max(p, p_min)) : t_b23(p); }
+
+double vapour_end(double /* p */) { return T_25; }
+
+double value_at(const Inverted& f, double p, double t) { return f.y(p, t).y; }
+
+// The temperature, by Newton's method in a bracket; none beyond the margins.
+std::optional<double> inverse(const Inverted& f, double p, double y) {
+    double low = f.t_low(p) - f.margin, high = f.t_high(p) + f.margin;
+    const double left_low = value_at(f, p, low) - y, left_high = value_at(f, p, high) - y;
+    if (!(left_low <= 0 && left_high >= 0)) return {};
+    double t = low + (high - low) * left_low / (left_low - left_high);
+    for (int round = 0; round < 100; ++round) {
+        const Tangent<double> at = f.y(p, t);
+        (at.y < y ? low : high) = t;
+        double next = t + (y - at.y) / at.y_x;
+        if (!(next > low && next < high)) next = 0.5 * (low + high);
+        const bool settled = std::fabs(next - t) < 1e-11;
+        t = next;
+        if (settled) break;
+    }
+    return t;
+}
+
+// Values of T_0 to T_7, the Chebyshev polynomials, at x.
+std::array<double, patch_columns> chebyshev(double x) {
+    std::array<double, patch_columns> value{1, x};
+    for (std::size_t k = 2; k < value.size(); ++k) value[k] = 2 * x * value[k - 1] - value[k - 2];
+    return value;
+}
+
+// Their coefficients.
+constexpr auto chebyshev_terms = [] {
+    std::array<std::array<double, patch_columns>, patch_columns> c{};
+    c[0][0] = c[1][1] = 1;
+    for (std::size_t k = 2; k < patch_columns; ++k) {
+        for (std::size_t i = 0; i < patch_columns; ++i)
+            c[k][i] = (i > 0 ? 2 * c[k - 1][i - 1] : 0) - c[k - 2][i];
+    }
+    return c;
+}();
+
+struct Cell {
+    double p_low, p_high, y_low, y_high;
+    [[nodiscard]] double p(double u) const { return p_low + (p_high - p_low) * (u + 1) / 2; }
+    [[nodiscard]] double y(double w) const { return y_low + (y_high - y_low) * (w + 1) / 2; }
+};
+
+// Coefficients of the Chebyshev products that fit the samples best, held small where these leave the
+// cell open.
+Row fitted(const std::vector<Row>& samples, bool complete) {
+    Row found(terms);
+    if (complete) {  // orthogonal
+        for (std::size_t k = 0; k < terms; ++k) {
+            Real product = 0, square = 0;
+            for (const Row& row : samples) {
+                product += row[k] * row.back();
+                square += row[k] * row[k];
+            }
+            found[k] = product / square;
+        }
+        return found;
+    }
+    std::vector<Row> normal(terms, Row(terms + 1));
+    for (const Row& row : samples) {
+        for (std::size_t r = 0; r < terms; ++r) {
+            for (std::size_t c = 0; c <= terms; ++c) normal[r][c] += row[r] * row[c];
+        }
+    }
+    for (std::size_t k = 0; k < terms; ++k) {
+        Real damping = 1e-18L;
+        for (std::size_t order = powers[k].i + powers[k].j; order > 0; --order) damping *= 30;
+        normal[k][k] += damping;
+    }
+    return solve(normal);
+}
+
+Coefficients fit_cell(const Inverted& f, const Cell& cell) {
+    constexpr std::size_t u_nodes = rows + 3, w_nodes = patch_columns + 3;
+    const auto node = [](std::size_t k, std::size_t nodes) {
+        return std::cos(std::numbers::pi * (static_cast<double>(k) + 0.5) /
+                        static_cast<double>(nodes));
+    };
+    std::vector<Row> samples;
+    for (std::size_t i = 0; i < u_nodes; ++i) {
+        for (std::size_t j = 0; j < w_nodes; ++j) {
+            const double u = node(i, u_nodes), w = node(j, w_nodes);
+            const std::optional<double> t = inverse(f, cell.p(u), cell.y(w));
+            if (!t) continue;
+            const auto of_u = chebyshev(u), of_w = chebyshev(w);
+            Row row;
+            for (const auto& [a, b] : powers) row.push_back(of_u[a] * of_w[b]);
+            row.push_back(*t - f.grid.base);
+            samples.push_back(row);
+        }
+    }
+    constexpr std::int32_t largest = 2147483647;
+    Coefficients found{};
+    if (samples
+            .empty()) {  // far from any state, with a slope, so that no state is taken for settled
+        found[0] = found[1] = largest;
+        return found;
+    }
+    const Row of_products = fitted(samples, samples.size() == u_nodes * w_nodes);
+    std::array<Real, terms> of_powers{};
+    for (std::size_t a = 0; a < terms; ++a) {
+        for (std::size_t k = 0; k < terms; ++k) {
+            of_powers[k] += of_products[a] * chebyshev_terms[powers[a].i][powers[k].i] *
+                            chebyshev_terms[powers[a].j][powers[k].j];
+        }
+    }
+    constexpr Real most = largest;
+    for (std::size_t k = 0; k < terms; ++k) {
+        const Real multiple = of_powers[k] / (f.grid.unit * (k == 0 ? coarse : 1));
+        found[k] = static_cast<std::int32_t>(std::lround(std::clamp(multiple, -most, most)));
+    }
+    return found;
+}
+
+// How far a cell is from what is asked of it; from 1 it is not good enough.
+double fault_of(const Inverted& f, const Cell& cell, const Coefficients& c) {
+    constexpr int samples = 9;
+    constexpr double beside = 0.05;  // K beyond the region that count
+    const double p_low = std::max(cell.p_low, p_min), p_high = std::min(cell.p_high, f.p_high);
+    if (!(p_low < p_high)) return 0;
+    double worst = 0;
+    for (int i = 0; i <= samples; ++i) {
+        for (int j = 0; j <= samples; ++j) {
+            const double p = p_low + (p_high - p_low) * i / samples;
+            const double u = 2 * (p - cell.p_low) / (cell.p_high - cell.p_low) - 1;
+            const double w = -1 + 2.0 * j / samples;
+            const std::optional<double> t = inverse(f, p, cell.y(w));
+            if (!t) continue;
+            if (*t < f.t_low(p) - beside || *t > f.t_high(p) + beside) continue;
+            double sum = (coarse - 1) * c[0], slope = 0, u_power = 1;
+            for (std::size_t row = 0; row < rows; ++row, u_power *= u) {
+                double of_w = 0, slope_of_w = 0;
+                for (std::size_t k = patch_rows[row + 1]; k-- > patch_rows[row];) {
+                    slope_of_w = slope_of_w * w + of_w;
+                    of_w = of_w * w + c[k];
+                }
+                sum += u_power * of_w;
+                slope += u_power * slope_of_w;
+            }
+            slope *= f.grid.unit * 2 / (cell.y_high - cell.y_low);
+            const double error = std::fabs(f.grid.base + f.grid.unit * sum - *t);
+            const double slope_error = std::fabs(slope * f.y(p, *t).y_x - 1);
+            worst = std::max({worst, error / last_step, error * slope_error / (f.rounding * *t)});
+        }
+    }
+    return worst;
+}
+
+bool touches(const Inverted& f, const Cell& cell) {
+    constexpr int samples = 12;
+    for (int i = 0; i <= samples; ++i) {
+        const double p = std::clamp(cell.p(-1 + 2.0 * i / samples), p_min, f.p_high);
+        if (value_at(f, p, f.t_low(p)) <= cell.y_high && value_at(f, p, f.t_high(p)) >= cell.y_low)
+            return true;
+    }
+    return false;
+}
+
+struct Block {
+    int p_halvings = 0, y_halvings = 0;
+    std::vector<Coefficients> cells;
+    double fault = 1e300;
+};
+
+Block divided(const Inverted& f, const Cell& whole, int p_halvings, int y_halvings) {
+    Block block{p_halvings, y_halvings, {}, 0};
+    const int p_cells = 1 << p_halvings, y_cells = 1 << y_halvings;
+    for (int i = 0; i < p_cells; ++i) {
+        for (int j = 0; j < y_cells; ++j) {
+            const double u = 2.0 / p_cells, w = 2.0 / y_cells;
+            const Cell cell{whole.p(-1 + u * i), whole.p(-1 + u * (i + 1)), whole.y(-1 + w * j),
+                            whole.y(-1 + w * (j + 1))};
+            block.cells.push_back(fit_cell(f, cell));
+            block.fault = std::max(block.fault, fault_of(f, cell, block.cells.back()));
+            if (block.fault >= 1 && p_halvings + y_halvings < divisions) return block;
+        }
+    }
+    return block;
+}
+
+// With as few cells as will do.
+Block fitted_block(const Inverted& f, const Cell& whole) {
+    Block best;
+    if (!touches(f, whole)) return best;
+    for (int halvings = 0; halvings <= divisions; ++halvings) {
+        for (int of_p = 0; of_p <= halvings; ++of_p) {
+            Block block = divided(f, whole, of_p, halvings - of_p);
+            if (block.fault < best.fault || best.cells.empty()) best = std::move(block);
+        }
+        if (best.fault < 1) return best;
+    }
+    return best;
+}
+
+void print(const Inverted& f) {
+    const Patches& grid = f.grid;
+    const int dropped = 52 - grid.octave_bits;
+    const auto row_of = [&](double p) {
+        return std::bit_cast<std::uint64_t>(p + grid.shift) >> dropped;
+    };
+    const auto pressure = [&](std::uint64_t row) {
+        return std::bit_cast<double>(row << dropped) - grid.shift;
+    };
+    const double width = (grid.y_high - grid.y_low) / grid.columns;
+    std::vector<Coefficients> cells;
+    std::string blocks;
+    for (std::uint64_t row = row_of(p_min); row <= row_of(f.p_high); ++row) {
+        for (int column = 0; column < grid.columns; ++column) {
+            const double y = grid.y_low + width * column;
+            const Block block = fitted_block(f, {pressure(row), pressure(row + 1), y, y + width});
+            char text[80];
+            std::snprintf(text, sizeof text, "    {%zu, %d, %d, 0},\n",
+                          block.cells.empty() ? 0 : cells.size(), 1 << block.p_halvings,
+                          1 << block.y_halvings);
+            blocks += text;
+            cells.insert(cells.end(), block.cells.begin(), block.cells.end());
+        }
+    }
+    std::printf("\n// T(p, %s)\ninline constexpr PatchBlock %s_blocks[] = {\n%s};\n", f.symbol,
+                f.name, blocks.c_str());
+    std::printf("alignas(64) inline constexpr std::int32_t %s_coefficients[] = {\n", f.name);
+    for (const Coefficients& cell : cells) {
+        std::printf("    ");
+        for (std::size_t k = 0; k < terms; ++k)
+            std::printf("%d%s", cell[k], k + 1 < terms ? ", " : ",\n");
+    }
+    std::printf(
+        "};\ninline constexpr Patches %s{\n"
+        "    %g, %d, %.17g, %g, %g, %d, %g, %.17g, %g, %s_blocks, %s_coefficients};\n",
+        f.name, grid.shift, grid.octave_bits, p_min, grid.y_low, grid.y_high, grid.columns,
+        grid.base, grid.unit, coarse, f.name, f.name);
+}
+
+Patches grid(double shift, int octave_bits, double y_low, double y_high, int columns, double base,
+             double unit) {
+    return {shift, octave_bits, p_min,  y_low,   y_high, columns,
+            base,  unit,        coarse, nullptr, nullptr};
+}
+
+}  // namespace
+
+int main() {
+    std::printf(R"(// SPDX-License-Identifier: MIT
+// Generated by tools/inverse_patches, do not edit.
+//
+// The temperature of regions 1 and 2, K, by patches of p, MPa, and h, kJ/kg, or s, kJ/(kg K).
+#pragma once
+
+#include "frame/patches.hpp"
+
+namespace vaprix::tables {
+)");
+    std::printf("\ninline constexpr double last_patch_step = %g;  // K\n", last_step);
+    for (const Inverted& f : {
+             Inverted{"patches_1_ph", "h", region1::h_tangent_t, cold_end, warm_end, 10, 4e-16,
+                      grid(23.9995, 1, -0.1, 1680, 8, 448, 0x1p-25), p_max},
+             Inverted{"patches_1_ps", "s", region1::s_tangent_t, cold_end, warm_end, 10, 4e-16,
+                      grid(23.9995, 1, -0.01, 3.8, 8, 448, 0x1p-25), p_max},
+             Inverted{"patches_2_ph", "h", region2::h_tangent_t, vapour_start, vapour_end, 10,
+                      1e-15, grid(0.0038, 0, 2490, 4170, 12, 673, 0x1p-24), p_max},
+             Inverted{"patches_2_ps", "s + R ln p", region2::s_plus_r_ln_p_tangent_t, vapour_start,
+                      vapour_end, 10, 1e-15, grid(0.0038, 0, 5.7, 8.51, 16, 673, 0x1p-24), p_max},
+         }) {
+        print(f);
+    }
+    std::printf("\n}  // namespace vaprix::tables\n");
+}
