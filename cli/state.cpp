@@ -81,8 +81,8 @@ State resolved(Resolver of, const Pair& pair, const std::vector<Given>& given, F
 
 // How far from saturation, for the headline.
 std::string distance(const State& state) {
-    if (state.p() >= p_crit || state.region() == 4 || state.x() == 0 || state.x() == 1) return "";
-    const double by = state.T() - liquid_of_p(state.p()).T();
+    const double by = superheat_of(state);
+    if (std::isnan(by)) return "";
     return ", " + rounded(std::abs(by), 5) + (by < 0 ? " K below" : " K above") + " saturation";
 }
 
@@ -120,7 +120,7 @@ void print_text(const std::vector<Shown>& shown, const Wanted& wanted, int digit
 
 std::string json_of(const State& state, const Wanted& wanted) {
     std::string out = "{\"region\": " + std::to_string(state.region()) + ", \"phase\": \"" +
-                      phase_of(state) + '"';
+                      std::string(phase_of(state)) + '"';
     for (const Property& property : properties) {
         const double value = property.of(state);
         if (!std::isfinite(value)) continue;
@@ -163,7 +163,7 @@ int run(const Options& options) {
         return 0;
     }
     const State& state = shown[0].state;
-    std::string headline = phase_of(state) + distance(state);
+    std::string headline = std::string(phase_of(state)) + distance(state);
     headline[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(headline[0])));
     std::printf("%s\n%s\n\n", headline.c_str(),
                 (std::string(region_in_words(state)) + "; " +

@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
 //
-// States of any two variables that the C++ interface resolves, and what they are in words.
+// States of any two variables, as the command is asked for them.
 #pragma once
 
 #include <string>
 #include <string_view>
-#include <vaprix.hpp>
+
+#include "pairs.hpp"
 
 namespace vaprix::cli {
-
-using Resolver = State (*)(double, double, Family);
 
 // The resolver of two of p, T, v, d, h, s, x; `swapped` if it takes them in the other order. Throws Error if no state is
 // found by these.
@@ -19,14 +18,11 @@ struct Pair {
 };
 Pair pair_of(std::string_view first, std::string_view second);
 
-// A second state that the same two variables have, at a higher pressure or colder than the density maximum; null for
-// most pairs.
+// The resolver of a second state that the same two variables have, or null.
 Resolver other_of(std::string_view first, std::string_view second);
 
 Family family_of(std::string_view letter);  // "O" or "B"
 
 std::string meaning_of(int code);
-std::string phase_of(const State& state);  // "superheated steam"
-std::string_view region_in_words(const State& state);
 
 }  // namespace vaprix::cli

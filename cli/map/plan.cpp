@@ -280,7 +280,7 @@ std::string Evaluation::reason(std::size_t row) const {
         if (step.by == nullptr) {
             const State state = step.pair.of(at[0][row], at[1][row], step.family);
             return step.name + ": " +
-                   (state ? "no such property of " + phase_of(state)
+                   (state ? "no such property of " + std::string(phase_of(state))
                           : meaning_of(state.code()) + " (code " + std::to_string(state.code()) +
                                 ")");
         }
