@@ -21,6 +21,7 @@ scale    openmpi-bin python3-dask python3-dev python3-distributed python3-mpi4py
 aarch64  binutils g++-aarch64-linux-gnu qemu-user
 windows  g++-mingw-w64-x86-64-posix gfortran-mingw-w64-x86-64-posix lld llvm-14 wine64
 emscripten emscripten nodejs
+browser  chromium emscripten fonts-liberation nodejs npm
 debian   abigail-tools build-essential debhelper dh-fortran-mod dh-python gfortran libpython3-dev lintian pkg-config python3-numpy python3-setuptools
 handbook furo man-db python3-myst-parser python3-sphinx
 bench    libbenchmark-dev libgtest-dev python3-matplotlib
