@@ -153,15 +153,15 @@ Coefficients fit_cell(const Inverted& f, const Cell& cell) {
             if (!t) continue;
             const auto of_u = chebyshev(u), of_w = chebyshev(w);
             Row row;
-            for (const auto& [a, b] : powers) row.push_back(of_u[a] * of_w[b]);
-            row.push_back(*t - f.grid.base);
+            for (const auto& [a, b] : powers) row.push_back(Real(of_u[a] * of_w[b]));
+            row.push_back(Real(*t - f.grid.base));
             samples.push_back(row);
         }
     }
     constexpr std::int32_t largest = 2147483647;
     Coefficients found{};
-    if (samples
-            .empty()) {  // far from any state, with a slope, so that no state is taken for settled
+    if (samples.empty()) {
+        // far from any state, with a slope, so that no state is taken for settled
         found[0] = found[1] = largest;
         return found;
     }
@@ -169,13 +169,13 @@ Coefficients fit_cell(const Inverted& f, const Cell& cell) {
     std::array<Real, terms> of_powers{};
     for (std::size_t a = 0; a < terms; ++a) {
         for (std::size_t k = 0; k < terms; ++k) {
-            of_powers[k] += of_products[a] * chebyshev_terms[powers[a].i][powers[k].i] *
-                            chebyshev_terms[powers[a].j][powers[k].j];
+            of_powers[k] += of_products[a] * Real(chebyshev_terms[powers[a].i][powers[k].i] *
+                                                  chebyshev_terms[powers[a].j][powers[k].j]);
         }
     }
     constexpr Real most = largest;
     for (std::size_t k = 0; k < terms; ++k) {
-        const Real multiple = of_powers[k] / (f.grid.unit * (k == 0 ? coarse : 1));
+        const Real multiple = of_powers[k] / Real(f.grid.unit * (k == 0 ? coarse : 1));
         found[k] = static_cast<std::int32_t>(std::lround(std::clamp(multiple, -most, most)));
     }
     return found;
