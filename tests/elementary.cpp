@@ -62,13 +62,6 @@ const Function functions[] = {
                               : std::bit_cast<double>(random() % 0x7ff0'0000'0000'0000),
                           0};
      }},
-    {"log1p", 0.55, [](Arguments at) { return vaprix::log1p(at.x); },
-     [](mpfr_t x, Arguments) { mpfr_log1p(x, x, MPFR_RNDN); },
-     [](Random& random) {
-         return Arguments{random() % 2 == 0 ? Uniform(-0.9, 10)(random)
-                                            : with_sign(random, any_exponent(random, -100, -1)),
-                          0};
-     }},
     {"cbrt", 0.55, [](Arguments at) { return vaprix::cbrt(at.x); },
      [](mpfr_t x, Arguments) { mpfr_cbrt(x, x, MPFR_RNDN); },
      [](Random& random) {

@@ -25,7 +25,6 @@ struct Elementary {
     static Number cbrt(Number x) noexcept { return cube_root(x); }
     static Number exp(Number x) noexcept { return exponential(x); }
     static Number log(Number x) noexcept { return logarithm(x); }
-    static Number log1p(Number x) noexcept { return logarithm_of_one_plus(x); }
 };
 
 template <class Number>
@@ -56,11 +55,6 @@ VAPRIX_INLINE Number exp(Number x) noexcept {
 template <class Number>
 VAPRIX_INLINE Number log(Number x) noexcept {
     return Elementary<Number>::log(x);
-}
-
-template <class Number>
-VAPRIX_INLINE Number log1p(Number x) noexcept {
-    return Elementary<Number>::log1p(x);
 }
 
 template <class Number>

@@ -14,13 +14,12 @@ struct Sum {
     Number high, low;
 };
 
-// ln x to 70 bits, and what is added to it; x > 0, subnormal or not, nothing is checked. Of infinity
-// the first is infinite.
+// ln x to 70 bits; x > 0, subnormal or not, nothing is checked. Of infinity the first is infinite.
 //
 // x = 2^k z, z about 1: ln x = k ln 2 - ln c + ln(1 + r) with r = c z - 1, c near 1/z from the table.
 // The upper half of z times c is exact, as is its sum with the first parts of k ln 2 and -ln c.
-template <class Number, class... More>
-[[nodiscard]] VAPRIX_INLINE Sum<Number> log_in_two(Number x, More... more) noexcept {
+template <class Number>
+[[nodiscard]] VAPRIX_INLINE Sum<Number> log_in_two(Number x) noexcept {
     using namespace tables::elementary;
     constexpr std::uint64_t one = 0x3ff0'0000'0000'0000, two52 = 0x4330'0000'0000'0000;
     constexpr std::uint64_t fraction = 0x000f'ffff'ffff'ffff, lower = 0x3f'ffff;
@@ -49,23 +48,13 @@ template <class Number, class... More>
         ((log_series[0] + log_series[1] * r) +
          r2 * ((log_series[2] + log_series[3] * r) + r2 * (log_series[4] + log_series[5] * r)));
     return {(k * log_ln2_high + machine::entry(log_high, j)) + r_high,
-            ((k * log_ln2_low + machine::entry(log_low, j)) + (r_low + ... + more)) + series};
+            ((k * log_ln2_low + machine::entry(log_low, j)) + r_low) + series};
 }
 
 template <class Number>
 [[nodiscard]] VAPRIX_INLINE Number logarithm(Number x) noexcept {
     const Sum<Number> sum = log_in_two(x);
     return sum.high + sum.low;
-}
-
-// ln(1 + x), x > -1: what 1 + x loses is carried; where it loses most, the first terms of the series.
-template <class Number>
-[[nodiscard]] VAPRIX_INLINE Number logarithm_of_one_plus(Number x) noexcept {
-    constexpr double small = 0x1p-20;
-    const Number u = 1 + x;
-    const Sum<Number> sum = log_in_two(u, (x - (u - 1)) / u);
-    return machine::select(machine::fabs(x) < small, x - (x * x) * (0.5 - x * (1.0 / 3)),
-                           sum.high + sum.low);
 }
 
 }  // namespace vaprix

@@ -83,9 +83,6 @@ struct Region3 {
         [[nodiscard]] Number p_d(Number d) const noexcept {
             return sum(d, [](std::size_t k) { return static_cast<Number>(k + 1); });
         }
-
-        // Helmholtz energy f(d) - f(e), kJ/kg, the integral of 1000 p/d^2 from e to d.
-        [[nodiscard]] Number f_difference(Number d, Number e) const noexcept;
     };
 
     // All derivatives at once, inlined: a sum that is not read is not evaluated.
@@ -390,12 +387,6 @@ Region3<Number>::Isotherm::Isotherm(Number t) noexcept
         coefficient *= factor;
         factor *= d_crit_reciprocal;
     }
-}
-
-template <class Number>
-Number Region3<Number>::Isotherm::f_difference(Number d, Number e) const noexcept {
-    const auto weight = [](std::size_t k) { return k == 0 ? 0.0 : 1.0 / static_cast<Number>(k); };
-    return 1000 * (c[0] * log1p((d - e) / e) + (sum(d, weight) - sum(e, weight)));
 }
 
 template <class Number>

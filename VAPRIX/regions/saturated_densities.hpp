@@ -9,9 +9,10 @@
 
 #include "frame/constants.hpp"
 #include "frame/guarded_math.hpp"
+#include "frame/machine.hpp"
 #include "frame/polynomial.hpp"
-#include "regions/region3.hpp"
 #include "regions/saturation_line.hpp"
+#include "regions/tables/coexisting_densities.hpp"
 #include "regions/tables/saturated_densities.hpp"
 
 namespace vaprix {
@@ -28,15 +29,74 @@ template <class Number>
 struct SaturatedDensities {
     Number vapour;  // kg/m3
     Number liquid;  // kg/m3
-    Number t;       // saturation temperature, K
 };
 
-// Densities that coexist at t, K, by the region-3 equation: equal pressure and equal Gibbs energy
-// on both sides. The caller has put (t, p) on the saturation line above 623.15 K; nothing is
-// checked.
+// Root of the distance, K, of t from the critical temperature of the region-3 equation itself: what
+// the coexisting densities, and all that goes with them, are smooth in.
+template <class Number>
+[[nodiscard]] VAPRIX_INLINE Number coexisting_root(Number t) noexcept {
+    return signed_sqrt((T_crit - t) + tables::coexisting_t_crit_beyond);
+}
+
+// Densities that coexist at a root, from 623.15 K up to the critical temperature, by the region-3
+// equation: equal pressure and equal Gibbs energy on both sides. They are expansions of the
+// solution, off by 5e-16 of it; nothing is checked.
+// Source: IAPWS R7-97(2012), Table 31 (Maxwell criterion); tools/coexisting_densities.
+template <class Number>
+class CoexistingDensities {
+    static constexpr auto& table = tables::coexisting_densities;
+    static constexpr double scale = tables::coexisting_pieces_per_root;
+
+    decltype(machine::rounded(Number())) piece;
+    Number x;  // within the piece
+
+    // sum a(k) n(k) x^(k - 1) of the terms after the constant one
+    template <std::size_t phase, class Weight>
+    [[nodiscard]] VAPRIX_INLINE Number sum(Weight a) const noexcept {
+        const auto n = [&](std::size_t k) noexcept { return a(k) * coefficient<phase>(k); };
+        const Number x2 = x * x;
+        const Number x4 = x2 * x2;
+        const auto four = [&](std::size_t k) noexcept {
+            return (n(k) + n(k + 1) * x) + (n(k + 2) + n(k + 3) * x) * x2;
+        };
+        return (four(1) + four(5) * x4) + ((n(9) + n(10) * x) + n(11) * x2) * (x4 * x4);
+    }
+    template <std::size_t phase>
+    [[nodiscard]] VAPRIX_INLINE Number coefficient(std::size_t k) const noexcept {
+        return machine::entry(&table[0][k][phase], piece * (sizeof table[0] / sizeof(double)));
+    }
+
+public:
+    static constexpr std::size_t liquid = 0, vapour = 1;
+
+    VAPRIX_INLINE explicit CoexistingDensities(Number root) noexcept {
+        constexpr double end = static_cast<double>(std::size(table)) - 0.5;
+        const Number scaled = scale * root;
+        const Number held = machine::select((scaled > 0) & (scaled < end), scaled, 0.0);
+        piece = machine::rounded(held);
+        x = scaled - ((held + 0x1p52) - 0x1p52);
+    }
+
+    // kg/m3; of the constant term only this sum rounds
+    template <std::size_t phase>
+    [[nodiscard]] VAPRIX_INLINE Number density() const noexcept {
+        return coefficient<phase>(0) + x * sum<phase>([](std::size_t) { return 1.0; });
+    }
+
+    // derivative by the root
+    template <std::size_t phase>
+    [[nodiscard]] VAPRIX_INLINE Number slope() const noexcept {
+        return scale * sum<phase>([](std::size_t k) { return static_cast<double>(k); });
+    }
+};
+
+// Distance from the critical pressure, MPa, within which the estimates stand for the solution.
+inline constexpr double estimated_zone = 1e-5;
+
+// Densities that coexist at t, K, for a caller who has put (t, p) on the saturation line above
+// 623.15 K; nothing is checked.
 // Notes:  within 1e-5 MPa of the critical pressure the estimates at tsat(p) stand for the solution,
 //         deliberately; at the critical pressure itself both densities are 322 kg/m3.
-// Source: IAPWS R7-97(2012), Table 31 (Maxwell criterion).
 template <class Number>
 [[nodiscard]] SaturatedDensities<Number> dsat3(Number t, Number p) noexcept;
 
@@ -85,32 +145,14 @@ Number d_vapour_estimate(Number t) noexcept {
 
 template <class Number>
 SaturatedDensities<Number> dsat3(Number t, Number p) noexcept {
-    constexpr double near_critical = 1e-5;
     const Number distance = fabs(p - p_crit);
-    if (distance < critical_rounding) return {d_crit, d_crit, T_crit};
-    if (distance < near_critical) {
+    if (distance < critical_rounding) return {d_crit, d_crit};
+    if (distance < estimated_zone) {
         const Number ts = tsat(p);
-        return {d_vapour_estimate(ts), d_liquid_estimate(ts), ts};
+        return {d_vapour_estimate(ts), d_liquid_estimate(ts)};
     }
-
-    constexpr double tolerance = 1e-8;  // relative step that ends the iteration
-    constexpr int rounds = 40;
-
-    // Maxwell criterion: the pressure of coexistence is (f' - f'')/(v'' - v'); each density takes a
-    // Newton step towards it. From the estimates, which lie outside the pair, the steps do not pass
-    // the root.
-    const typename Region3<Number>::Isotherm isotherm(t);
-    Number d1 = d_liquid_estimate(t);
-    Number d2 = d_vapour_estimate(t);
-    for (int round = 0; round < rounds; ++round) {
-        const Number ps = isotherm.f_difference(d1, d2) * d1 * d2 / (1000 * (d1 - d2));
-        const Number step1 = (ps - isotherm.p(d1)) / isotherm.p_d(d1);
-        const Number step2 = (ps - isotherm.p(d2)) / isotherm.p_d(d2);
-        d1 += step1;
-        d2 += step2;
-        if (fabs(step1) < tolerance * d1 && fabs(step2) < tolerance * d2) break;
-    }
-    return {d2, d1, t};
+    const CoexistingDensities<Number> at(coexisting_root(t));
+    return {at.template density<at.vapour>(), at.template density<at.liquid>()};
 }
 
 }  // namespace vaprix

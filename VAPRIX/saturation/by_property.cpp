@@ -9,6 +9,8 @@
 #include "frame/elementary.hpp"
 #include "frame/polynomial.hpp"
 #include "inverse/second_variable.hpp"
+#include "regions/region3.hpp"
+#include "regions/saturated_densities.hpp"
 #include "regions/tables/saturated_limits.hpp"
 
 namespace vaprix::saturation {
@@ -40,7 +42,18 @@ Tangent<double> tangent(double t) noexcept {
     return {y.y - inverse::along_isobar<Y, Equation>(p, 0.0), y.y_x + y_p * p_t};
 }
 
-double density(double d, double /* t */) noexcept { return d; }
+// Properties of region 3 and their slopes by density and temperature.
+struct DenseTangent {
+    double y, y_d, y_t;
+};
+DenseTangent density(double d, double /* t */) noexcept { return {d, 1, 0}; }
+template <TangentPair<double> (*tangents)(double, double)>
+DenseTangent second_of(double d, double t) noexcept {
+    const TangentPair<double> at = tangents(d, t);
+    return {at.b, at.b_x, at.b_y};
+}
+constexpr auto dense_enthalpy = second_of<region3::ph_tangents>;
+constexpr auto dense_entropy = second_of<region3::ps_tangents>;
 
 template <auto const& polynomial_of>
 double start_at(double x) noexcept {
@@ -57,37 +70,47 @@ double reduced(double y) noexcept {
     return y * (1 / limits.y_crit);
 }
 
+template <const SaturatedLimits& limits>
+double beside_critical(double y) noexcept {
+    return y * (1 / limits.y_crit) - 1;
+}
+
 // One property of one phase: above 623.15 K by density and temperature, its tangent below, its
-// limits, its start value for the search up to 623.15 K; those with a maximum have one for its cold
-// side too.
+// limits, its start values for the search above 623.15 K and up to there; those with a maximum have
+// one for its cold side too.
 template <Phase phase_of, auto dense_of, auto tangent_of, const SaturatedLimits& limits_of,
-          const auto& start_of, auto variable_of>
+          const auto& start_dense_of, const auto& start_of, auto variable_of>
 struct Saturated {
     static constexpr Phase phase = phase_of;
     static constexpr auto dense = dense_of;
     static constexpr auto tangent = tangent_of;
     static constexpr const SaturatedLimits& limits = limits_of;
+    static constexpr auto hot = polynomial(start_dense_of);
     static constexpr auto warm = polynomial(start_of);
     static constexpr auto variable = variable_of;
 };
 struct LiquidDensity
     : Saturated<Phase::liquid, density, density_tangent<Phase::liquid>, tables::limits_d1,
-                tables::start_d1, below_maximum<tables::limits_d1>> {
+                tables::start_d1_dense, tables::start_d1, below_maximum<tables::limits_d1>> {
     static constexpr auto cold = polynomial(tables::start_d1_cold);
 };
-using VapourDensity = Saturated<Phase::vapour, density, density_tangent<Phase::vapour>,
-                                tables::limits_d2, tables::start_d2, log<double>>;
-using LiquidEnthalpy = Saturated<Phase::liquid, region3::h, tangent<Phase::liquid, Enthalpy>,
-                                 tables::limits_h1, tables::start_h1, reduced<tables::limits_h1>>;
+using VapourDensity =
+    Saturated<Phase::vapour, density, density_tangent<Phase::vapour>, tables::limits_d2,
+              tables::start_d2_dense, tables::start_d2, log<double>>;
+using LiquidEnthalpy =
+    Saturated<Phase::liquid, dense_enthalpy, tangent<Phase::liquid, Enthalpy>, tables::limits_h1,
+              tables::start_h1_dense, tables::start_h1, reduced<tables::limits_h1>>;
 struct VapourEnthalpy
-    : Saturated<Phase::vapour, region3::h, tangent<Phase::vapour, Enthalpy>, tables::limits_h2,
-                tables::start_h2, below_maximum<tables::limits_h2>> {
+    : Saturated<Phase::vapour, dense_enthalpy, tangent<Phase::vapour, Enthalpy>, tables::limits_h2,
+                tables::start_h2_dense, tables::start_h2, below_maximum<tables::limits_h2>> {
     static constexpr auto cold = polynomial(tables::start_h2_cold);
 };
-using LiquidEntropy = Saturated<Phase::liquid, region3::s, tangent<Phase::liquid, Entropy>,
-                                tables::limits_s1, tables::start_s1, reduced<tables::limits_s1>>;
-using VapourEntropy = Saturated<Phase::vapour, region3::s, tangent<Phase::vapour, Entropy>,
-                                tables::limits_s2, tables::start_s2, reduced<tables::limits_s2>>;
+using LiquidEntropy =
+    Saturated<Phase::liquid, dense_entropy, tangent<Phase::liquid, Entropy>, tables::limits_s1,
+              tables::start_s1_dense, tables::start_s1, reduced<tables::limits_s1>>;
+using VapourEntropy =
+    Saturated<Phase::vapour, dense_entropy, tangent<Phase::vapour, Entropy>, tables::limits_s2,
+              tables::start_s2_dense, tables::start_s2, reduced<tables::limits_s2>>;
 
 bool between(double y, double a, double b) noexcept {
     return y >= std::min(a, b) && y <= std::max(a, b);
@@ -99,35 +122,45 @@ double newton_from(double start, double y, double low, double high) noexcept {
     return bracketed_newton(Property::tangent, y, low, high, std::clamp(start, low, high), step).x;
 }
 
-// Above 623.15 K. The property bends like the square root of the distance from the critical point
-// while the densities are solved, like the cube root where they are estimated: in these it is
-// nearly a straight line.
+// Above 623.15 K, where the densities are expansions, by Newton's method along the root that they are
+// expanded in.
 template <class Property>
-double t_dense(double y) noexcept {
-    constexpr const SaturatedLimits& limits = Property::limits;
-    const auto solve = [y](auto t_of, Residual<double> cold, Residual<double> hot,
-                           double step) noexcept {
-        const auto excess = [=](double x) noexcept {
-            const double t = t_of(x);
-            const SaturatedDensities d = dsat3(t, psat(t));
-            return Property::dense(Property::phase == Phase::liquid ? d.liquid : d.vapour, t) - y;
-        };
-        return t_of(bracketed_secant(excess, cold, hot, step).x);
+double t_solved(double y) noexcept {
+    using Densities = CoexistingDensities<double>;
+    constexpr std::size_t phase =
+        Property::phase == Phase::liquid ? Densities::liquid : Densities::vapour;
+    constexpr double step = 1e-8;  // relative, after which the error is one of rounding
+    const auto t_of = [](double root) noexcept {
+        return std::clamp(T_crit - (root * root - tables::coexisting_t_crit_beyond), T_13_dense,
+                          tables::t_solved);
     };
-    if (between(y, limits.y_13_dense, limits.y_solved)) {
-        constexpr double step = 1e-12;  // relative, as a root beside an end is approached slowly
-        const auto t_of = [](double u) noexcept {
-            return std::min(T_crit * (1 - u * u), tables::t_solved);
-        };
-        const Residual<double> cold{sqrt(1 - T_13 / T_crit), limits.y_13_dense - y};
-        const Residual<double> hot{sqrt(1 - tables::t_solved / T_crit), limits.y_solved - y};
-        return solve(t_of, cold, hot, step);
-    }
-    constexpr double step = 1e-5;  // a smaller one is soon less than the spacing of temperatures
+    const auto along_line = [t_of](double root) noexcept -> Tangent<double> {
+        const Densities at(root);
+        const DenseTangent f = Property::dense(at.density<phase>(), t_of(root));
+        return {f.y, f.y_d * at.slope<phase>() - 2 * root * f.y_t};
+    };
+    const double low = coexisting_root(tables::t_solved);
+    const double high = coexisting_root(T_13_dense);
+    const double start = start_at<Property::hot>(beside_critical<Property::limits>(y));
+    return t_of(bracketed_newton(along_line, y, low, high, std::clamp(start, low, high), step).x);
+}
+
+// Beside the critical point, where the densities are estimated. The property bends like the cube
+// root of the distance from it.
+template <class Property>
+double t_estimated(double y) noexcept {
+    constexpr double step =
+        1e-5;  // relative: a smaller one is soon less than the spacing of temperatures
     const auto t_of = [](double x) noexcept { return T_crit * (1 - x * x * x); };
-    const Residual<double> cold{cbrt(1 - tables::t_solved / T_crit), limits.y_estimated - y};
-    const Residual<double> hot{0, limits.y_crit - y};
-    return solve(t_of, cold, hot, step);
+    const auto excess = [=](double x) noexcept {
+        const double t = t_of(x);
+        const SaturatedDensities d = dsat3(t, psat(t));
+        return Property::dense(Property::phase == Phase::liquid ? d.liquid : d.vapour, t).y - y;
+    };
+    const Residual<double> cold{cbrt(1 - tables::t_solved / T_crit),
+                                Property::limits.y_estimated - y};
+    const Residual<double> hot{0, Property::limits.y_crit - y};
+    return t_of(bracketed_secant(excess, cold, hot, step).x);
 }
 
 constexpr NewtonRoot<double> nowhere{0, false};
@@ -149,13 +182,12 @@ NewtonRoot<double> t_warm(double y_given) noexcept {
         const double start = start_at<Property::warm>(Property::variable(y));
         return at(newton_from<Property>(start, y, limits.t_max, T_13));
     }
-    // beside the first densities solved, as far as they are exact
-    constexpr double exactness = 5e-12;  // relative
-    if (fabs(y - limits.y_13_dense) <= exactness * limits.y_13_dense) return at(T_13_dense);
+    if (fabs(y - limits.y_13_dense) <= rounding * limits.y_13_dense) return at(T_13_dense);
     // between the two equations that meet at 623.15 K
     if (between(y, limits.y_13, limits.y_13_dense)) return at(T_13);
     if (fabs(y - limits.y_crit) <= rounding * limits.y_crit) return at(T_crit);
-    return between(y, limits.y_13_dense, limits.y_crit) ? at(t_dense<Property>(y)) : nowhere;
+    if (between(y, limits.y_13_dense, limits.y_solved)) return at(t_solved<Property>(y));
+    return between(y, limits.y_13_dense, limits.y_crit) ? at(t_estimated<Property>(y)) : nowhere;
 }
 
 template <class Property>

@@ -8,8 +8,8 @@
 
 namespace vaprix {
 
-// The coexisting phases at (p, t) on the saturation line: above 623.15 K their densities are solved
-// for.
+// The coexisting phases at (p, t) on the saturation line: above 623.15 K their densities, which the
+// equation of region 3 is in.
 [[nodiscard]] VAPRIX_INLINE SaturatedEnds<double> ends_at(double p, double t) noexcept {
     if (t <= T_13) return {};
     const SaturatedDensities d = dsat3(t, p);

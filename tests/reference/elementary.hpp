@@ -11,7 +11,6 @@ extern "C" {
 __float128 fabsq(__float128) noexcept;
 __float128 copysignq(__float128, __float128) noexcept;
 __float128 cbrtq(__float128) noexcept;
-__float128 log1pq(__float128) noexcept;
 }
 
 template <>
@@ -23,7 +22,6 @@ struct vaprix::Elementary<__float128> {
     static Quad cbrt(Quad x) noexcept { return cbrtq(x); }
     static Quad exp(Quad x) noexcept { return expq(x); }
     static Quad log(Quad x) noexcept { return logq(x); }
-    static Quad log1p(Quad x) noexcept { return log1pq(x); }
 };
 
 template <>

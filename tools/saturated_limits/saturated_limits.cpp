@@ -3,6 +3,7 @@
 // Finds where density, enthalpy and entropy of the saturated phases have their extrema and what they
 // are there and at the ends of the equations, fits the saturation temperature as polynomials of them,
 // where Newton's method starts, and prints regions/tables/saturated_limits.hpp.
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <functional>
@@ -45,34 +46,33 @@ double greatest(const Of& y, double low, double high) {
     return 0.5 * (low + high);
 }
 
-// The last temperature at which the coexisting densities are solved and not estimated.
+// The last temperature at which the coexisting densities are expanded and not estimated.
 double last_solved() {
-    constexpr double near_critical = 1e-5;  // MPa, as dsat3 has it
     double low = 647;
     double high = T_crit;
     for (double middle = low; middle = 0.5 * (low + high), middle != low && middle != high;) {
-        (p_crit - psat(middle) >= near_critical ? low : high) = middle;
+        (p_crit - psat(middle) >= estimated_zone ? low : high) = middle;
     }
     return low;
 }
 
-// Prints T as a polynomial in x between two temperatures.
+// Prints what x is of, between two of it, as a polynomial in x: T unless the unit says otherwise.
 void print_fit(const std::string& name, double from, double to, int degree,
-               const std::function<Real(double)>& x_of) {
+               const std::function<Real(double)>& x_of, const char* unit = "K") {
     constexpr int samples = 4000;
     std::vector<Exponents> powers;
     for (int k = 0; k <= degree; ++k) powers.push_back({k, 0});
     std::vector<Row> rows;
     for (int i = 0; i <= samples; ++i) {
         // dense at the ends
-        const double t = from + (to - from) * 0.5 * (1 - std::cos(i * std::acos(-1.0) / samples));
+        const double at = from + (to - from) * 0.5 * (1 - std::cos(i * std::acos(-1.0) / samples));
         Row row;
-        for (const Exponents& power : powers) row.push_back(std::pow(x_of(t), power.I));
-        row.push_back(Real(t));
+        for (const Exponents& power : powers) row.push_back(std::pow(x_of(at), power.I));
+        row.push_back(Real(at));
         rows.push_back(row);
     }
     const auto [n, worst] = fit(rows);
-    std::printf("\n// Within %.2Lg K.\n", worst);
+    std::printf("\n// Within %.2Lg %s.\n", worst, unit);
     print_terms(("start_" + name).c_str(), powers, n);
 }
 
@@ -87,12 +87,23 @@ void print_limits(const std::string& name, const Of& y, double t_max, double edg
         critical);
 }
 
+// Above 623.15 K, of the root that the coexisting densities are expanded in.
+void print_dense(const std::string& name, const Of& y, double edge, double critical) {
+    const auto beside_critical = [&](double root) {
+        const double t = T_crit - (root * root - tables::coexisting_t_crit_beyond);
+        return Real(at(y, std::clamp(t, T_13_dense, edge))) / Real(critical) - 1;
+    };
+    print_fit(name + "_dense", coexisting_root(edge), coexisting_root(T_13_dense), 6,
+              beside_critical, "K^(1/2)");
+}
+
 void print_monotonic(const std::string& name, const Of& y, double edge, double critical) {
     print_limits(name, y, T_min, edge, critical);
     const bool logarithmic = name == "d2";
     print_fit(name, T_min, T_13, logarithmic ? 7 : 6, [&](double t) {
         return logarithmic ? std::log(Real(at(y, t))) : Real(at(y, t)) / Real(critical);
     });
+    print_dense(name, y, edge, critical);
 }
 
 // The maximum is between two temperatures.
@@ -105,6 +116,7 @@ void print_with_maximum(const std::string& name, const Of& y, double from, doubl
     };
     print_fit(name, t_max, T_13, 8, root);
     print_fit(name + "_cold", T_min, t_max, 8, root);
+    print_dense(name, y, edge, critical);
 }
 
 }  // namespace
@@ -117,7 +129,8 @@ int main() {
 // Density, enthalpy and entropy of saturated liquid (1) and vapour (2), d in kg/m3, h in kJ/kg,
 // s in kJ/(kg K), where their branches end, by our own evaluation; and our own start values for
 // the saturation temperature, K, up to 623.15 K: sum n x^I with x = y/y_crit, for the density of
-// vapour ln d, and where y has a maximum sqrt(y_max - y).
+// vapour ln d, and where y has a maximum sqrt(y_max - y); above, of the root that the coexisting
+// densities are expanded in, with x = y/y_crit - 1.
 #pragma once
 
 #include "frame/polynomial.hpp"
@@ -130,12 +143,12 @@ struct SaturatedLimits {
     double y_max;          // at t_max
     double y_13;           // at 623.15 K by regions 1 and 2
     double y_13_dense;     // beside it by region 3
-    double y_solved;       // at t_solved, from densities solved
+    double y_solved;       // at t_solved, from the equation's densities
     double y_estimated;    // beside it, from densities estimated
     double y_crit;         // at the critical point
 };
 
-// Up to here dsat3 solves for the coexisting densities, beyond it estimates them.
+// Up to here dsat3 has the coexisting densities of the equation, beyond it estimates them.
 inline constexpr double t_solved = %.17g;  // K
 )",
                 edge);

@@ -4,7 +4,8 @@
 // Density, enthalpy and entropy of saturated liquid (1) and vapour (2), d in kg/m3, h in kJ/kg,
 // s in kJ/(kg K), where their branches end, by our own evaluation; and our own start values for
 // the saturation temperature, K, up to 623.15 K: sum n x^I with x = y/y_crit, for the density of
-// vapour ln d, and where y has a maximum sqrt(y_max - y).
+// vapour ln d, and where y has a maximum sqrt(y_max - y); above, of the root that the coexisting
+// densities are expanded in, with x = y/y_crit - 1.
 #pragma once
 
 #include "frame/polynomial.hpp"
@@ -17,17 +18,17 @@ struct SaturatedLimits {
     double y_max;          // at t_max
     double y_13;           // at 623.15 K by regions 1 and 2
     double y_13_dense;     // beside it by region 3
-    double y_solved;       // at t_solved, from densities solved
+    double y_solved;       // at t_solved, from the equation's densities
     double y_estimated;    // beside it, from densities estimated
     double y_crit;         // at the critical point
 };
 
-// Up to here dsat3 solves for the coexisting densities, beyond it estimates them.
+// Up to here dsat3 has the coexisting densities of the equation, beyond it estimates them.
 inline constexpr double t_solved = 647.09596270474935;  // K
 
 inline constexpr SaturatedLimits limits_d1{
     277.13505227713858, 999.79306550632941, 999.92567124347158, 574.68934171384944,
-    574.6708387006413, 322.57062793586306, 324.48385552969279, 322};
+    574.67083870063823, 322.57052638192494, 324.48385552969279, 322};
 
 // Within 0.0059 K.
 inline constexpr Term start_d1[] = {
@@ -55,9 +56,20 @@ inline constexpr Term start_d1_cold[] = {
     {8, 0, 2.173109192e+02},
 };
 
+// Within 0.00041 K^(1/2).
+inline constexpr Term start_d1_dense[] = {
+    {0, 0, 4.842207188e-04},
+    {1, 0, 3.402144117e+00},
+    {2, 0, 1.124792928e+00},
+    {3, 0, 1.879967387e+01},
+    {4, 0, -4.301978543e+01},
+    {5, 0, 4.105208935e+01},
+    {6, 0, -1.480341917e+01},
+};
+
 inline constexpr SaturatedLimits limits_d2{
     273.14999999999998, 0.0048510787632090394, 0.0048510787632090394, 113.62433067027418,
-    113.61383492566165, 321.42927072907395, 319.47031406181861, 322};
+    113.61383492566139, 321.42916759723681, 319.47031406181861, 322};
 
 // Within 0.075 K.
 inline constexpr Term start_d2[] = {
@@ -71,9 +83,20 @@ inline constexpr Term start_d2[] = {
     {7, 0, -2.145148030e-04},
 };
 
+// Within 0.00018 K^(1/2).
+inline constexpr Term start_d2_dense[] = {
+    {0, 0, -2.489832046e-04},
+    {1, 0, -3.487271172e+00},
+    {2, 0, -1.837945009e+00},
+    {3, 0, -3.531022454e+01},
+    {4, 0, -6.359994131e+01},
+    {5, 0, -5.351063130e+01},
+    {6, 0, -1.473087608e+01},
+};
+
 inline constexpr SaturatedLimits limits_h1{
     273.14999999999998, -0.041587825987455494, -0.041587825987455494, 1670.8582182745977,
-    1670.8884498097709, 2086.5924448462997, 2083.4093270933777, 2087.5468451171591};
+    1670.8884498097179, 2086.5926144657983, 2083.4093270933777, 2087.5468451171591};
 
 // Within 0.014 K.
 inline constexpr Term start_h1[] = {
@@ -86,9 +109,20 @@ inline constexpr Term start_h1[] = {
     {6, 0, -8.091810858e+01},
 };
 
+// Within 0.001 K^(1/2).
+inline constexpr Term start_h1_dense[] = {
+    {0, 0, 1.152741378e-03},
+    {1, 0, -1.306516777e+01},
+    {2, 0, 4.015675930e+01},
+    {3, 0, -1.733556983e+03},
+    {4, 0, -1.963979874e+04},
+    {5, 0, -8.141617781e+04},
+    {6, 0, -1.221180017e+05},
+};
+
 inline constexpr SaturatedLimits limits_h2{
     508.44296082607264, 2500.8926178171614, 2803.2852558905411, 2563.5920038883805,
-    2563.6254347959093, 2088.5032509527705, 2091.8038573047402, 2087.5468451171591};
+    2563.6254347959102, 2088.5034240161272, 2091.8038573047402, 2087.5468451171591};
 
 // Within 0.00055 K.
 inline constexpr Term start_h2[] = {
@@ -116,9 +150,20 @@ inline constexpr Term start_h2_cold[] = {
     {8, 0, -1.103753231e-08},
 };
 
+// Within 0.0007 K^(1/2).
+inline constexpr Term start_h2_dense[] = {
+    {0, 0, 8.288624683e-04},
+    {1, 0, 1.305935005e+01},
+    {2, 0, -2.035447005e+01},
+    {3, 0, 1.011748217e+03},
+    {4, 0, -7.107261830e+03},
+    {5, 0, 2.276945010e+04},
+    {6, 0, -2.736106364e+04},
+};
+
 inline constexpr SaturatedLimits limits_s1{
     273.14999999999998, -0.00015454959194306374, -0.00015454959194306374, 3.7782813395442756,
-    3.7783227343783325, 4.4105466326679084, 4.4056275466775086, 4.412021482236347};
+    3.7783227343782499, 4.410546894792108, 4.4056275466775086, 4.412021482236347};
 
 // Within 0.03 K.
 inline constexpr Term start_s1[] = {
@@ -131,9 +176,20 @@ inline constexpr Term start_s1[] = {
     {6, 0, -5.258611991e+02},
 };
 
+// Within 0.00087 K^(1/2).
+inline constexpr Term start_s1_dense[] = {
+    {0, 0, 9.469607397e-04},
+    {1, 0, -1.800847295e+01},
+    {2, 0, 6.208734576e+01},
+    {3, 0, -4.999522856e+03},
+    {4, 0, -7.514538142e+04},
+    {5, 0, -4.211523578e+05},
+    {6, 0, -8.602377585e+05},
+};
+
 inline constexpr SaturatedLimits limits_s2{
     273.14999999999998, 9.1557593952244005, 9.1557593952244005, 5.2108878249307429,
-    5.2109424647580385, 4.413499527163621, 4.4186001762596048, 4.412021482236347};
+    5.2109424647580393, 4.4134997946098453, 4.4186001762596048, 4.412021482236347};
 
 // Within 0.43 K.
 inline constexpr Term start_s2[] = {
@@ -144,6 +200,17 @@ inline constexpr Term start_s2[] = {
     {4, 0, 4.779211996e+03},
     {5, 0, -3.427476249e+03},
     {6, 0, 5.479505198e+02},
+};
+
+// Within 0.00094 K^(1/2).
+inline constexpr Term start_s2_dense[] = {
+    {0, 0, 1.109585338e-03},
+    {1, 0, 1.773301279e+01},
+    {2, 0, -2.975596289e+01},
+    {3, 0, 2.311418290e+03},
+    {4, 0, -2.239925555e+04},
+    {5, 0, 9.420203792e+04},
+    {6, 0, -1.510560751e+05},
 };
 
 }  // namespace vaprix::tables

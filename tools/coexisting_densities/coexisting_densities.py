@@ -1,0 +1,142 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""Prints VAPRIX/regions/tables/coexisting_densities.hpp: the densities of region 3 that coexist, as polynomials.
+
+Towards the critical point of the equation itself, a nanokelvin above the printed one, the density of the liquid is an
+analytic function of the root of the distance, and that of the vapour the same function of the negative root.
+"""
+import csv
+import decimal
+import functools
+import math
+import pathlib
+
+D = decimal.Decimal
+decimal.getcontext().prec = 60
+TABLE = pathlib.Path(__file__).resolve().parents[2] / "published/if97/t30_region3.csv"
+
+PIECES = 32
+PER_ROOT = D("6.4")  # pieces, of the root of a kelvin: the first ends half a piece above 0
+TERMS = 12  # of a polynomial
+T_CRIT, D_CRIT = D("647.096"), D(322)
+
+with TABLE.open(encoding="utf-8") as lines:
+    ROWS = list(csv.DictReader(line for line in lines if not line.startswith("#")))
+N_1 = D(ROWS[0]["n"])
+PHI = [(int(row["I"]), int(row["J"]), D(row["n"])) for row in ROWS[1:]]
+
+
+@functools.lru_cache(4)
+def isotherm(tau):
+    """Coefficients of the powers of delta."""
+    powers = {J: tau**J for _, J, _ in PHI}
+    return [sum(n * powers[J] for I, J, n in PHI if I == power) for power in range(12)]
+
+
+def phi(delta, tau):
+    """phi and its derivatives by delta, each times delta of its order."""
+    sums = [N_1 * delta.ln(), N_1, -N_1, 2 * N_1]
+    power = D(1)
+    for I, c in enumerate(isotherm(tau)):
+        for order, weight in enumerate((1, I, I * (I - 1), I * (I - 1) * (I - 2))):
+            sums[order] += weight * c * power
+        power *= delta
+    return sums
+
+
+def newton(functions, x, y):
+    """Where two functions are 0; the slopes are differences."""
+    h = D("1e-25")
+    for _ in range(60):
+        f, f_x, f_y = functions(x, y), functions(x + h, y), functions(x, y + h)
+        (a, b), (c, d) = (((v - u) / h for u, v in zip(f, g)) for g in (f_x, f_y))
+        step_x, step_y = (c * f[1] - d * f[0]) / (a * d - b * c), (b * f[0] - a * f[1]) / (a * d - b * c)
+        x, y = x + step_x, y + step_y
+        if abs(step_x) + abs(step_y) < D("1e-22"):
+            return x, y
+    raise ArithmeticError("no convergence")
+
+
+def critical_temperature():
+    """Where the isotherm has a level inflection."""
+    def slopes(delta, tau):
+        _, f1, f2, f3 = phi(delta, tau)
+        return 2 * f1 + f2, 2 * f1 + 4 * f2 + f3
+    return T_CRIT / newton(slopes, D(1), D(1))[1]
+
+
+def coexisting(t, vapour, liquid):
+    """Reduced densities of equal pressure and Gibbs energy, by Newton's method from a pair that is nearly right."""
+    tau = T_CRIT / t
+    for _ in range(60):
+        (f0, f1, f2, _), (g0, g1, g2, _) = phi(vapour, tau), phi(liquid, tau)
+        # of the pressure over d_crit R T, dp = (2 phi_1 + phi_2) ddelta, and d(g/RT) = dp/delta
+        p_gap, g_gap = liquid * g1 - vapour * f1, (g0 + g1) - (f0 + f1)
+        dp_vapour = (g_gap - p_gap / liquid) / (1 / vapour - 1 / liquid)
+        steps = dp_vapour / (2 * f1 + f2), (dp_vapour - p_gap) / (2 * g1 + g2)
+        vapour, liquid = vapour + steps[0], liquid + steps[1]
+        if abs(steps[0]) + abs(steps[1]) < D("1e-25"):
+            return vapour, liquid
+    raise ArithmeticError("no convergence")
+
+
+def estimate(t):
+    """Reduced densities by the first terms of IAPWS SR1-86(1992)."""
+    x = (1 - t / T_CRIT) ** (D(1) / 3)
+    return ((D("-2.0315") * x - D("2.683") * x**2 - D("5.386") * x**4 - D("17.3") * x**9).exp(),
+            1 + D("1.99274") * x + D("1.09965") * x**2 - D("0.5108") * x**5)
+
+
+def interpolated(points):
+    """Coefficients, in rising order, of the polynomial through the points: Newton's divided differences, expanded."""
+    xs, differences = [x for x, _ in points], [y for _, y in points]
+    for order in range(1, len(xs)):
+        for k in range(len(xs) - 1, order - 1, -1):
+            differences[k] = (differences[k] - differences[k - 1]) / (xs[k] - xs[k - order])
+    coefficients = [D(0)] * len(xs)
+    for x, difference in zip(reversed(xs), reversed(differences)):
+        coefficients = [a - x * b for a, b in zip([D(0)] + coefficients[:-1], coefficients)]
+        coefficients[0] += difference
+    return coefficients
+
+
+def piece(k, t_crit):
+    """Coefficients of liquid and vapour, kg/m3, in x between -1/2 and 1/2: the root is (k + x)/PER_ROOT."""
+    liquid, vapour = [], []
+    for node in range(TERMS):
+        x = D(round(math.cos(math.pi * (node + 0.5) / TERMS) / 2, 12))  # the same on every machine
+        root = (k + x) / PER_ROOT
+        pair = coexisting(t_crit - root**2, *estimate(t_crit - root**2))
+        low, high = pair if root > 0 else pair[::-1]
+        vapour.append((x, D_CRIT * low))
+        liquid.append((x, D_CRIT * high))
+    return zip(interpolated(liquid), interpolated(vapour))
+
+
+def main():
+    t_crit = critical_temperature()
+    print(f"""// SPDX-License-Identifier: MIT
+// Generated by tools/coexisting_densities/coexisting_densities.py, do not edit.
+//
+// Densities, kg/m3, at which liquid and vapour of the region-3 equation coexist, by our own solution in
+// extended precision: sum n x^I, a pair of coefficients each, with k + x = {PER_ROOT} (w/K)^(1/2), |x| <= 1/2,
+// w the distance from the critical temperature of the equation itself.
+#pragma once
+
+namespace vaprix::tables {{
+
+// That temperature less the double nearest to 647.096, K.
+inline constexpr double coexisting_t_crit_beyond = {float(t_crit - D(float(T_CRIT)))!r};
+inline constexpr double coexisting_pieces_per_root = {float(PER_ROOT)!r};  // K^(-1/2)
+
+inline constexpr double coexisting_densities[{PIECES}][{TERMS}][2] = {{""")
+    for k in range(PIECES):
+        print(f"    {{  // {k}")
+        for liquid, vapour in piece(k, t_crit):
+            print(f"        {{{float(liquid)!r}, {float(vapour)!r}}},")
+        print("    },")
+    print("};\n\n}  // namespace vaprix::tables")
+
+
+if __name__ == "__main__":
+    main()
