@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
 """The pages in docs/ that are made from the catalogue, its answer rules and its examples."""
+import csv
 import re
 
 from answers import CODES, HERE, RULES, answers, grouped, listed, prose, rows, shared
@@ -116,6 +117,33 @@ def failures(families, members):
             "stays as it is. A dash: nothing to fail, the property is answered there.\n")
 
 
+def stated():
+    """The statement of accuracy, by export and region."""
+    with open(HERE.parents[1] / "docs" / "statement.csv", newline="", encoding="utf-8") as file:
+        table = csv.DictReader(line for line in file if not line.startswith("#"))
+        return {(row["export"], row["region"]): row for row in table}
+
+
+def accuracy(members):
+    """The largest errors of a page's exports, a line for those that share them."""
+    errors, regions = stated(), {"1": "1", "2": "2", "3": "3", "5": "5", "4": "wet", "c": "critical point"}
+
+    def cell(name, region):
+        row = errors.get((name, region))
+        if not row:
+            return "-"
+        value = f"{row['max_relative']} ({row['max_ulp']})" if row["max_relative"] else "-"
+        return value + (f"; {row['residual']}" if row["residual"] else "")
+    lines = [[marked(e["name"] for e in same), *cells] for cells, same in
+             grouped(members, lambda e: tuple(cell(e["name"], region) for region in regions))
+             if any(c != "-" for c in cells)]
+    if not lines:
+        return ""
+    return ("## Accuracy\n\nThe largest errors found, by region of the state: relative (in units of the last place), against "
+            "the equations\nin quadruple precision at the state found; residual of what was given, of that state "
+            "([how](../accuracy.md#the-statement)).\n\n" + table(["Exports", *regions.values()], lines) + "\n")
+
+
 def reference_page(page, families, entries, meanings):
     keys = [k for k, f in families.items() if f["page"] == page["page"]]
     members = [e for k in keys for e in entries if e["family"] == k]
@@ -124,7 +152,7 @@ def reference_page(page, families, entries, meanings):
     out += [f"- `{name}`: {meanings[name]}.\n" for name in arguments]
     out += ["\n" + section(title, families, some) for title, some in
             grouped(members, lambda e: families[e["family"]]["title"])]
-    out.append("\n" + failures(families, members) + "\n" + example(entries, page["page"]))
+    out.append("\n" + failures(families, members) + "\n" + accuracy(members) + example(entries, page["page"]))
     return "".join(out)
 
 
