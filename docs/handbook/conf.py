@@ -101,9 +101,9 @@ def read(app, page, text):
 
 
 def link_names(_app, document):
-    """Turns `HBPT` and `HBPT(p, T)` into a link to its entry."""
+    """Turns `HBPT`, `HBPT(p, T)` and `HBPT(&p, &T)` into a link to its entry."""
     for literal in list(document.findall(nodes.literal)):
-        name = re.sub(r"\([a-zA-Z_, ]*\)$", "", literal.astext())
+        name = re.sub(r"\([a-zA-Z_&, ]*\)$", "", literal.astext())
         if name in entries.NAMES and not isinstance(literal.parent, (nodes.reference, addnodes.pending_xref)):
             link = addnodes.pending_xref("", refdomain="c", reftype="func", reftarget=name, refexplicit=True,
                                          refwarn=True, refdoc=document.settings.env.docname)
