@@ -23,8 +23,9 @@ std::vector<double> linear(double low, double high, std::size_t count) {
             break;
         }
     }
-    const double last = std::floor(high / step + rounding);
-    for (double k = std::ceil(low / step - rounding); k <= last; ++k) out.push_back(k * step);
+    const double first = std::ceil(low / step - rounding);
+    const auto steps = static_cast<int>(std::floor(high / step + rounding) - first);
+    for (int k = 0; k <= steps; ++k) out.push_back((first + k) * step);
     return out;
 }
 

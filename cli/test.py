@@ -107,6 +107,15 @@ class States(Shell):
             out, _ = self.run_in_shell("vaprix state " + words)
             self.assertTrue(out.startswith(phase), out)
             self.assertLessEqual(max(map(len, out.splitlines())), 80)
+        wet = json.loads(self.run_in_shell("vaprix state T=450 x=0.7 --json")[0])["O"]
+        for symbol in "hsvd":
+            out, _ = self.run_in_shell(f"vaprix state x=0.7 {symbol}={wet[symbol]['value']!r} --json")
+            self.assertAlmostEqual(json.loads(out)["O"]["T"]["value"], 450, 8, symbol)
+        out, _ = self.run_in_shell("vaprix state x=1 h=2803.2")  # beside the greatest, of 2803.28 kJ/kg
+        self.assertIn("Saturated steam", out)
+        self.assertIn("have a second state", out)
+        self.assertIn("outside the range of the property", self.run_in_shell("vaprix state x=1 h=2804", 1)[1])
+        self.assertIn("quality outside 0 to 1", self.run_in_shell("vaprix state x=1.1 h=2000", 1)[1])
         out, _ = self.run_in_shell("vaprix state p=1 h=1000 --both")
         self.assertIn("O-family", out)
         self.assertIn("have a second state, at 8.0915", self.run_in_shell("vaprix state T=300 h=120")[0])

@@ -18,4 +18,4 @@ python3 tools/check.py build/release/tools
 cmake --preset release-clang -B build/lint -DVAPRIX_BUILD_TESTS=OFF -DVAPRIX_BUILD_ARRAYS=ON >/dev/null
 cmake --build build/lint --target vaprix_faces vaprix_arrays_faces >/dev/null
 # packs.cpp is the equations once more, for each instruction set: minutes of analysis that finds nothing new
-find VAPRIX arrays/*.cpp cpp/*.cpp -name '*.cpp' ! -name packs.cpp | xargs -P "$(nproc)" -n 2 clang-tidy --quiet -p build/lint
+find VAPRIX arrays/*.cpp charts/*.cpp cpp/*.cpp -name '*.cpp' ! -name packs.cpp | xargs -P "$(nproc)" -n 2 clang-tidy --quiet -p build/lint

@@ -160,7 +160,7 @@ TEST(Charts, LinesEndWhereTheyMust) {
 }
 
 TEST(Charts, LevelsAreRoundInTheUnitsOfTheView) {
-    View view = view_of(Chart::hs);
+    View view = whole(Chart::hs);
     view.units[static_cast<std::size_t>(Quantity::p)] = {"bar", 10, 0};
     view.units[static_cast<std::size_t>(Quantity::T)] = {"°C", 1, 273.15};
     std::vector<std::string> labels;

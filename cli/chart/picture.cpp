@@ -63,9 +63,13 @@ std::vector<double> minor_ticks(const Axis& axis, const charts::Unit& unit, std:
     if (!axis.logarithmic) return charts::ticks(axis, unit, 5 * count);
     std::vector<double> out;
     const double low = unit.shown(axis.low), high = unit.shown(axis.high);
-    for (double power = std::pow(10, std::floor(std::log10(low))); power <= high; power *= 10)
-        for (int k = 2; k <= 9; ++k)
-            if (k * power >= low && k * power <= high) out.push_back(unit.meant(k * power));
+    const int last = static_cast<int>(std::floor(std::log10(high)));
+    for (int decade = static_cast<int>(std::floor(std::log10(low))); decade <= last; ++decade) {
+        for (int k = 2; k <= 9; ++k) {
+            const double value = k * std::pow(10, decade);
+            if (value >= low && value <= high) out.push_back(unit.meant(value));
+        }
+    }
     return out;
 }
 
