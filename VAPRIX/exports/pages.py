@@ -117,6 +117,9 @@ def failures(families, members):
             "stays as it is. A dash: nothing to fail, the property is answered there.\n")
 
 
+REGIONS = {"1": "1", "2": "2", "3": "3", "5": "5", "4": "wet", "c": "critical point"}
+
+
 def stated():
     """The statement of accuracy, by export and region."""
     with open(HERE.parents[1] / "docs" / "statement.csv", newline="", encoding="utf-8") as file:
@@ -126,7 +129,7 @@ def stated():
 
 def accuracy(members):
     """The largest errors of a page's exports, a line for those that share them."""
-    errors, regions = stated(), {"1": "1", "2": "2", "3": "3", "5": "5", "4": "wet", "c": "critical point"}
+    errors = stated()
 
     def cell(name, region):
         row = errors.get((name, region))
@@ -135,13 +138,13 @@ def accuracy(members):
         value = f"{row['max_relative']} ({row['max_ulp']})" if row["max_relative"] else "-"
         return value + (f"; {row['residual']}" if row["residual"] else "")
     lines = [[marked(e["name"] for e in same), *cells] for cells, same in
-             grouped(members, lambda e: tuple(cell(e["name"], region) for region in regions))
+             grouped(members, lambda e: tuple(cell(e["name"], region) for region in REGIONS))
              if any(c != "-" for c in cells)]
     if not lines:
         return ""
     return ("## Accuracy\n\nThe largest errors found, by region of the state: relative (in units of the last place), against "
             "the equations\nin quadruple precision at the state found; residual of what was given, of that state "
-            "([how](../accuracy.md#the-statement)).\n\n" + table(["Exports", *regions.values()], lines) + "\n")
+            "([how](../accuracy.md#the-statement)).\n\n" + table(["Exports", *REGIONS.values()], lines) + "\n")
 
 
 def reference_page(page, families, entries, meanings):

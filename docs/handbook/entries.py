@@ -2,8 +2,7 @@
 """The entry of each export in the handbook: what is evaluated, range, failure, accuracy, and the call in each language.
 
 formulas.csv has the formula of a property, in regions 1, 2 and 5 and in region 3 where that differs; ways.csv how a
-resolver finds the state. Accuracy is read from docs/accuracy.md; the results of the examples are the library's, which
-the environment names as VAPRIX_LIBRARY.
+resolver finds the state. The results of the examples are the library's, which the environment names as VAPRIX_LIBRARY.
 """
 import csv
 import ctypes
@@ -19,6 +18,7 @@ import cli  # noqa: E402
 from answers import answers, prose, rows  # noqa: E402
 from functions import exported, is_failure, worksheet_name  # noqa: E402
 from generate import WRITTEN, argument_type, catalogue, parameters, result_type  # noqa: E402
+from pages import REGIONS, stated  # noqa: E402
 
 LEGEND = """
 ## Function by function
@@ -28,9 +28,7 @@ $\\phi(\\delta, \\tau)$ the dimensionless Helmholtz energy of region 3; a subscr
 liquid, two the saturated vapour. The lines of a language are the same call, whose result is that of the example.
 
 """
-TRANSPORT = {"eta": "viscosity", "vis": "viscosity", "tco": "thermal conductivity", "tcon": "thermal conductivity",
-             "eps": "dielectric constant", "n": "refractive index"}
-OF_DENSITY = {*TRANSPORT, "vnu", "vki", "pr", "a"}
+OF_DENSITY = {"eta", "vis", "vnu", "vki", "tco", "tcon", "pr", "a", "eps", "n"}  # and of T
 
 
 def table(name):
@@ -44,8 +42,7 @@ NAMES = {e["name"]: FAMILIES[e["family"]]["page"] for e in ENTRIES}  # of an exp
 FORMULAS = {row["property"]: row for row in table("formulas.csv")}
 WAYS = table("ways.csv")
 EXAMPLES = {row["export"]: row for row in rows("examples.csv")}
-ACCURACY = (ROOT / "docs" / "accuracy.md").read_text(encoding="utf-8")
-ACCURACY_PROSE = " ".join(ACCURACY.split())
+STATED = stated()
 LIBRARY = ctypes.CDLL(os.environ["VAPRIX_LIBRARY"])
 
 
@@ -72,54 +69,16 @@ def way(entry):
     return ""
 
 
-def accuracy_table(title):
-    """A table of docs/accuracy.md by its first title: {first cell: {title: cell}}."""
-    head, _, *lines = re.search(rf"^\| {re.escape(title)} \|(.*\n\|)*.*", ACCURACY, re.MULTILINE)[0].splitlines()
-    cells = [[cell.strip() for cell in line.strip("|").split("|")] for line in (head, *lines)]
-    return {row[0]: dict(zip(cells[0][1:], row[1:])) for row in cells[1:]}
-
-
-OF_PT, OF_PAIRS = accuracy_table("Property of (p, T)"), accuracy_table("Pair")
-DERIVED = {e["property"] for e in ENTRIES if NAMES[e["name"]] == "derived-properties"}
-
-
-def accuracy_of_pair(entry):
-    """Of what is found by another pair of variables, or by one along the saturation line."""
-    pair = f"({', '.join(entry['arguments'])})"
-    if re.search("(saturated|liquid|vapour)_of_[dhs]$", entry["resolver"]):
-        pair = "saturated states by"
-    elif re.fullmatch("liquid_of_p_[bo] T", f"{entry['resolver']} {entry['property']}"):
-        pair = "saturation temperature"
-    b, o = next((row.values() for name, row in OF_PAIRS.items() if pair in name), (None, None))
-    if not o:
-        return ""
-    if b != "as the O-family" and entry["resolver"].endswith("_b"):
-        return b if "`" in b else f"against the basic equations {b}"
-    return f"both variables back to {o}" if o[:1].isdigit() else o
-
-
-def accuracy_of_pt(entry):
-    """Of a property in the regions that a resolver can find."""
-    symbol, resolver = plain(entry), entry["resolver"]
-    row = next((r for r in OF_PT if symbol in r.split(", ") or symbol in DERIVED and r.startswith("derived")), None)
-    kinds = {"region([125])_": r"region \1", "^(fugacity_)?of_pt": "region [125]",
-             "(liquid|vapour)_of_[tp]|wet_of": "saturated.*|above"}
-    found = (match.expand(titles) for of, titles in kinds.items() if (match := re.search(of, resolver)))
-    titles = next(found, "") + "|region 3.*" * resolver.endswith("of_pt_o")
-    figures = [f"{title}: {figure}" for title, figure in OF_PT[row].items() if re.fullmatch(titles, title)] if row else []
-    if figures and resolver == "of_pt_b":
-        figures.append("region 3: " + re.search(r"published volume v\(p, T\): (v to [\d.e-]+)", ACCURACY_PROSE)[1])
-    return ", ".join(figures)
-
-
 def accuracy(entry):
-    """What docs/accuracy.md measured of this property, or of the variables by which it is found."""
-    if what := TRANSPORT.get(entry["property"]):
-        of_density = ACCURACY_PROSE.partition("Transport properties of")[2]
-        return re.search(rf"{what} \D*(\S+e-\d+)", of_density)[1] + " at the density"
-    if entry["property"] == "region" or not entry["resolver"]:
-        return ""
-    return accuracy_of_pair(entry) or accuracy_of_pt(entry)
+    """The largest errors of an export that docs/statement.csv has, and residuals but for 0 of what was given."""
+    said = []
+    for region, name in REGIONS.items():
+        row = STATED.get((entry["name"], region), {})
+        residual = row.get("residual", "").removeprefix("0") and f"residual {row['residual']}"
+        figures = [row.get("max_relative"), residual]
+        if any(figures):
+            said.append("region " * name.isdigit() + f"{name} {', '.join(filter(None, figures))}")
+    return "; ".join(said)
 
 
 def called(entry):
