@@ -18,7 +18,7 @@
 
 namespace vaprix::charts {
 
-// Ordinate over abscissa. p and v have logarithmic axes but in pt, where p alone is a logarithm over T.
+// Ordinate over abscissa; axes of p and v are logarithmic.
 enum class Chart { ts, hs, ph, pt, pv };
 
 enum class Quantity { p, T, v, h, s, x };
@@ -56,7 +56,6 @@ enum class Kind {
     limit
 };
 inline constexpr std::size_t kinds = 9;
-// The quantity that is constant along a line: T of a border, p of a limit, and so on; x of the saturation line.
 [[nodiscard]] std::string name_of(Kind kind);  // "isobar"
 
 // What is seen of a chart, and how.
@@ -92,7 +91,7 @@ struct View {
 // it passes a region's border or the saturation line it has a node on each side.
 struct Line {
     Kind kind;
-    double level;
+    double level;       // of the quantity that is constant; 0 of the saturation line and B23
     std::string label;  // "10 MPa"
     std::vector<Point> points;
 };

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "labels.hpp"
+#include "tables.hpp"
 
 namespace vaprix::cli {
 namespace {
@@ -409,8 +410,6 @@ private:
                 {item.words, {x, y}, size_, item.look != nullptr ? ink_ : process_colour_});
         }
     }
-
-    static constexpr double T_crit = 647.096;
 
     Canvas& canvas_;
     View view_;
