@@ -181,14 +181,20 @@ void solve_dense_b(const double* p, const double* y, double* solved, double* den
     }
 }
 
-// Of region 3 by the O-family, temperature and density together.
-template <class Backward, auto t3, auto v3>
+// Of region 3 by the O-family, temperature and density together, as solve_dense() has them.
+template <class Y, auto t3, auto v3>
 void solve_dense_o(const double* p_of, const double* y_of, double* solved, double* dense,
                    std::size_t count) noexcept {
+    const auto tangents = Y::template Backward<Lanes>::tangents3;
     for (std::size_t k = 0; k < count; k += Lanes::lanes) {
         const Lanes p = Lanes::load(p_of + k), y = Lanes::load(y_of + k);
-        const auto at = newton([](Lanes d, Lanes t) noexcept { return Backward::tangents3(d, t); },
-                               p, y, Point<Lanes>{1 / v3(p, y), t3(p, y)}, inverse::dense_step);
+        auto [at, settled] = inverse::correct_dense_patch<Y>(p, y);
+        if (!machine::none(!settled)) {
+            const auto searched =
+                newton(tangents, p, y, {1 / v3(p, y), t3(p, y)}, inverse::dense_step);
+            at = {machine::select(settled, at.x, searched.x),
+                  machine::select(settled, at.y, searched.y)};
+        }
         at.y.store(solved + k);
         at.x.store(dense + k);
     }
@@ -263,8 +269,8 @@ struct OfPyO {
         plan.divide = divide_py<Y, PhaseTest::left, Lanes>;
         plan.solve = solved_o<Y>;
         using Backward = typename Y::template Backward<Lanes>;
-        plan.solve[region3a] = solve_dense_o<Backward, Backward::t3a, Backward::v3a>;
-        plan.solve[region3b] = solve_dense_o<Backward, Backward::t3b, Backward::v3b>;
+        plan.solve[region3a] = solve_dense_o<Y, Backward::t3a, Backward::v3a>;
+        plan.solve[region3b] = solve_dense_o<Y, Backward::t3b, Backward::v3b>;
         plan.solve[wet] = solve_wet<Y, asked, tsat_corrected<Lanes>>;
     }
 };

@@ -122,13 +122,39 @@ template <class Y, class Equation>
     return onto_limit(search_gibbs<Y, Equation>(p, y, along), low, high);
 }
 
-// Density and temperature of region 3: Newton's method from the backward equations. Along an isobar
-// the pair (p, y) stays regular through the critical point, so it converges quadratically
-// everywhere.
+// Density and temperature of region 3: one step of Newton's method from the patches, so close that the
+// error is one of rounding where the step is less than `dense_patch_step`.
+template <class Number>
+struct CorrectedPoint {
+    Point<Number> at;
+    machine::Truth<Number> settled;
+};
+template <class Y, class Number>
+[[nodiscard]] VAPRIX_INLINE CorrectedPoint<Number> correct_dense_patch(Number p,
+                                                                       Number y) noexcept {
+    using machine::fabs;
+    constexpr double close = tables::dense_patch_step;
+    const Number d = evaluate_patch<Y::d3_patches>(p, y).y;
+    const Number t = evaluate_patch<Y::template t_patches<Region::three>>(p, y).y;
+    const TangentPair<Number> f = Y::template Backward<Number>::tangents3(d, t);
+    const Point<Number> step = newton_step(f, p - f.a, y - f.b);
+    const machine::Truth<Number> d_settled = fabs(step.x) < close * d;
+    const machine::Truth<Number> t_settled = fabs(step.y) < close * t;
+    const machine::Truth<Number> settled = d_settled & t_settled;
+    return {{d + step.x, t + step.y}, settled};
+}
+
+// Else Newton's method from the backward equations. Along an isobar the pair (p, y) stays regular
+// through the critical point, so it converges quadratically everywhere.
 template <class Y>
-[[nodiscard]] NewtonPoint<double> solve_dense(double p, double y) noexcept {
+[[nodiscard]] NewtonPoint<double> search_dense(double p, double y) noexcept {
     const auto tangents = [](double d, double t) noexcept { return Y::tangents3(d, t); };
     return newton(tangents, p, y, {1 / Y::v3(p, y), Y::t3(p, y)}, dense_step);
+}
+template <class Y>
+[[nodiscard]] NewtonPoint<double> solve_dense(double p, double y) noexcept {
+    const auto [at, settled] = correct_dense_patch<Y>(p, y);
+    return settled ? NewtonPoint<double>{at, true} : search_dense<Y>(p, y);
 }
 
 // State of a single phase, whatever the saturation line says.

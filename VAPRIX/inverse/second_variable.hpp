@@ -92,10 +92,12 @@ struct Enthalpy : BackwardOfPh<double> {
 
     static constexpr const auto& limits = tables::isobar_limits_h;
 
-    // The temperature of region 1 or 2 by y along the isobar.
+    // The temperature of region 1, 2 or 3 and the density of region 3 by y along the isobar.
     template <Region region>
-    static constexpr const Patches* t_patches =
-        region == Region::one ? &tables::patches_1_ph : &tables::patches_2_ph;
+    static constexpr const Patches* t_patches = region == Region::one   ? &tables::t1_of_ph
+                                                : region == Region::two ? &tables::t2_of_ph
+                                                                        : &tables::t3_of_ph;
+    static constexpr const Patches* d3_patches = &tables::d3_of_ph;
 
     // Start value for the temperature of region 5, K, by y along the isobar.
     template <class Number>
@@ -155,8 +157,10 @@ struct Entropy : BackwardOfPs<double> {
     static constexpr const auto& limits = tables::isobar_limits_s;
 
     template <Region region>
-    static constexpr const Patches* t_patches =
-        region == Region::one ? &tables::patches_1_ps : &tables::patches_2_ps;
+    static constexpr const Patches* t_patches = region == Region::one   ? &tables::t1_of_ps
+                                                : region == Region::two ? &tables::t2_of_ps
+                                                                        : &tables::t3_of_ps;
+    static constexpr const Patches* d3_patches = &tables::d3_of_ps;
 
     // Start value for the temperature of region 5, K, by y along the isobar.
     template <class Number>

@@ -1,26 +1,30 @@
 // SPDX-License-Identifier: MIT
 //
-// Fits the temperature of regions 1 and 2 by patches of (p, h) and (p, s), in region 2 of
-// (p, s + R ln p), and prints inverse/tables/inverse_patches.hpp.
+// Fits the inverses of (p, h) and (p, s) by patches, in region 2 of (p, s + R ln p), and prints
+// inverse/tables/inverse_patches.hpp: the temperature of regions 1 and 2, temperature and density of
+// region 3.
 //
-// A block of the grid is divided until one evaluation of the basic equation, with the slope of the patch,
-// leaves an error of rounding.
+// A block of the grid is divided until one step from the patches leaves an error of rounding: in regions
+// 1 and 2 by the basic equation and the slope of the patch, in region 3 by Newton's method.
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <functional>
 #include <numbers>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "frame/constants.hpp"
+#include "frame/newton.hpp"
 #include "frame/patches.hpp"
 #include "least_squares.hpp"
 #include "regions/b23.hpp"
 #include "regions/region1.hpp"
 #include "regions/region2.hpp"
+#include "regions/region3.hpp"
 #include "regions/saturation_line.hpp"
 
 namespace {
@@ -29,8 +33,9 @@ using namespace vaprix;
 
 constexpr std::size_t rows = patch_rows.size() - 1, terms = patch_terms;
 constexpr double coarse = 0x1p4;  // of the constants: they may be large, and do not enter the slope
-constexpr double last_step = 4e-6;  // K, to which a patch is held
-constexpr int divisions = 6;        // of a block, at most: halvings
+constexpr double last_step = 4e-6;    // K, to which a patch of regions 1 and 2 is held
+constexpr double dense_error = 1e-8;  // relative, those of region 3
+constexpr int divisions = 6;          // of a block, at most: halvings
 
 using Coefficients = std::array<std::int32_t, terms>;
 
@@ -47,35 +52,43 @@ constexpr auto powers = [] {
     return of;
 }();
 
-// What is inverted: y of (p, t) along an isobar, and where.
-struct Inverted {
-    const char* name;
-    const char* symbol;
-    Tangent<double> (*y)(double p, double t) noexcept;
-    double (*t_low)(double p);
-    double (*t_high)(double p);
-    double margin;    // K, by which the equation is trusted beyond
-    double rounding;  // of t, relative, that an error may have
-    Patches grid;
-    double p_high;
+struct Limits {
+    double low, high;
 };
 
-double cold_end(double /* p */) { return T_min; }
-double warm_end(double p) { return p < psat_13 ? tsat(std::max(p, p_min)) : T_13; }
-double vapour_start(double p) { return p < psat_13 ? tsat(std::max(p, p_min)) : t_b23(p); }
+// What is fitted.
+struct Surface {
+    const char* name;
+    // at a pressure and h or s, as far as the equation is trusted beyond the region
+    std::function<std::optional<double>(double p, double y)> z;
+    std::function<Limits(double p)> limits;                    // of y in the region
+    std::function<bool(double p, double y, double z)> within;  // or close to the region
+    // how bad a value and its slope are: from 1 not good enough
+    std::function<double(double p, double z, double value, double slope)> fault;
+    Patches grid;
+    double p_low, p_high;
+};
 
-double vapour_end(double /* p */) { return T_25; }
+// Region 1 or 2.
+struct Gibbs {
+    Tangent<double> (*y)(double p, double t) noexcept;  // along an isobar
+    Limits (*t)(double p);
+};
 
-double value_at(const Inverted& f, double p, double t) { return f.y(p, t).y; }
+Limits liquid(double p) { return {T_min, p < psat_13 ? tsat(std::max(p, p_min)) : T_13}; }
+Limits vapour(double p) { return {p < psat_13 ? tsat(std::max(p, p_min)) : t_b23(p), T_25}; }
 
 // The temperature, by Newton's method in a bracket; none beyond the margins.
-std::optional<double> inverse(const Inverted& f, double p, double y) {
-    double low = f.t_low(p) - f.margin, high = f.t_high(p) + f.margin;
-    const double left_low = value_at(f, p, low) - y, left_high = value_at(f, p, high) - y;
+std::optional<double> inverse(const Gibbs& region, double p, double y) {
+    constexpr double margin = 10;  // K
+    auto [low, high] = region.t(p);
+    low -= margin;
+    high += margin;
+    const double left_low = region.y(p, low).y - y, left_high = region.y(p, high).y - y;
     if (!(left_low <= 0 && left_high >= 0)) return {};
     double t = low + (high - low) * left_low / (left_low - left_high);
     for (int round = 0; round < 100; ++round) {
-        const Tangent<double> at = f.y(p, t);
+        const Tangent<double> at = region.y(p, t);
         (at.y < y ? low : high) = t;
         double next = t + (y - at.y) / at.y_x;
         if (!(next > low && next < high)) next = 0.5 * (low + high);
@@ -84,6 +97,79 @@ std::optional<double> inverse(const Inverted& f, double p, double y) {
         if (settled) break;
     }
     return t;
+}
+
+// Its patches, `rounding` being the error of t, relative, that they may leave.
+Surface gibbs_surface(const char* name, const Gibbs& region, double rounding, const Patches& grid) {
+    return {.name = name,
+            .z = [region](double p, double y) { return inverse(region, p, y); },
+            .limits =
+                [region](double p) {
+                    const auto [low, high] = region.t(p);
+                    return Limits{region.y(p, low).y, region.y(p, high).y};
+                },
+            .within =
+                [region](double p, double /* y */, double t) {
+                    constexpr double beside = 0.05;  // K
+                    const auto [low, high] = region.t(p);
+                    return t >= low - beside && t <= high + beside;
+                },
+            .fault =
+                [region, rounding](double p, double t, double value, double slope) {
+                    const double error = std::fabs(value - t);
+                    const double slope_error = std::fabs(slope * region.y(p, t).y_x - 1);
+                    return std::max(error / last_step, error * slope_error / (rounding * t));
+                },
+            .grid = grid,
+            .p_low = p_min,
+            .p_high = p_max};
+}
+
+// Region 3: p and y of (density, T), where Newton's method starts, and y at the ends of an isobar.
+struct Dense {
+    TangentPair<double> (*tangents)(double d, double t) noexcept;
+    double (*v)(double p, double y) noexcept;
+    double (*t)(double p, double y) noexcept;
+    double (*p_saturated)(double y) noexcept;
+    double (*y1)(double p, double t) noexcept;
+    double (*y2)(double p, double t) noexcept;
+};
+
+// Density and temperature, in wet steam too, whose states the equation goes through without a singularity.
+std::optional<Point<double>> inverse(const Dense& region, double p, double y) {
+    constexpr Limits densities{50, 850}, temperatures{605, 900};  // where the equation is trusted
+    if (p < 16.4) return {};
+    const auto [at, converged] =
+        newton(region.tangents, p, y, {1 / region.v(p, y), region.t(p, y)}, 1e-9);
+    const bool trusted = converged && at.x > densities.low && at.x < densities.high &&
+                         at.y > temperatures.low && at.y < temperatures.high;
+    return trusted ? std::optional(at) : std::nullopt;
+}
+
+Surface dense_surface(const char* name, const Dense& region, double Point<double>::*z,
+                      const Patches& grid) {
+    const auto limits = [region](double p) {
+        return Limits{region.y1(p, T_13), region.y2(p, t_b23(p))};
+    };
+    return {
+        .name = name,
+        .z = [region, z](double p, double y) -> std::optional<double> {
+            const auto at = inverse(region, p, y);
+            return at ? std::optional(*at.*z) : std::nullopt;
+        },
+        .limits = limits,
+        .within =
+            [region, limits](double p, double y, double /* z */) {
+                constexpr double beside = 1e-3;  // relative, of y and p
+                const auto [low, high] = limits(p);
+                return y >= low * (1 - beside) && y <= high * (1 + beside) &&
+                       (p >= p_crit || p >= (1 - beside) * region.p_saturated(y));
+            },
+        .fault = [](double /* p */, double z_exact, double value,
+                    double /* slope */) { return std::fabs(value / z_exact - 1) / dense_error; },
+        .grid = grid,
+        .p_low = psat_13,
+        .p_high = p_max};
 }
 
 // Values of T_0 to T_7, the Chebyshev polynomials, at x.
@@ -139,7 +225,7 @@ Row fitted(const std::vector<Row>& samples, bool complete) {
     return solve(normal);
 }
 
-Coefficients fit_cell(const Inverted& f, const Cell& cell) {
+Coefficients fit_cell(const Surface& f, const Cell& cell) {
     constexpr std::size_t u_nodes = rows + 3, w_nodes = patch_columns + 3;
     const auto node = [](std::size_t k, std::size_t nodes) {
         return std::cos(std::numbers::pi * (static_cast<double>(k) + 0.5) /
@@ -149,12 +235,12 @@ Coefficients fit_cell(const Inverted& f, const Cell& cell) {
     for (std::size_t i = 0; i < u_nodes; ++i) {
         for (std::size_t j = 0; j < w_nodes; ++j) {
             const double u = node(i, u_nodes), w = node(j, w_nodes);
-            const std::optional<double> t = inverse(f, cell.p(u), cell.y(w));
-            if (!t) continue;
+            const std::optional<double> z = f.z(cell.p(u), cell.y(w));
+            if (!z) continue;
             const auto of_u = chebyshev(u), of_w = chebyshev(w);
             Row row;
             for (const auto& [a, b] : powers) row.push_back(Real(of_u[a] * of_w[b]));
-            row.push_back(Real(*t - f.grid.base));
+            row.push_back(Real(*z - f.grid.base));
             samples.push_back(row);
         }
     }
@@ -182,10 +268,9 @@ Coefficients fit_cell(const Inverted& f, const Cell& cell) {
 }
 
 // How far a cell is from what is asked of it; from 1 it is not good enough.
-double fault_of(const Inverted& f, const Cell& cell, const Coefficients& c) {
+double fault_of(const Surface& f, const Cell& cell, const Coefficients& c) {
     constexpr int samples = 9;
-    constexpr double beside = 0.05;  // K beyond the region that count
-    const double p_low = std::max(cell.p_low, p_min), p_high = std::min(cell.p_high, f.p_high);
+    const double p_low = std::max(cell.p_low, f.p_low), p_high = std::min(cell.p_high, f.p_high);
     if (!(p_low < p_high)) return 0;
     double worst = 0;
     for (int i = 0; i <= samples; ++i) {
@@ -193,9 +278,8 @@ double fault_of(const Inverted& f, const Cell& cell, const Coefficients& c) {
             const double p = p_low + (p_high - p_low) * i / samples;
             const double u = 2 * (p - cell.p_low) / (cell.p_high - cell.p_low) - 1;
             const double w = -1 + 2.0 * j / samples;
-            const std::optional<double> t = inverse(f, p, cell.y(w));
-            if (!t) continue;
-            if (*t < f.t_low(p) - beside || *t > f.t_high(p) + beside) continue;
+            const std::optional<double> z = f.z(p, cell.y(w));
+            if (!z || !f.within(p, cell.y(w), *z)) continue;
             double sum = (coarse - 1) * c[0], slope = 0, u_power = 1;
             for (std::size_t row = 0; row < rows; ++row, u_power *= u) {
                 double of_w = 0, slope_of_w = 0;
@@ -207,20 +291,18 @@ double fault_of(const Inverted& f, const Cell& cell, const Coefficients& c) {
                 slope += u_power * slope_of_w;
             }
             slope *= f.grid.unit * 2 / (cell.y_high - cell.y_low);
-            const double error = std::fabs(f.grid.base + f.grid.unit * sum - *t);
-            const double slope_error = std::fabs(slope * f.y(p, *t).y_x - 1);
-            worst = std::max({worst, error / last_step, error * slope_error / (f.rounding * *t)});
+            worst = std::max(worst, f.fault(p, *z, f.grid.base + f.grid.unit * sum, slope));
         }
     }
     return worst;
 }
 
-bool touches(const Inverted& f, const Cell& cell) {
+bool touches(const Surface& f, const Cell& cell) {
     constexpr int samples = 12;
     for (int i = 0; i <= samples; ++i) {
-        const double p = std::clamp(cell.p(-1 + 2.0 * i / samples), p_min, f.p_high);
-        if (value_at(f, p, f.t_low(p)) <= cell.y_high && value_at(f, p, f.t_high(p)) >= cell.y_low)
-            return true;
+        const double p = std::clamp(cell.p(-1 + 2.0 * i / samples), f.p_low, f.p_high);
+        const auto [low, high] = f.limits(p);
+        if (low <= cell.y_high && high >= cell.y_low) return true;
     }
     return false;
 }
@@ -231,7 +313,7 @@ struct Block {
     double fault = 1e300;
 };
 
-Block divided(const Inverted& f, const Cell& whole, int p_halvings, int y_halvings) {
+Block divided(const Surface& f, const Cell& whole, int p_halvings, int y_halvings) {
     Block block{p_halvings, y_halvings, {}, 0};
     const int p_cells = 1 << p_halvings, y_cells = 1 << y_halvings;
     for (int i = 0; i < p_cells; ++i) {
@@ -241,27 +323,27 @@ Block divided(const Inverted& f, const Cell& whole, int p_halvings, int y_halvin
                             whole.y(-1 + w * (j + 1))};
             block.cells.push_back(fit_cell(f, cell));
             block.fault = std::max(block.fault, fault_of(f, cell, block.cells.back()));
-            if (block.fault >= 1 && p_halvings + y_halvings < divisions) return block;
+            if (block.fault >= 1 && p_halvings + y_halvings < divisions) return {};
         }
     }
     return block;
 }
 
 // With as few cells as will do.
-Block fitted_block(const Inverted& f, const Cell& whole) {
+Block fitted_block(const Surface& f, const Cell& whole) {
     Block best;
     if (!touches(f, whole)) return best;
     for (int halvings = 0; halvings <= divisions; ++halvings) {
         for (int of_p = 0; of_p <= halvings; ++of_p) {
             Block block = divided(f, whole, of_p, halvings - of_p);
-            if (block.fault < best.fault || best.cells.empty()) best = std::move(block);
+            if (block.fault < best.fault) best = std::move(block);
         }
         if (best.fault < 1) return best;
     }
     return best;
 }
 
-void print(const Inverted& f) {
+void print(const Surface& f) {
     const Patches& grid = f.grid;
     const int dropped = 52 - grid.octave_bits;
     const auto row_of = [&](double p) {
@@ -273,7 +355,7 @@ void print(const Inverted& f) {
     const double width = (grid.y_high - grid.y_low) / grid.columns;
     std::vector<Coefficients> cells;
     std::string blocks;
-    for (std::uint64_t row = row_of(p_min); row <= row_of(f.p_high); ++row) {
+    for (std::uint64_t row = row_of(f.p_low); row <= row_of(f.p_high); ++row) {
         for (int column = 0; column < grid.columns; ++column) {
             const double y = grid.y_low + width * column;
             const Block block = fitted_block(f, {pressure(row), pressure(row + 1), y, y + width});
@@ -285,8 +367,7 @@ void print(const Inverted& f) {
             cells.insert(cells.end(), block.cells.begin(), block.cells.end());
         }
     }
-    std::printf("\n// T(p, %s)\ninline constexpr PatchBlock %s_blocks[] = {\n%s};\n", f.symbol,
-                f.name, blocks.c_str());
+    std::printf("\ninline constexpr PatchBlock %s_blocks[] = {\n%s};\n", f.name, blocks.c_str());
     std::printf("alignas(64) inline constexpr std::int32_t %s_coefficients[] = {\n", f.name);
     for (const Coefficients& cell : cells) {
         std::printf("    ");
@@ -296,14 +377,13 @@ void print(const Inverted& f) {
     std::printf(
         "};\ninline constexpr Patches %s{\n"
         "    %g, %d, %.17g, %g, %g, %d, %g, %.17g, %g, %s_blocks, %s_coefficients};\n",
-        f.name, grid.shift, grid.octave_bits, p_min, grid.y_low, grid.y_high, grid.columns,
+        f.name, grid.shift, grid.octave_bits, f.p_low, grid.y_low, grid.y_high, grid.columns,
         grid.base, grid.unit, coarse, f.name, f.name);
 }
 
 Patches grid(double shift, int octave_bits, double y_low, double y_high, int columns, double base,
              double unit) {
-    return {shift, octave_bits, p_min,  y_low,   y_high, columns,
-            base,  unit,        coarse, nullptr, nullptr};
+    return {shift, octave_bits, 0, y_low, y_high, columns, base, unit, coarse, nullptr, nullptr};
 }
 
 }  // namespace
@@ -312,24 +392,38 @@ int main() {
     std::printf(R"(// SPDX-License-Identifier: MIT
 // Generated by tools/inverse_patches, do not edit.
 //
-// The temperature of regions 1 and 2, K, by patches of p, MPa, and h, kJ/kg, or s, kJ/(kg K).
+// Patches of (p, h) and (p, s), in MPa, kJ/kg and kJ/(kg K): T of regions 1, 2 and 3, K, density of
+// region 3, kg/m3.
 #pragma once
 
 #include "frame/patches.hpp"
 
 namespace vaprix::tables {
-)");
-    std::printf("\ninline constexpr double last_patch_step = %g;  // K\n", last_step);
-    for (const Inverted& f : {
-             Inverted{"patches_1_ph", "h", region1::h_tangent_t, cold_end, warm_end, 10, 4e-16,
-                      grid(23.9995, 1, -0.1, 1680, 8, 448, 0x1p-25), p_max},
-             Inverted{"patches_1_ps", "s", region1::s_tangent_t, cold_end, warm_end, 10, 4e-16,
-                      grid(23.9995, 1, -0.01, 3.8, 8, 448, 0x1p-25), p_max},
-             Inverted{"patches_2_ph", "h", region2::h_tangent_t, vapour_start, vapour_end, 10,
-                      1e-15, grid(0.0038, 0, 2490, 4170, 12, 673, 0x1p-24), p_max},
-             Inverted{"patches_2_ps", "s + R ln p", region2::s_plus_r_ln_p_tangent_t, vapour_start,
-                      vapour_end, 10, 1e-15, grid(0.0038, 0, 5.7, 8.51, 16, 673, 0x1p-24), p_max},
-         }) {
+
+inline constexpr double last_patch_step = %g;  // K, of regions 1 and 2
+inline constexpr double dense_patch_step = %g;  // relative, of region 3
+)",
+                last_step, 2 * dense_error);
+    const Gibbs liquid_h{region1::h_tangent_t, liquid}, liquid_s{region1::s_tangent_t, liquid};
+    const Gibbs vapour_h{region2::h_tangent_t, vapour};
+    const Gibbs vapour_s{region2::s_plus_r_ln_p_tangent_t, vapour};
+    const Dense dense_h{region3::ph_tangents, region3::v_ph, region3::t_ph,
+                        region3::p3sat_h,     region1::h,    region2::h};
+    const Dense dense_s{region3::ps_tangents, region3::v_ps, region3::t_ps,
+                        region3::p3sat_s,     region1::s,    region2::s};
+    constexpr auto d = &Point<double>::x, t = &Point<double>::y;
+    constexpr double fine = 0x1p-25, coarser = 0x1p-24, dense = 0x1p-23;
+    const Patches grid_3_ph = grid(-15, 1, 1500, 2900, 8, 720, dense);
+    const Patches grid_3_ps = grid(-15, 1, 3.3, 5.4, 8, 720, dense);
+    for (const Surface& f :
+         {gibbs_surface("t1_of_ph", liquid_h, 4e-16, grid(23.9995, 1, -0.1, 1680, 8, 448, fine)),
+          gibbs_surface("t1_of_ps", liquid_s, 4e-16, grid(23.9995, 1, -0.01, 3.8, 8, 448, fine)),
+          gibbs_surface("t2_of_ph", vapour_h, 3e-15, grid(0.0038, 0, 2490, 4170, 12, 673, coarser)),
+          gibbs_surface("t2_of_ps", vapour_s, 3e-15, grid(0.0038, 0, 5.7, 8.51, 16, 673, coarser)),
+          dense_surface("t3_of_ph", dense_h, t, grid_3_ph),
+          dense_surface("d3_of_ph", dense_h, d, grid_3_ph),
+          dense_surface("t3_of_ps", dense_s, t, grid_3_ps),
+          dense_surface("d3_of_ps", dense_s, d, grid_3_ps)}) {
         print(f);
     }
     std::printf("\n}  // namespace vaprix::tables\n");
