@@ -80,7 +80,7 @@ export class Pins {
         const rows = properties.filter(({ symbol }) => !Number.isNaN(from.of(symbol) + to.of(symbol))).map(({ symbol, unit }) => {
             const of = unitOfDifference(units.of(unit));
             return `<tr><th scope="row">${nameOf(symbol, "Δ")}</th>
-                <td class="value">${aligned(differenceFromBase(of, to.of(symbol) - from.of(symbol)))}</td>
+                <td class="value">${aligned(differenceFromBase(of, to.of(symbol) - from.of(symbol)), 6)}</td>
                 <td class="unit"><span>${of.label}</span></td></tr>`;
         });
         $("differences").innerHTML = `<caption class="unseen">Difference of state ${compared[1] + 1} from state ${compared[0] + 1}</caption>
