@@ -13,6 +13,8 @@
 #include "frame/newton.hpp"
 #include "inverse/of_tv.hpp"
 #include "inverse/second_variable.hpp"
+#include "inverse/tables/volume_start.hpp"
+#include "inverse/volume_reduced.hpp"
 #include "pt/region_pt.hpp"
 #include "regions/b23.hpp"
 #include "state/wet.hpp"
@@ -28,6 +30,7 @@ constexpr double hot_liquid_end = 1.741e-3;  // v1(ps, 623.15 K) <= 0.001741
 constexpr double region5_end = 9e-3;         // v5(50 MPa, 1073.15 K) >= 0.009, v of region 3 less
 
 constexpr double step = 1e-8;      // relative, after which the error of a Newton method is rounding
+                                   // (of two variables: what is left of both before it)
 constexpr double spacing = 4e-16;  // relative, of temperatures told apart
 
 constexpr double beside = 0.2;  // K: two regions' states of a pair beside a limit differ by 0.1
@@ -38,6 +41,50 @@ double on_end(double x, double low, double high) noexcept {
     if (x < low && x > low * (1 - rounding)) return low;
     if (x > high && x < high * (1 + rounding)) return high;
     return x;
+}
+
+// Pressure and temperature where Newton's method starts, by density and y.
+template <const auto& p_of, const auto& t_of>
+Point<double> start_of(double x, double y) noexcept {
+    static constexpr auto p = polynomial(p_of);
+    static constexpr auto t = polynomial(t_of);
+    const auto [p_at, t_at] = evaluate<p, t>(x, y);
+    return {p_at, t_at};
+}
+template <class Y>
+struct Start;
+template <>
+struct Start<Enthalpy> {
+    static double y1(double h) noexcept { return reduced::h1(h); }
+    static double y2(double /* d */, double h) noexcept { return reduced::h2(h); }
+    static constexpr auto in1 = start_of<tables::p1_start_h, tables::t1_start_h>;
+    static constexpr decltype(in1) in2[] = {start_of<tables::pv2_start_h0, tables::t2_start_h0>,
+                                            start_of<tables::pv2_start_h1, tables::t2_start_h1>,
+                                            start_of<tables::pv2_start_h2, tables::t2_start_h2>};
+};
+template <>
+struct Start<Entropy> {
+    static double y1(double s) noexcept { return reduced::s1(s); }
+    static double y2(double d, double s) noexcept { return reduced::s2(s + R * log(d)); }
+    static constexpr auto in1 = start_of<tables::p1_start_s, tables::t1_start_s>;
+    static constexpr decltype(in1) in2[] = {start_of<tables::pv2_start_s0, tables::t2_start_s0>,
+                                            start_of<tables::pv2_start_s1, tables::t2_start_s1>,
+                                            start_of<tables::pv2_start_s2, tables::t2_start_s2>};
+};
+Point<double> held(double p, double t, double t_max) noexcept {
+    return {std::clamp(p, p_min, p_max), std::clamp(t, T_min, t_max)};
+}
+template <class Y>
+Point<double> start1(double v, double y) noexcept {
+    const auto [p, t] = Start<Y>::in1(reduced::d1(1 / v), Start<Y>::y1(y));
+    return held(p, t, T_13);
+}
+template <class Y>
+Point<double> start2(double v, double y) noexcept {
+    const double d = 1 / v;
+    const std::size_t part = reduced::part2(d);
+    const auto [pv, t] = Start<Y>::in2[part](reduced::d2(part, d), Start<Y>::y2(d, y));
+    return held(pv * d, t, T_25);
 }
 
 // A pair of a volume and a y. Its attempts set the state where they find one, and say whether they
@@ -60,17 +107,20 @@ struct Pair {
         constexpr bool is_five = region == Region::five;
         static constexpr Box<double> around{{1e-4, 250}, {2 * p_max, is_one ? 640 : 1.1 * T_max}};
         const auto tangents = [](double p, double t) noexcept -> TangentPair<double> {
-            const Tangent<double> volume = Equation::v_tangent_p(p, t);
-            const double v_t = Equation::v_t(p, t);
-            const Tangent<double> isobar = Y::template tangent<Equation>(p, t);
-            return {volume.y,
-                    volume.y_x,
-                    v_t,
-                    isobar.y - along_isobar<Y, Equation>(p, 0.0),
-                    Y::slope_by_p(t, volume.y, v_t),
-                    isobar.y_x};
+            if constexpr (std::is_same_v<Y, Enthalpy>) {
+                const Derivatives<double> f = Equation::derivatives(p, t);
+                return {f.v, f.v_p, f.v_t, Equation::h(p, t), f.h_p, f.cp};
+            } else {
+                const auto [f, s] = Equation::derivatives_and_s(p, t);
+                return {f.v, f.v_p, f.v_t, s, -1000 * f.v_t, f.cp / t};
+            }
         };
-        const auto [at, converged] = newton(tangents, v, y, start, step, &around);
+        const auto settled = [this](Point<double> /* at */, Point<double> /* step */,
+                                    Point<double> left) noexcept {
+            return fabs(left.x) < step * v && fabs(left.y) < step * Y::unit;
+        };
+        constexpr int patience = 3;
+        const auto [at, converged] = newton(tangents, v, y, start, settled, &around, patience);
         const double t = on_end(at.y, is_five ? T_25 : T_min,
                                 is_one    ? T_13
                                 : is_five ? T_max
@@ -164,16 +214,11 @@ struct Pair {
     // for y, a state that is found is the one.
     [[nodiscard]] bool guess(State& state) const noexcept {
         const auto ideal = [this](double t) noexcept { return Point<double>{R / 1000 * t / v, t}; };
-        // the backward equation at the pressure of an ideal gas of middling temperature
-        const auto backward = [this, ideal](double t) noexcept {
-            const double p = std::clamp(ideal(t).x, p_min, p_max);
-            return ideal(std::clamp(Y::t2(p, y), T_min, T_25));
-        };
         if (v >= region5_end) {
             if (y >= Y::wet_below) {
                 const bool hot = Y::along_isobar(ideal(T_25).x, y) > Y::hot_above;
                 if (hot ? gibbs<region5>(ideal(1500), state)
-                        : gibbs<region2>(backward(600), state)) {
+                        : gibbs<region2>(start2<Y>(v, y), state)) {
                     return true;
                 }
             }
@@ -181,13 +226,9 @@ struct Pair {
         }
         if (v > region1_end && y > Y::dense_above) {
             if (y < Y::thin_above && dense(700, state)) return true;
-            if (gibbs<region2>(ideal(900), state)) return true;
+            if (gibbs<region2>(start2<Y>(v, y), state)) return true;
         }
-        if (v < hot_liquid_end) {
-            constexpr double p = 20;
-            const Point<double> start{p, std::clamp(Y::t1(p, y), T_min, T_13)};
-            if (gibbs<region1>(start, state)) return true;
-        }
+        if (v < hot_liquid_end && gibbs<region1>(start1<Y>(v, y), state)) return true;
         return wet(state);
     }
 
