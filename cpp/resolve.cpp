@@ -23,25 +23,6 @@ using namespace inverse;
 
 constexpr Asked everything{.p = true, .t = true, .single = true, .wet = true};
 
-// With v and d to be formed when they are asked for; those of region 3 are there, its density either as it was found or
-// the reciprocal of the volume.
-enum class Density3 { found, of_volume };
-
-Resolved with(Resolved at, const State& state, Unformed unformed, Density3 density) noexcept {
-    at.unformed = unformed;
-    if (state.region != Region::three) return at;
-    at.unformed = 0;
-    at.d = density == Density3::found ? state.d : 1 / state.v;
-    at.v = unformed == by_density ? 1 / at.d : state.v;
-    return at;
-}
-
-Resolved resolved(const State& state, Unformed unformed,
-                  Density3 density = Density3::of_volume) noexcept {
-    return state.region == Region::none ? none(state.refusal)
-                                        : with(stored(state), state, unformed, density);
-}
-
 // Of a volume that was given.
 Resolved of_volume(const State& state, double v, double d) noexcept {
     if (state.region == Region::none) return none(state.refusal);

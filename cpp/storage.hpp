@@ -38,6 +38,26 @@ inline constexpr signed char wet = 4, liquid = 1, vapour = 2;
     return at;
 }
 
+// With v and d to be formed when they are asked for; those of region 3 are there, its density either as it was found or
+// the reciprocal of the volume.
+enum class Density3 { found, of_volume };
+
+[[nodiscard]] inline Resolved with(Resolved at, const State& state, Unformed unformed,
+                                   Density3 density) noexcept {
+    at.unformed = unformed;
+    if (state.region != Region::three) return at;
+    at.unformed = 0;
+    at.d = density == Density3::found ? state.d : 1 / state.v;
+    at.v = unformed == by_density ? 1 / at.d : state.v;
+    return at;
+}
+
+[[nodiscard]] inline Resolved resolved(const State& state, Unformed unformed,
+                                       Density3 density = Density3::of_volume) noexcept {
+    return state.region == Region::none ? none(state.refusal)
+                                        : with(stored(state), state, unformed, density);
+}
+
 // Wet steam, or the mixture that a saturated phase is an end of.
 [[nodiscard]] inline State wet_state_of(const Resolved& at) noexcept {
     return {.region = Region::wet,

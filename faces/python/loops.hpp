@@ -1,7 +1,19 @@
 // SPDX-License-Identifier: MIT
 //
-// What the inner loops of the ufuncs share. It follows numpy/ufuncobject.h.
+// What the inner loops of the ufuncs share. NumPy is imported by the file that says VAPRIX_IMPORTS_NUMPY.
 #pragma once
+
+#define PY_SSIZE_T_CLEAN
+#define NPY_NO_DEPRECATED_API NPY_1_20_API_VERSION
+#define PY_ARRAY_UNIQUE_SYMBOL vaprix_numpy_arrays
+#define PY_UFUNC_UNIQUE_SYMBOL vaprix_numpy_ufuncs
+#ifndef VAPRIX_IMPORTS_NUMPY
+#define NO_IMPORT_ARRAY
+#define NO_IMPORT_UFUNC
+#endif
+#include <Python.h>
+#include <numpy/arrayobject.h>
+#include <numpy/ufuncobject.h>
 
 #include <cfenv>
 #include <cstddef>
@@ -35,11 +47,14 @@ struct Strided {
     }
 };
 
+}  // namespace
+
 // Adds what an owned reference refers to.
-bool add(PyObject* dictionary, const char* name, PyObject* owned) {
+inline bool add(PyObject* dictionary, const char* name, PyObject* owned) {
     const bool done = owned != nullptr && PyDict_SetItemString(dictionary, name, owned) == 0;
     Py_XDECREF(owned);
     return done;
 }
 
-}  // namespace
+// Adds the ufuncs of states.cpp.
+bool add_states(PyObject* dictionary);

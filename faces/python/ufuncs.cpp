@@ -2,19 +2,15 @@
 //
 // The exports as ufuncs of NumPy, over the functions over arrays. Blocks of doubles go to them as NumPy has them; other
 // numbers, regions and codes through blocks on the stack.
-#define PY_SSIZE_T_CLEAN
-#define NPY_NO_DEPRECATED_API NPY_1_20_API_VERSION
-#include <Python.h>
-#include <numpy/arrayobject.h>
-#include <numpy/ufuncobject.h>
+#define VAPRIX_IMPORTS_NUMPY
+#include "loops.hpp"
+
 #include <vaprix_arrays.h>
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
-
-#include "loops.hpp"
 
 namespace {
 
@@ -203,16 +199,22 @@ bool add_function(PyObject* values, PyObject* codes, const Function& function) {
            add(codes, function.name, ufunc(function, code_loops, {NPY_DOUBLE}, kept[1], true));
 }
 
-bool fill(PyObject* module) {
-    PyObject* values = PyModule_GetDict(module);
-    PyObject* codes = PyDict_New();
-    if (codes == nullptr) return false;
-    Py_INCREF(codes);
-    bool done = add(values, "_codes", codes) &&
-                add(values, "__version__", PyUnicode_FromString(VAPRIX_VERSION_TEXT));
-    for (const Function& function : functions) done = done && add_function(values, codes, function);
-    Py_DECREF(codes);
+bool append(PyObject* list, const char* text) {
+    PyObject* owned = PyUnicode_FromString(text);
+    const bool done = owned != nullptr && PyList_Append(list, owned) == 0;
+    Py_XDECREF(owned);
     return done;
+}
+
+// The exports, which are public, and beside them what water() needs.
+bool fill(PyObject* values) {
+    PyObject *names = PyList_New(0), *codes = PyDict_New();
+    bool done = names != nullptr && codes != nullptr;
+    for (const Function& function : functions)
+        done = done && append(names, function.name) && add_function(values, codes, function);
+    done = done && add_states(values) &&
+           add(values, "__version__", PyUnicode_FromString(VAPRIX_VERSION_TEXT));
+    return add(values, "__all__", names) && add(values, "_codes", codes) && done;
 }
 
 PyModuleDef definition = {
@@ -226,6 +228,6 @@ PyMODINIT_FUNC PyInit__ufuncs() {
     import_array();
     import_umath();
     PyObject* module = PyModule_Create(&definition);
-    if (module != nullptr && !fill(module)) Py_CLEAR(module);
+    if (module != nullptr && !fill(PyModule_GetDict(module))) Py_CLEAR(module);
     return module;
 }

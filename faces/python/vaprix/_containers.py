@@ -8,7 +8,7 @@ import numpy as np
 from ._quantities import QUANTITIES
 from ._units import Units, derivative_parts, parsed
 
-STATE = "8"  # the dimension that a state is stored along, as the signatures of _states name it
+STATE = "8"  # the dimension that a state is stored along, as the signatures of the ufuncs name it
 LABELS = {"region": "region of IAPWS-IF97", "phase": "phase", "code": "error code", "reason": "why there is no state"}
 PHASES = {"flag_values": np.arange(5, dtype=np.int8), "flag_meanings": "none liquid vapour wet supercritical"}
 

@@ -4,7 +4,7 @@ import enum
 
 import numpy as np
 
-from . import _containers, _states
+from . import _containers, _ufuncs
 from ._quantities import QUANTITIES
 from ._reasons import REASONS
 
@@ -38,11 +38,11 @@ class Water:
 
     def __getattr__(self, attribute):
         if attribute in QUANTITIES:
-            value = self._read(getattr(_states, attribute), attribute)
+            value = self._read(getattr(_ufuncs, attribute), attribute)
         elif attribute in LABELS:
-            value = self._container.closed(self._container.apply(getattr(_states, attribute), self._state), attribute)
+            value = self._container.closed(self._container.apply(getattr(_ufuncs, attribute), self._state), attribute)
         elif attribute in PHASES:
-            state = self._container.apply(getattr(_states, attribute), self._state)
+            state = self._container.apply(getattr(_ufuncs, attribute), self._state)
             value = Water(state, self._container, f"{self._said}.{attribute}")
         else:
             raise AttributeError(f"water has no {attribute!r}")
@@ -67,7 +67,7 @@ class Water:
     @property
     def reason(self):
         """What the codes say, as text."""
-        codes = self._container.apply(_states.code, self._state)
+        codes = self._container.apply(_ufuncs.code, self._state)
         return self._container.closed(self._container.apply_plain(texts, codes, str), "reason")
 
     def derivative(self, of, by, at=None):
@@ -90,8 +90,8 @@ class Water:
         quotients of those of the attributes.
         """
         by = (by,) if isinstance(by, str) else tuple(by)
-        function, numbers = ((_states.derivative, _first(of, *by, at)) if len(by) == 1 else
-                             (_states.second_derivative, _second(of, by, at)))
+        function, numbers = ((_ufuncs.derivative, _first(of, *by, at)) if len(by) == 1 else
+                             (_ufuncs.second_derivative, _second(of, by, at)))
         if numbers is None:
             raise ValueError(f"no derivative of {of!r} by {' and '.join(by)} at constant {at!r}")
         return self._read(function, (of, by), *numbers)
@@ -142,7 +142,7 @@ def water(*, family="O", units=None, **given):
         raise ValueError(f"no state is found of {' and '.join(given)}")
     names, resolver = PAIRS[frozenset(given)]
     container, arrays = _containers.opened({name: given[name] for name in names}, units)
-    state = container.apply(getattr(_states, f"{resolver}_{family}"), *arrays)
+    state = container.apply(getattr(_ufuncs, f"{resolver}_{family}"), *arrays)
     said = ", ".join(f"{name}={value!r}" for name, value in given.items())
     result = Water(state, container, f"vaprix.water({said}, family={family!r})")
     result.__dict__.update(container.given)

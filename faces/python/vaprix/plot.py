@@ -10,7 +10,7 @@ import itertools
 import matplotlib.pyplot as plt
 import numpy as np
 
-from . import _states, _ufuncs
+from . import _ufuncs
 from ._quantities import QUANTITIES
 from ._units import Units
 from ._water import water
@@ -201,7 +201,7 @@ def symbol(name):
 def raw(states, name):
     """An attribute in the library's units, whatever the states were given in."""
     with np.errstate(invalid="ignore"):
-        return np.asarray(states._container.apply(getattr(_states, name), states._state))
+        return np.asarray(states._container.apply(getattr(_ufuncs, name), states._state))
 
 
 def single_states(states):
