@@ -53,8 +53,8 @@ void temperature(const double* /* p */, const double* t, const double* /* dense 
                  std::size_t count) noexcept {
     std::copy_n(t, count, out);
 }
-void density_or_volume(const double* /* p */, const double* /* t */, const double* dense,
-                       double* out, std::size_t count) noexcept {
+void third(const double* /* p */, const double* /* t */, const double* dense, double* out,
+           std::size_t count) noexcept {
     std::copy_n(dense, count, out);
 }
 template <int number>
@@ -76,35 +76,39 @@ constexpr Evaluations regions = [] {
     all[region1] = constant<1>;
     for (const Part part : parts_of_region3) all[part] = constant<3>;
     all[region5] = constant<5>;
+    all[wet] = constant<static_cast<int>(Region::wet)>;
     return all;
 }();
-constexpr Evaluations densities = [] {
+// The density or volume of region 3, the quality of wet steam.
+constexpr Evaluations thirds = [] {
     Evaluations all{};
     all.fill(constant<0>);
-    for (const Part part : parts_of_region3) all[part] = density_or_volume;
+    for (const Part part : parts_of_region3) all[part] = third;
+    all[wet] = third;
     return all;
 }();
 
-// What a plan solves for; a region of 0 where the state is outside.
+// What a plan solves for, of all that has no constant answer.
 Plan solution(const Plan& plan, const Evaluations& evaluations, bool has_region3) noexcept {
     Plan made = plan;
+    made.constant = {};
     for (std::size_t part = 0; part < parts; ++part) {
         if (made.evaluate[part] != nullptr) made.evaluate[part] = evaluations[part];
     }
     if (!has_region3) {
         for (const Part part : parts_of_region3) made.evaluate[part] = nullptr;
     }
-    made.outside_value = 0;
     return made;
 }
 
-// A state of a single phase as the resolver of the C++ interface leaves it.
-Resolved single_phase(const Resolver& by, int region, double p, double t, double dense) noexcept {
+// A state as the resolver of the C++ interface leaves it.
+Resolved state_of(const Resolver& by, int region, double p, double t, double third) noexcept {
     const bool is_o = by.family == Family::O;
     State state = gibbs_state(static_cast<Region>(region), p, t);
+    if (state.region == Region::wet) state.x = third;
     if (state.region == Region::three) {
-        state.d = is_o ? dense : 1 / dense;
-        state.v = is_o ? 1 / dense : dense;
+        state.d = is_o ? third : 1 / third;
+        state.v = is_o ? 1 / third : third;
     }
     return bridge::resolved(state, is_o ? bridge::by_density : bridge::by_volume,
                             by.of_pt ? bridge::Density3::found : bridge::Density3::of_volume);
@@ -166,22 +170,21 @@ Resolver::Resolver(One resolves, Family of, std::string_view pair) noexcept
 
 void Resolver::resolve(const double* x, const double* y, std::size_t count,
                        Resolved* out) const noexcept {
-    alignas(64) double region[most]{}, t[most], dense[most];
+    alignas(64) double region[most]{}, t[most], third[most];
     if (const Plan* const plan = solved_as == nullptr ? nullptr : solved_as->plan()) {
         const bool has_region3 = of_pt || family == Family::O;
         const Plan solved[] = {solution(*plan, regions, has_region3),
                                solution(*plan, temperatures, has_region3),
-                               solution(*plan, densities, has_region3)};
+                               solution(*plan, thirds, has_region3)};
         std::int32_t code[most];
         std::array<Wanted, 3> wanted{
-            {{&solved[0], region, code}, {&solved[1], t, code}, {&solved[2], dense, code}}};
+            {{&solved[0], region, code}, {&solved[1], t, code}, {&solved[2], third, code}}};
         answer_packed(wanted, count, x, y);
         for_each(wanted[0].left, [&](std::size_t k) { region[k] = 0; });
     }
     for (std::size_t k = 0; k < count; ++k) {
-        out[k] = region[k] > 0
-                     ? single_phase(*this, static_cast<int>(region[k]), x[k], t[k], dense[k])
-                     : one(x[k], y[k], family);
+        out[k] = region[k] > 0 ? state_of(*this, static_cast<int>(region[k]), x[k], t[k], third[k])
+                               : one(x[k], y[k], family);
     }
 }
 
@@ -194,7 +197,8 @@ void Property::read(const Resolved* states, std::size_t count, double* out) cons
     for (std::size_t k = 0; k < count; ++k) {
         const Resolved& at = states[k];
         const auto region = static_cast<std::size_t>(at.region);
-        const bool single = part_of[region] != parts && at.saturated == 0;
+        // beyond the range, where (p, s) finds states of region 5, the C++ interface has fewer properties than the exports
+        const bool single = part_of[region] != parts && at.saturated == 0 && at.t <= T_max;
         if (!single || !groups[region].add(k, at, plan_of(*this, at))) out[k] = one(at);
     }
     for (std::size_t region = 0; region < groups.size(); ++region) {

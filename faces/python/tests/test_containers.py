@@ -28,6 +28,16 @@ def test_dask():
     assert np.array_equal(vaprix.HOPT(da.from_array(P, chunks=5), 600.0).compute(), vaprix.HOPT(P, 600.0))
     assert np.array_equal(pickle.loads(pickle.dumps(steam)).h.compute(scheduler="threads"), PLAIN.h)
     assert np.array_equal(vaprix.water(p=da.from_array(P), T=T).liquid.region.compute(), np.zeros(12))
+    grid = vaprix.water(p=da.from_array(P[:, None], chunks=5), T=da.from_array(T, chunks=4))
+    assert np.array_equal(grid.h.compute(), vaprix.HOPT(P[:, None], T))
+    np.testing.assert_allclose(grid.derivative("h", "T", at="p"), grid.cp, 1e-12)
+    p, t = da.from_array(P, chunks=5), da.from_array(T, chunks=5)
+    warm = vaprix.water(p=p[t > 600], T=t[t > 600]).h  # chunks of unknown size
+    assert np.isnan(warm.shape[0]) and np.array_equal(warm.compute(), vaprix.HOPT(P[T > 600], T[T > 600]))
+    masked = vaprix.water(p=da.ma.masked_greater(p, 15), T=t).h.compute()
+    assert np.array_equal(masked, np.where(P > 15, np.nan, PLAIN.h), equal_nan=True)
+    with pytest.raises(TypeError):
+        vaprix.water(p=p.astype(complex), T=t)
 
 
 @pytest.mark.parametrize("lazy", [False, True])
@@ -66,8 +76,9 @@ def test_pandas():
     assert gaps.notna().tolist() == [True, False]
     frame = vaprix.water(p=pd.DataFrame({"a": P, "b": P}, times), T=600).h
     assert list(frame.columns) == ["a", "b"] and np.array_equal(frame["b"], vaprix.HOPT(P, 600.0))
-    with pytest.raises(TypeError):
-        vaprix.water(p=p, T=frame)
+    for wrong in (frame, p.astype(str), p.astype(object), p.astype("category"), p.astype(complex), times.to_series()):
+        with pytest.raises(TypeError):
+            vaprix.water(p=p, T=wrong)
 
 
 def test_masked():

@@ -1,11 +1,19 @@
 # SPDX-License-Identifier: MIT
 """States by two variables: the same state by every pair, the failures, what is refused."""
 import itertools
+import os
+import subprocess
+import sys
 import warnings
 
 import numpy as np
 import pytest
 import vaprix
+from hypothesis import given, settings
+from hypothesis import strategies as st
+from hypothesis.extra import numpy as of_numpy
+from vaprix._quantities import QUANTITIES
+from vaprix._water import PAIRS
 
 # single phases of regions 1, 2, 3 and 5, away from the density maximum
 P = np.array([5.0, 60.0, 1.0, 20.0, 30.0, 10.0])
@@ -126,15 +134,92 @@ def test_failures():
         assert np.isnan(vaprix.water(p=[3, np.nan], T=300).h[1])  # a gap is no failure
         narrow = vaprix.water(p=np.float32([3, 4]), T=np.float32([300, 300]))
         assert narrow.h.dtype == np.float32 == (1 / narrow.d).dtype
+        assert vaprix.water(p=np.float32([3, 4]), T=300.0).h.dtype == np.float32
+        assert vaprix.water(p=np.float16([3]), T=np.int16(300)).h.dtype == np.float32
         assert vaprix.water(p=[], T=[]).eta.shape == (0,)
+
+
+# numbers of every kind of state, beside the range, and of none
+ODD = [np.nan, np.inf, -np.inf, 0.0, -0.0, -1.0, 5e-324, 1.7e308]
+POOLS = {name: np.concatenate([numbers, ODD]) for name, numbers in {
+    "p": [5e-4, 6.12e-4, 0.1, 1, 16.6, 18, 22.064, 30, 50, 99.9, 101],
+    "T": [273.15, 273.16, 400, 623.15, 640, 650, 900, 1100, 2300],
+    "v": [9.9e-4, 1.1e-3, 2e-3, 3.1e-3, 0.02, 1, 300], "d": [4e-3, 0.5, 20, 322, 600, 980, 1020],
+    "h": [-0.1, 10, 800, 1700, 2087.5, 2500, 3300, 4200, 7000], "s": [-0.01, 0.5, 3.8, 4.41, 6.2, 7.5, 9.1, 11],
+    "x": [0, 1e-9, 0.3, 1, 1.1]}.items()}
+KINDS = {"a list": np.ndarray.tolist, "big-endian": lambda a: a.astype(">f8"), "float32": lambda a: a.astype("f4"),
+         "float64": lambda a: a, "read-only": lambda a: np.broadcast_to(a, a.shape),
+         "every second": lambda a: np.repeat(a, 2, -1)[..., ::2] if a.ndim else a}
+
+
+@settings(max_examples=300, deadline=None, database=None)
+@given(st.sampled_from(list(PAIRS.values())), st.sampled_from("OB"), st.data(),
+       of_numpy.mutually_broadcastable_shapes(num_shapes=2, max_dims=3, max_side=4))
+def test_any_arrays(pair, family, data, shapes):
+    """Whatever is given: the shape and kind of the results, what failures say, the state from T and d or x again."""
+    numbers = [data.draw(of_numpy.arrays(float, shape, elements=st.sampled_from(list(POOLS[name]))), label=name)
+               for name, shape in zip(pair[0], shapes.input_shapes)]
+    kinds = data.draw(st.lists(st.sampled_from(sorted(KINDS)), min_size=2, max_size=2))
+    with np.errstate(all="ignore"):
+        values = dict(zip(pair[0], (KINDS[kind](a) for kind, a in zip(kinds, numbers))))
+        states = vaprix.water(**values, family=family)
+        exact = dict(zip(pair[0], np.broadcast_arrays(*(np.asarray(v, float) for v in values.values()))))
+        none, gap = states.region == 0, np.logical_or(*map(np.isnan, exact.values()))
+        number = vaprix.HOPT(*values.values()).dtype
+        found = {name: np.asarray(getattr(states, name)) for name in QUANTITIES}
+        assert all(a.shape == shapes.result_shape and a.dtype == number for n, a in found.items() if n not in exact)
+        assert all(np.isnan(a[none]).all() for n, a in found.items() if n not in exact)
+        assert ((states.phase == vaprix.Phase.NONE) == none).all() and ((states.code != 0) == none).all()
+        assert (states.reason == vaprix.reason(states.code)).all() and none[gap].all()
+        wide = vaprix.water(**exact, family=family)
+        wet = wide.region == 4
+        for again, of in ((vaprix.water(T=wide.T, d=wide.d), ~none & ~wet), (vaprix.water(T=wide.T, x=wide.x), wet)):
+            for name, given in exact.items() if family == "O" else ():
+                keep = of & ~np.isnan(getattr(again, name)) & (np.abs(given) > 5e-324)  # of that p is T of the triple point
+                np.testing.assert_allclose(np.asarray(getattr(again, name))[keep], given[keep], 1e-11, 1e-11)
+    with np.errstate(all="ignore", invalid="raise"):
+        if (none & ~gap).any():
+            with pytest.raises(FloatingPointError):
+                vaprix.water(**exact, family=family).u
+        else:
+            vaprix.water(**exact, family=family).u
+
+
+PROGRAM = """import sys, numpy as np, vaprix
+from vaprix._quantities import QUANTITIES
+random = np.random.default_rng(4)
+p = np.exp(random.uniform(np.log(5e-4), np.log(110), 20000))
+T = np.where(np.arange(20000) % 3, random.uniform(270, 1100, 20000), random.uniform(600, 2300, 20000))
+p[::3] = random.uniform(15, 101, len(p[::3]))
+of = {"T": T, "h": vaprix.HOPT(p, T), "s": vaprix.SOPT(p, T)}
+of["h"][::7], of["s"][::7] = random.uniform(0, 4000, 2858), random.uniform(0, 9, 2858)
+np.seterr(all="ignore")
+all = [getattr(vaprix.water(p=p, **{y: of[y]}, family=family), name) for y in of for family in "OB"
+       for name in [*QUANTITIES, "region", "phase", "code"]]
+sys.stdout.buffer.write(b"".join(a.tobytes() for a in all))"""
+
+
+def test_packs():
+    """States that packs of lanes resolve and read, to the bits of the same one by one."""
+    def answered(**how):
+        return subprocess.run([sys.executable, "-c", PROGRAM], check=True, stdout=subprocess.PIPE,
+                              env=os.environ | how).stdout
+    one_by_one = answered(VAPRIX_ARRAYS="scalar")
+    assert len(one_by_one) > 25_000_000 and answered() == one_by_one
 
 
 def test_refusals():
     for given in ({}, {"p": 1}, {"p": 1, "T": 300, "h": 1}, {"p": 1, "q": 3}):
         with pytest.raises(TypeError):
             vaprix.water(**given)
-    with pytest.raises(TypeError):
-        vaprix.water(p="3", T=300)
+    for wrong in ("3", b"3", None, 3j, [None], ["3"], [1, 2j], 2**70, {}, np.ones(2, object), np.ones(2, "M8[s]"),
+                  np.longdouble(3)):
+        with pytest.raises(TypeError):
+            vaprix.water(p=wrong, T=300)
+    with pytest.raises(ValueError):
+        vaprix.water(p=[1, 2, 3], T=[300, 400])
+    with pytest.raises(ValueError):
+        vaprix.water(p=[[1], [2, 3]], T=300)
     for given in ({"h": 1, "x": 0.5}, {"p": 1, "T": 300, "family": "C"}):
         with pytest.raises(ValueError):
             vaprix.water(**given)

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """What numbers come in, and results go back in: arrays of NumPy, Dask and xarray, Series and DataFrames of pandas,
 quantities of pint. None of these but NumPy is imported before it is met."""
+import itertools
 import sys
 
 import numpy as np
@@ -21,15 +22,30 @@ def of_kind(values, library, *names):
 
 class Plain:
     """Arrays of NumPy, and numbers. Results are of float32 where all that was given counts as such."""
+    OWN = ()  # another library, and its classes
 
     def __init__(self, given, units):
-        self.given = {name: np.positive(value) for name, value in given.items()}
+        self.given = {name: self._copied(value) for name, value in given.items()}
         self._units = units
-        self._type = self._type_of(self.given.values())
+        self._type = self._type_of(given)
 
-    @staticmethod
-    def _type_of(values):
-        return np.promote_types(np.result_type(*(getattr(v, "dtype", v) for v in values)), np.float32)
+    @classmethod
+    def _is_own(cls, value):
+        return bool(cls.OWN) and of_kind([value], *cls.OWN)
+
+    def _copied(self, value):
+        is_own = self._is_own(value)
+        copy = value.copy() if is_own else np.array(value, subok=True)
+        for kind in copy.dtypes if of_kind([copy], "pandas", "DataFrame") else [copy.dtype]:
+            if kind.kind not in "biuf":
+                raise TypeError(f"water() takes numbers, not {kind}")
+        return copy if is_own else copy[()]
+
+    def _type_of(self, given):
+        """That of a ufunc of NumPy, to which numbers of Python are of no type of their own."""
+        kinds = [given[name] if type(given[name]) in (int, float) else value if isinstance(value, (np.ndarray, np.generic))
+                 else value.dtype for name, value in self.given.items()]
+        return np.promote_types(np.result_type(*kinds), np.float32)
 
     def opened(self):
         return [self._units.inward(value, name) for name, value in self.given.items()]
@@ -60,14 +76,26 @@ class Masked(Plain):
 
 
 class Dask(Plain):
+    """Lazy, in chunks of any size, known or not. Masked elements are gaps."""
+    OWN = "dask.array", "Array"
+
     def opened(self):
-        return sys.modules["dask.array"].broadcast_arrays(*super().opened())
+        return [sys.modules["dask.array"].ma.filled(value.astype(float), np.nan)
+                if self._is_own(value) and isinstance(value._meta, np.ma.MaskedArray) else value
+                for value in super().opened()]
 
     @staticmethod
     def apply(function, *arrays):
-        return sys.modules["dask.array"].apply_gufunc(
-            function, function.signature, *arrays, output_dtypes=np.dtype(function.types[0][-1]),
-            output_sizes={STATE: int(STATE)})
+        """As Dask applies ufuncs, with the dimension of states after those that broadcast."""
+        given, formed = ([(-1,) * (STATE in core) for core in part.split(",")]
+                         for part in function.signature.split("->"))
+        dimensions = [np.ndim(array) - len(core) for array, core in zip(arrays, given)]
+        pairs = ((array, (*reversed(range(n)), *core) if np.ndim(array) else None)
+                 for array, n, core in zip(arrays, dimensions, given))
+        most = (*reversed(range(max(dimensions))), *formed[0])
+        return sys.modules["dask.array"].blockwise(
+            function, most, *itertools.chain(*pairs), new_axes=dict.fromkeys(formed[0], int(STATE)), concatenate=True,
+            meta=np.empty((0,) * len(most), function.types[0][-1]))
 
     @staticmethod
     def apply_plain(function, array, kind):
@@ -75,27 +103,23 @@ class Dask(Plain):
 
 
 class Pandas(Plain):
-    """Series and DataFrames, aligned to each other as pandas does it. Results are of float64."""
+    """Series and DataFrames of numbers, aligned to each other as pandas does it. Results are of float64."""
+    OWN = "pandas", "Series", "DataFrame"
 
     def __init__(self, given, units):
         first, second = given.values()
-        if self._labelled(first) and self._labelled(second):
+        if self._is_own(first) and self._is_own(second):
             if type(first) is not type(second):
                 raise TypeError("a Series and a DataFrame have no index together")
             first, second = first.align(second)
-        self._like = first if self._labelled(first) else second
+        self._like = first if self._is_own(first) else second
         super().__init__(dict(zip(given, (first, second))), units)
 
-    @staticmethod
-    def _type_of(values):
+    def _type_of(self, given):
         return np.dtype(float)
 
-    @staticmethod
-    def _labelled(value):
-        return of_kind([value], "pandas", "Series", "DataFrame")
-
     def opened(self):
-        return [value.to_numpy(float, na_value=np.nan) if self._labelled(value) else value
+        return [value.to_numpy(float, na_value=np.nan) if self._is_own(value) else value
                 for value in super().opened()]
 
     def closed(self, values, name):
@@ -109,12 +133,13 @@ class Pandas(Plain):
 
 class Xarray(Plain):
     """By the names of dimensions, on arrays of NumPy or Dask inside."""
+    OWN = "xarray", "DataArray"
 
     def __init__(self, given, units):
         super().__init__(given, units)
         for name, value in given.items():
-            if of_kind([value], "xarray", "DataArray"):
-                self.given[name] = value.assign_attrs(attributes(name, units) | value.attrs)
+            if self._is_own(value):
+                self.given[name] = self.given[name].assign_attrs(attributes(name, units) | value.attrs)
 
     @classmethod
     def apply(cls, function, *arrays):
