@@ -28,6 +28,17 @@ def operands(entry, arguments):
     return kinds if kind == "void" else kinds + [(f"{kind} *", "out")]
 
 
+# what an Operand of operand.hpp is read as
+READERS = {"const double *": "numbers", "double *": "written", "int *": "regions"}
+
+
+def call(entry):
+    """A lambda that calls the function with an array of Operands, in the order of its arguments."""
+    given = "".join(f", at[{k}].{READERS[kind]}(), at[{k}].step"
+                    for k, (kind, _) in enumerate(operands(entry, entry["arguments"])))
+    return (f"[](std::size_t n, const Operand* at, std::int32_t* code) {{ {entry['name']}_array(n{given}, code); }}")
+
+
 def parameters(entry):
     arrays = "".join(f"{kind}{name}, ptrdiff_t {name}_step, " for kind, name in operands(entry, entry["arguments"]))
     return f"size_t n, {arrays}int32_t *code"

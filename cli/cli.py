@@ -11,10 +11,10 @@ sys.dont_write_bytecode = True  # the source tree may be read-only
 sys.path[:0] = [str(HERE.parent / folder) for folder in
                 ("VAPRIX/exports", "arrays", "faces/spreadsheet", "faces/python")]
 from answers import CODES, CONSTANTS, answers, prose, rows  # noqa: E402
-from arrays import operands  # noqa: E402
+from arrays import call  # noqa: E402
 from functions import refusals  # noqa: E402
 from generate import ARGUMENTS, WRITTEN, catalogue, result_type  # noqa: E402
-from package import READERS, quantities  # noqa: E402
+from package import quantities  # noqa: E402
 
 # what a name begins with -> the property, where two state variables or one for T are given
 BEGINS = {"P": "p", "T": "T", "V": "v", "D": "d", "H": "h", "S": "s", "X": "x", "U": "u", "F": "f", "G": "g",
@@ -71,15 +71,11 @@ def export(entry, family, examples):
     said = answers(entry)
     refused = [initializer(repr(r.value).replace("inf", "infinity").replace("nan", "not_a_number"), str(r.code or 0),
                            quoted(r.reason)) for r in refusals(entry)]
-    given = "".join(f", at[{k}].{READERS[kind]}(), at[{k}].step"
-                    for k, (kind, _) in enumerate(operands(entry, entry["arguments"])))
-    call = (f"[](std::size_t count, const Operand* at, std::int32_t* code) {{ "
-            f"{entry['name']}_array(count{given}, code); }}")
     texts = [entry["name"], " ".join(inputs(entry)), entry["unit"], entry["description"], family["title"], said.range,
              prose(said), family["notes"], family["source"], example(entry, examples)]
     listed = f"refusals_of_{entry['name']}" if refused else "{}"
     before = f"constexpr Refusal {listed}[] = {{{', '.join(refused)}}};\n" if refused else ""
-    return before, initializer(*map(quoted, texts), listed, "\n     " + call)
+    return before, initializer(*map(quoted, texts), listed, "\n     " + call(entry))
 
 
 def units(entries):

@@ -9,16 +9,9 @@
 #include <string_view>
 #include <vaprix.hpp>
 
-namespace vaprix::cli {
+#include "operand.hpp"
 
-// An array of a function over arrays, of numbers or of regions.
-struct Operand {
-    void* at;
-    std::ptrdiff_t step;
-    [[nodiscard]] const double* numbers() const noexcept { return static_cast<const double*>(at); }
-    [[nodiscard]] double* written() const noexcept { return static_cast<double*>(at); }
-    [[nodiscard]] int* regions() const noexcept { return static_cast<int*>(at); }
-};
+namespace vaprix::cli {
 
 // A result that is a failure, the code that is stored with it or 0, and the reason in words.
 struct Refusal {

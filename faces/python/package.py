@@ -17,7 +17,7 @@ HERE = pathlib.Path(__file__).resolve().parent
 sys.dont_write_bytecode = True  # the source tree may be read-only
 sys.path[:0] = [str(HERE.parents[1] / folder) for folder in ("VAPRIX/exports", "arrays")]
 from answers import CODES, answers, prose, rows  # noqa: E402
-from arrays import operands  # noqa: E402
+from arrays import call  # noqa: E402
 from generate import ARGUMENTS, WRITTEN, catalogue  # noqa: E402
 
 LEFT_OUT = "error code"  # its quantity: vaprix.code answers by element, whatever thread asks
@@ -80,18 +80,11 @@ def literal(text):
     return "\n".join(f'     "{line}{end}"' for line, end in zip(lines, ["\\n"] * (len(lines) - 1) + [""]))
 
 
-READERS = {"const double *": "numbers", "double *": "written", "int *": "regions"}
-
-
 def row(entry, text):
-    """A Function of ufuncs.cpp. Its operands are those of the function over arrays, in their order."""
-    given = "".join(f", at[{k}].{READERS[kind]}(), at[{k}].step"
-                    for k, (kind, _) in enumerate(operands(entry, entry["arguments"])))
+    """A Function of ufuncs.cpp."""
     numbers = len(inputs(entry)) - ("region" in entry["arguments"])
     region = "true" if "region" in entry["arguments"] else "false"
-    return (f'    {{"{entry["name"]}",\n{literal(text)},\n     {numbers}, {region},\n'
-            f"     [](std::size_t n, const Operand* at, std::int32_t* code) {{\n"
-            f"         {entry['name']}_array(n{given}, code);\n     }}}},\n")
+    return f'    {{"{entry["name"]}",\n{literal(text)},\n     {numbers}, {region},\n     {call(entry)}}},\n'
 
 
 def table():

@@ -35,7 +35,7 @@ constexpr Export known() {
     return made;
 }
 constexpr std::array known_exports = []<class... Named>(exports::All<Named...>) {
-    return std::array{known<Named>()...};
+    return std::array<Export, sizeof...(Named)>{known<Named>()...};
 }(exports::all);
 
 const Export* find(std::string_view symbol, Family family, std::string_view pair) noexcept {

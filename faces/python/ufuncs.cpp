@@ -12,16 +12,11 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "operand.hpp"
+
 namespace {
 
-// An array of a function over arrays: steps are in elements.
-struct Operand {
-    void* at;
-    std::ptrdiff_t step;
-    [[nodiscard]] const double* numbers() const noexcept { return static_cast<const double*>(at); }
-    [[nodiscard]] double* written() const noexcept { return static_cast<double*>(at); }
-    [[nodiscard]] int* regions() const noexcept { return static_cast<int*>(at); }
-};
+using vaprix::Operand;
 
 // An export: of `numbers` numbers and, after them, perhaps a region, which it writes back.
 struct Function {

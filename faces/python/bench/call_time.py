@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
-"""Time of the processor for calls: a number, a million states, strided; a loop of ctypes and numpy.vectorize beside them;
-states with five properties, and what they take from C; and the time on the clock in two threads. The first argument is
-the folder of the build, of which vaprix, vaprix_arrays and vaprix_resolve_once are built.
+"""Time of the processor for calls: a number, a million states, strided; a loop of ctypes and numpy.vectorize beside
+them; states with five properties, and what they take from C; and the time on the clock in two threads. The first
+argument is the folder of the build, of which vaprix, vaprix_arrays and vaprix_resolve_once are built.
 """
 import ctypes
 import pathlib

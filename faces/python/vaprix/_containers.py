@@ -43,8 +43,9 @@ class Plain:
 
     def _type_of(self, given):
         """That of a ufunc of NumPy, to which numbers of Python are of no type of their own."""
-        kinds = [given[name] if type(given[name]) in (int, float) else value if isinstance(value, (np.ndarray, np.generic))
-                 else value.dtype for name, value in self.given.items()]
+        kinds = [given[name] if type(given[name]) in (int, float) else
+                 value if isinstance(value, (np.ndarray, np.generic)) else value.dtype
+                 for name, value in self.given.items()]
         return np.promote_types(np.result_type(*kinds), np.float32)
 
     def opened(self):

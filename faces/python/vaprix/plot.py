@@ -164,7 +164,7 @@ class Chart:
             middle, before, after = (np.array([np.interp(way[-1] * part + shift, way, at[:, k]) for k in (0, 1)])
                                      for shift in (0, -4, 4))
             angle = np.degrees(np.arctan2(*(after - before)[::-1]))
-            angle = (angle + 90) % 180 - 90
+            angle = (angle + 80) % 180 - 80  # what is about vertical reads upwards
             if self._place(self.axes.transData.inverted().transform(middle), label, angle, fontsize=6.5, color=color):
                 return
 
