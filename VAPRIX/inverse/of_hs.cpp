@@ -6,7 +6,6 @@
 
 #include "frame/elementary.hpp"
 #include "frame/newton.hpp"
-#include "inverse/region_hs.hpp"
 #include "regions/saturated_energies.hpp"
 
 namespace vaprix::inverse {
@@ -299,44 +298,6 @@ State solve_hs(double h, double s) noexcept {
         if (lost.converged && (tried & bit(next)) == 0 && neighbour_has_it(next)) return last.state;
     }
     return outside;
-}
-
-State start_hs_b(double h, double s) noexcept {
-    // How far the backward equations may be from the basic ones, with a margin: closer to a limit
-    // than this it takes the exact state to tell on which side of it the given one is.
-    constexpr double p1_error = 0.02;         // MPa
-    constexpr double p_error = 2e-4;          // relative, regions 2 and 3
-    constexpr double t_error = 0.05;          // K
-    constexpr double h_error = 0.1;           // kJ/kg, on the isotherm 1073.15 K
-    constexpr double s_warm_liquid = 0.0015;  // from here region 1 is above 273.15 K + t_error
-
-    auto [region, neighbour] = region_unlimited(h, s);
-    if (neighbour != Region::none && solve_hs(h, s).region == neighbour) region = neighbour;
-    State state{.region = region, .refusal = ErrorCode::outside_range};
-    bool surely_inside = false;
-    if (region == Region::none) return state;
-    if (region == Region::five) return solve_hs(h, s);
-    if (region == Region::wet) {
-        if (s < boundaries_hs::s_vapour_13) return solve_hs(h, s);
-        state.t = std::clamp(tsat_hs(h, s), T_min, T_13);
-        surely_inside = state.t > T_min + t_error;
-    } else if (region == Region::one) {
-        state.p = region1::p_hs(h, s);
-        surely_inside = state.p < p_max - p1_error && s > s_warm_liquid;
-    } else if (region == Region::two) {
-        state.p = region2::p_hs(h, s);
-        // above 50 MPa, where there is no region 5, the isotherm 1073.15 K is a limit
-        surely_inside = state.p > p_min * (1 + p_error) && state.p < p_max * (1 - p_error) &&
-                        (state.p < p_max_5 || below_t25(state.p, h + h_error));
-    } else {
-        state.p = region3::p_hs(h, s);
-        surely_inside = state.p < p_max * (1 - p_error);
-    }
-    if (!surely_inside && solve_hs(h, s).region == Region::none) {
-        return outside;
-    }
-    state.p = region == Region::wet ? psat(state.t) : std::clamp(state.p, p_min, p_max);
-    return state;
 }
 
 }  // namespace vaprix::inverse
