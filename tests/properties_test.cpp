@@ -199,10 +199,12 @@ TEST(Properties, OfEveryFamily) {
             const auto& of = found.at(resolve);
             if (!of || !answers(row, of->x)) continue;
             const Known& x = of->x;
+            const double tolerance = tolerance_of(*row.property, x) + of->extra;
+            if (!(tolerance < 1)) continue;  // beside the critical point rounding leaves no digit
             ++visits[row.function];
             deviations.check(row.function->name + " region " + std::to_string(of->x.region),
                              (*row.function)(at, of->x.region), row.property->of(x),
-                             scale_of(*row.property, x), tolerance_of(*row.property, x) + of->extra,
+                             scale_of(*row.property, x), tolerance,
                              {at[bound::p], at[bound::T], at[bound::x]});
         }
     });
