@@ -78,7 +78,7 @@ public:
 // The same in one register.
 template <>
 class Neighbours<double> {
-    typedef double Two __attribute__((vector_size(2 * sizeof(double))));
+    using Two __attribute__((vector_size(2 * sizeof(double)))) = double;
     Two two;
     VAPRIX_INLINE explicit Neighbours(Two both) noexcept : two(both) {}
 
@@ -92,6 +92,8 @@ public:
             return;
         }
 #endif
+        // g++ 12 gives an alias of a dependent type no such attribute
+        // NOLINTNEXTLINE(modernize-use-using)
         typedef Entry Entries __attribute__((vector_size(2 * sizeof(Entry))));
         Entries entries;
         __builtin_memcpy(&entries, table, sizeof entries);
