@@ -40,8 +40,10 @@ for part in demo "$@"; do
     listed=$(packages "$part")
     wanted="$wanted $listed"
 done
+# what another package provides is there too: a Node.js from elsewhere brings its npm and conflicts with Debian's
+present=$(dpkg-query -W -f '${db:Status-Status} ${Package}, ${Provides}\n' | sed -n 's/^installed //p' | tr -s ', ' '\n')
 for package in $(printf '%s\n' $wanted | sort -u); do
-    dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing="$missing $package"
+    echo "$present" | grep -qxF "$package" || missing="$missing $package"
 done
 [ -n "$missing" ] || exit 0
 
