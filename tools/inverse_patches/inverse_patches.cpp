@@ -11,6 +11,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <cstdlib>
 #include <functional>
 #include <numbers>
 #include <optional>
@@ -35,7 +36,7 @@ constexpr std::size_t rows = patch_rows.size() - 1, terms = patch_terms;
 constexpr double coarse = 0x1p4;  // of the constants: they may be large, and do not enter the slope
 constexpr double last_step = 4e-6;    // K, to which a patch of regions 1 and 2 is held
 constexpr double dense_error = 1e-8;  // relative, those of region 3
-constexpr int divisions = 6;          // of a block, at most: halvings
+constexpr int divisions = 7;          // of a block, at most: halvings
 
 using Coefficients = std::array<std::int32_t, terms>;
 
@@ -269,29 +270,35 @@ Coefficients fit_cell(const Surface& f, const Cell& cell) {
 
 // How far a cell is from what is asked of it; from 1 it is not good enough.
 double fault_of(const Surface& f, const Cell& cell, const Coefficients& c) {
-    constexpr int samples = 9;
+    constexpr int samples = 16;
     const double p_low = std::max(cell.p_low, f.p_low), p_high = std::min(cell.p_high, f.p_high);
     if (!(p_low < p_high)) return 0;
     double worst = 0;
-    for (int i = 0; i <= samples; ++i) {
-        for (int j = 0; j <= samples; ++j) {
-            const double p = p_low + (p_high - p_low) * i / samples;
-            const double u = 2 * (p - cell.p_low) / (cell.p_high - cell.p_low) - 1;
-            const double w = -1 + 2.0 * j / samples;
-            const std::optional<double> z = f.z(p, cell.y(w));
-            if (!z || !f.within(p, cell.y(w), *z)) continue;
-            double sum = (coarse - 1) * c[0], slope = 0, u_power = 1;
-            for (std::size_t row = 0; row < rows; ++row, u_power *= u) {
-                double of_w = 0, slope_of_w = 0;
-                for (std::size_t k = patch_rows[row + 1]; k-- > patch_rows[row];) {
-                    slope_of_w = slope_of_w * w + of_w;
-                    of_w = of_w * w + c[k];
-                }
-                sum += u_power * of_w;
-                slope += u_power * slope_of_w;
+    const auto look = [&](double p, double w) {
+        const double u = 2 * (p - cell.p_low) / (cell.p_high - cell.p_low) - 1;
+        const std::optional<double> z = f.z(p, cell.y(w));
+        if (!z || !f.within(p, cell.y(w), *z)) return;
+        double sum = (coarse - 1) * c[0], slope = 0, u_power = 1;
+        for (std::size_t row = 0; row < rows; ++row, u_power *= u) {
+            double of_w = 0, slope_of_w = 0;
+            for (std::size_t k = patch_rows[row + 1]; k-- > patch_rows[row];) {
+                slope_of_w = slope_of_w * w + of_w;
+                of_w = of_w * w + c[k];
             }
-            slope *= f.grid.unit * 2 / (cell.y_high - cell.y_low);
-            worst = std::max(worst, f.fault(p, *z, f.grid.base + f.grid.unit * sum, slope));
+            sum += u_power * of_w;
+            slope += u_power * slope_of_w;
+        }
+        slope *= f.grid.unit * 2 / (cell.y_high - cell.y_low);
+        worst = std::max(worst, f.fault(p, *z, f.grid.base + f.grid.unit * sum, slope));
+    };
+    for (int i = 0; i <= samples; ++i) {
+        // crowded towards low pressures, where the limits of the region are steep
+        const double p = p_low + (p_high - p_low) * i * i / (samples * samples);
+        for (int j = 0; j <= samples; ++j) look(p, -1 + 2.0 * j / samples);
+        const auto [low, high] = f.limits(p);
+        for (const double y : {low, high}) {
+            const double w = 2 * (y - cell.y_low) / (cell.y_high - cell.y_low) - 1;
+            if (std::fabs(w) <= 1) look(p, w);
         }
     }
     return worst;
@@ -340,7 +347,8 @@ Block fitted_block(const Surface& f, const Cell& whole) {
         }
         if (best.fault < 1) return best;
     }
-    return best;
+    std::fprintf(stderr, "%s: a block needs more divisions\n", f.name);
+    std::exit(1);
 }
 
 void print(const Surface& f) {
@@ -412,14 +420,15 @@ inline constexpr double dense_patch_step = %g;  // relative, of region 3
     const Dense dense_s{region3::ps_tangents, region3::v_ps, region3::t_ps,
                         region3::p3sat_s,     region1::s,    region2::s};
     constexpr auto d = &Point<double>::x, t = &Point<double>::y;
+    // the grids: those of a few hundred tried that need the fewest cells
     constexpr double fine = 0x1p-25, coarser = 0x1p-24, dense = 0x1p-23;
-    const Patches grid_3_ph = grid(-15, 1, 1500, 2900, 8, 720, dense);
-    const Patches grid_3_ps = grid(-15, 1, 3.3, 5.4, 8, 720, dense);
+    const Patches grid_3_ph = grid(-12, 1, 1500, 2900, 6, 720, dense);
+    const Patches grid_3_ps = grid(-12, 1, 3.3, 5.4, 6, 720, dense);
     for (const Surface& f :
          {gibbs_surface("t1_of_ph", liquid_h, 4e-16, grid(23.9995, 1, -0.1, 1680, 8, 448, fine)),
-          gibbs_surface("t1_of_ps", liquid_s, 4e-16, grid(23.9995, 1, -0.01, 3.8, 8, 448, fine)),
-          gibbs_surface("t2_of_ph", vapour_h, 3e-15, grid(0.0038, 0, 2490, 4170, 12, 673, coarser)),
-          gibbs_surface("t2_of_ps", vapour_s, 3e-15, grid(0.0038, 0, 5.7, 8.51, 16, 673, coarser)),
+          gibbs_surface("t1_of_ps", liquid_s, 4e-16, grid(23.9995, 1, -0.01, 3.8, 9, 448, fine)),
+          gibbs_surface("t2_of_ph", vapour_h, 3e-15, grid(0.0045, 0, 2490, 4165, 12, 673, coarser)),
+          gibbs_surface("t2_of_ps", vapour_s, 3e-15, grid(0.0014, 0, 5.73, 8.52, 9, 673, coarser)),
           dense_surface("t3_of_ph", dense_h, t, grid_3_ph),
           dense_surface("d3_of_ph", dense_h, d, grid_3_ph),
           dense_surface("t3_of_ps", dense_s, t, grid_3_ps),
