@@ -106,13 +106,23 @@ void divide_pt(const double* p_of, const double* t_of, std::size_t count,
     });
 }
 
-// Saturation pressures below region 3, whatever the rounding of their temperatures.
+// Saturation pressures below region 3 and of it, whatever the rounding of their temperatures; beside the
+// critical point, where their densities are estimated, they are left.
 inline constexpr double p_below_region3 = psat_13 * (1 - 1e-9);
+template <class Number>
+VAPRIX_INLINE auto is_solved_in_region3(Number p) noexcept {
+    return (p > psat_13 * (1 + 1e-9)) & (p < p_crit - 2 * estimated_zone);
+}
 
-// As region_but_phase() has it, regions 2 and 3 with the subregions of their backward equations, region
-// 3 below the critical pressure by the B-family's test of the phase; or left to that of the O-family.
-enum class PhaseTest { by_backward_equation, left };
-template <class Y, PhaseTest test, class Number>
+enum class Family { b, o };
+
+// As region_b() or region_o() has it, regions 2 and 3 with the subregions of their backward equations.
+template <class Y, Family family, class Number>
+VAPRIX_INLINE auto is_wet_steam(Number p, Number y) noexcept {
+    if constexpr (family == Family::b) return p < Y::template Backward<Number>::p3sat(y);
+    if constexpr (family == Family::o) return Y::is_wet_o(p, y);
+}
+template <class Y, Family family, class Number>
 void divide_py(const double* p_of, const double* y_of, std::size_t count,
                Divided& divided) noexcept {
     if constexpr (Number::lanes == 2) {
@@ -124,10 +134,11 @@ void divide_py(const double* p_of, const double* y_of, std::size_t count,
                     if (p <= region2::p_2a) return region2a;
                     return Y::is_2c(p, y) ? region2c : region2b;
                 case Region::three:
-                    if (p > p_crit ||
-                        (test == PhaseTest::by_backward_equation && p < p_crit && p >= Y::p3sat(y)))
-                        return Y::is_3a(p, y) ? region3a : region3b;
-                    return parts;
+                    if (p <= p_crit) {
+                        if (!is_solved_in_region3(p)) return parts;
+                        if (is_wet_steam<Y, family>(p, y)) return wet_dense;
+                    }
+                    return Y::is_3a(p, y) ? region3a : region3b;
                 case Region::five: return region5;
                 case Region::none: return p < p_min || p > p_max ? outside : parts;
                 case Region::wet: return p <= p_below_region3 ? wet : parts;
@@ -167,8 +178,11 @@ void divide_py(const double* p_of, const double* y_of, std::size_t count,
                 const auto dense = between_phases & (p > psat_13);
                 if (!machine::none(dense)) {
                     auto single = dense & (p > p_crit);
-                    if constexpr (test == PhaseTest::by_backward_equation) {
-                        single = single | (dense & (p < p_crit) & (p >= Backward::p3sat(y)));
+                    const auto subcritical = dense & is_solved_in_region3(p);
+                    if (!machine::none(subcritical)) {
+                        const auto mixture = subcritical & is_wet_steam<Y, family>(p, y);
+                        add(wet_dense, mixture);
+                        single = single | (subcritical & !mixture);
                     }
                     const auto a3 = Backward::is_3a(p, y);
                     add(region3a, single & a3);
@@ -181,7 +195,6 @@ void divide_py(const double* p_of, const double* y_of, std::size_t count,
 }
 
 // Of a pressure of the line, which of them are refused.
-enum class Family { b, o };
 template <Family family, class Number>
 VAPRIX_INLINE auto is_off_line(Number p) noexcept {
     if constexpr (family == Family::b) return (p < line_p_lowest) | (p > p_crit);
@@ -192,14 +205,18 @@ VAPRIX_INLINE auto is_below_region3(Number p) noexcept {
     return (p >= line_p_lowest) & (p <= p_below_region3);
 }
 
-// Saturated phases below region 3 and wet steam there, by temperature and by pressure, as line_of_t() and
-// line_of_p_b() or line_of_p_o() have them; the part is that of the phase.
+// Saturated phases and wet steam, by temperature and by pressure, as line_of_t() and line_of_p_b() or
+// line_of_p_o() have them; the part below region 3 is that of the phase.
+template <Part phase>
+inline constexpr Part dense_part = phase == wet ? wet_dense : region3;
 template <Part phase, class Number>
 void divide_line_t(const double* t_of, const double* /* again */, std::size_t count,
                    Divided& divided) noexcept {
     divide_each<Number>(count, divided, [=](std::size_t k, auto add) noexcept {
         const Number t = Number::load(t_of + k);
         add(phase, (t >= T_min) & (t <= T_13));
+        const auto dense = (t > T_13) & (t <= T_crit);
+        if (!machine::none(dense)) add(dense_part<phase>, dense & is_solved_in_region3(psat(t)));
         add(outside, (t < T_min) | (t > T_crit));
     });
 }
@@ -209,6 +226,7 @@ void divide_line_p(const double* p_of, const double* /* again */, std::size_t co
     divide_each<Number>(count, divided, [=](std::size_t k, auto add) noexcept {
         const Number p = Number::load(p_of + k);
         add(phase, is_below_region3(p));
+        add(dense_part<phase>, is_solved_in_region3(p));
         add(outside, is_off_line<family>(p));
     });
 }
@@ -220,7 +238,10 @@ void divide_tx(const double* t_of, const double* x_of, std::size_t count,
                Divided& divided) noexcept {
     divide_each<Number>(count, divided, [=](std::size_t k, auto add) noexcept {
         const Number t = Number::load(t_of + k), x = Number::load(x_of + k);
-        add(wet, (x >= 0) & (x <= 1) & (t >= T_min) & (t <= T_13));
+        const auto good = (x >= 0) & (x <= 1);
+        add(wet, good & (t >= T_min) & (t <= T_13));
+        const auto dense = good & (t > T_13) & (t <= T_crit);
+        if (!machine::none(dense)) add(wet_dense, dense & is_solved_in_region3(psat(t)));
         add(outside, (t < T_min) | (t > T_crit));
     });
 }
@@ -231,6 +252,7 @@ void divide_px(const double* p_of, const double* x_of, std::size_t count,
         const Number p = Number::load(p_of + k), x = Number::load(x_of + k);
         const auto good = (x >= 0) & (x <= 1);
         add(wet, good & is_below_region3(p));
+        add(wet_dense, good & is_solved_in_region3(p));
         // the B-family takes a pressure by its absolute value
         if constexpr (family == Family::b) add(outside, machine::fabs(p) > p_crit);
         if constexpr (family == Family::o) add(outside, good & is_off_line<family>(p));

@@ -83,9 +83,18 @@ inline constexpr auto evaluated_3 = [](Lanes p, Lanes t, Lanes dense) noexcept {
     }
 };
 
+// Of a saturated phase above 623.15 K.
+template <const auto& property, Part phase>
+inline constexpr auto evaluated_line = [](Lanes p, Lanes t) noexcept {
+    const SaturatedEnds<Lanes> ends = ends_at(p, t);
+    return single<property>(dense_state(p, t, phase == region1 ? ends.liquid : ends.vapour));
+};
+
 template <const auto& property>
 inline constexpr auto evaluated_wet = [](Lanes p, Lanes t, Lanes x) noexcept {
-    return mixed<property>(StateOf<Lanes>{.region = Region::wet, .p = p, .t = t, .x = x});
+    auto state = wet_state<Asked{.wet = true}>(p, t);
+    state.x = x;
+    return mixed<property>(state);
 };
 
 // A property of the state alone.
@@ -138,9 +147,7 @@ void solve_wet(const double* p_of, const double* y_of, double* solved, double* q
     for (std::size_t k = 0; k < count; k += Lanes::lanes) {
         const Lanes p = Lanes::load(p_of + k), t = t_of(p);
         t.store(solved + k);
-        const StateOf<Lanes> state{.region = Region::wet, .p = p, .t = t};
-        const Lanes x = asked.wet ? quality<Y::y>(state, Lanes::load(y_of + k)) : Lanes(0);
-        x.store(quality_of + k);
+        wet_state_by<asked, Y::y>(p, t, Lanes::load(y_of + k)).x.store(quality_of + k);
     }
 }
 
@@ -181,7 +188,8 @@ void solve_dense_b(const double* p, const double* y, double* solved, double* den
     }
 }
 
-// Of region 3 by the O-family, temperature and density together, as solve_dense() has them.
+// Of region 3 by the O-family, temperature and density together, as solve_dense() has them; not found
+// where the saturation line is so close that the state may be kept beside it.
 template <class Y, auto t3, auto v3>
 void solve_dense_o(const double* p_of, const double* y_of, double* solved, double* dense,
                    std::size_t count) noexcept {
@@ -194,6 +202,11 @@ void solve_dense_o(const double* p_of, const double* y_of, double* solved, doubl
                 newton(tangents, p, y, {1 / v3(p, y), t3(p, y)}, inverse::dense_step);
             at = {machine::select(settled, at.x, searched.x),
                   machine::select(settled, at.y, searched.y)};
+        }
+        const auto beside = p <= p_crit;
+        if (!machine::none(beside)) {
+            const auto left = beside & !inverse::is_well_on_side<Y>(p, y, at.y);
+            at.y = machine::select(left, Lanes(0), at.y);
         }
         at.y.store(solved + k);
         at.x.store(dense + k);
@@ -252,12 +265,12 @@ struct OfPyB {
     static constexpr ErrorCode refusal = ErrorCode::outside_range;
     template <Asked asked>
     static constexpr void set(Plan& plan) {
-        plan.divide = divide_py<Y, PhaseTest::by_backward_equation, Lanes>;
+        plan.divide = divide_py<Y, Family::b, Lanes>;
         plan.solve = solved_b<Y>;
         using Backward = typename Y::template Backward<Lanes>;
         plan.solve[region3a] = solve_dense_b<Y, asked, Backward::t3a, Backward::v3a>;
         plan.solve[region3b] = solve_dense_b<Y, asked, Backward::t3b, Backward::v3b>;
-        plan.solve[wet] = solve_wet<Y, asked, tsat<Lanes>>;
+        plan.solve[wet] = plan.solve[wet_dense] = solve_wet<Y, asked, tsat<Lanes>>;
     }
 };
 template <class Y>
@@ -266,12 +279,12 @@ struct OfPyO {
     static constexpr ErrorCode refusal = ErrorCode::outside_range;
     template <Asked asked>
     static constexpr void set(Plan& plan) {
-        plan.divide = divide_py<Y, PhaseTest::left, Lanes>;
+        plan.divide = divide_py<Y, Family::o, Lanes>;
         plan.solve = solved_o<Y>;
         using Backward = typename Y::template Backward<Lanes>;
         plan.solve[region3a] = solve_dense_o<Y, Backward::t3a, Backward::v3a>;
         plan.solve[region3b] = solve_dense_o<Y, Backward::t3b, Backward::v3b>;
-        plan.solve[wet] = solve_wet<Y, asked, tsat_corrected<Lanes>>;
+        plan.solve[wet] = plan.solve[wet_dense] = solve_wet<Y, asked, tsat_corrected<Lanes>>;
     }
 };
 template <>
@@ -284,17 +297,18 @@ template <>
 struct Packed<resolvers::of_ps_o> : OfPyO<inverse::Entropy> {};
 
 // Saturated phases, the line with both of them and wet steam of given quality.
-template <ErrorCode refusal_>
+template <Part phase_, ErrorCode refusal_>
 struct OfLine {
+    static constexpr Part phase = phase_;
     static constexpr Finish finish = Finish::density;
     static constexpr ErrorCode refusal = refusal_;
 };
 template <Part phase>
-struct OfLineT : OfLine<ErrorCode::saturation_temperature_range> {
+struct OfLineT : OfLine<phase, ErrorCode::saturation_temperature_range> {
     template <Asked>
     static constexpr void set(Plan& plan) {
         plan.divide = divide_line_t<phase, Lanes>;
-        plan.solve[phase] = solve_line<psat<Lanes>>;
+        plan.solve[phase] = plan.solve[dense_part<phase>] = solve_line<psat<Lanes>>;
         plan.solves = Solved::p;
     }
 };
@@ -306,11 +320,11 @@ template <>
 struct Packed<resolvers::line_of_t> : OfLineT<wet> {};
 
 template <Part phase>
-struct OfLineExactT : OfLine<ErrorCode::saturation_temperature_range> {
+struct OfLineExactT : OfLine<phase, ErrorCode::saturation_temperature_range> {
     template <Asked>
     static constexpr void set(Plan& plan) {
         plan.divide = divide_line_t<phase, Lanes>;
-        plan.solve[phase] = solve_line_o;
+        plan.solve[phase] = plan.solve[region3] = solve_line_o;
         plan.solves = Solved::both;
     }
 };
@@ -320,11 +334,11 @@ template <>
 struct Packed<resolvers::vapour_of_t_o> : OfLineExactT<region2a> {};
 
 template <Part phase, Family family, auto t_of>
-struct OfLineP : OfLine<ErrorCode::saturation_pressure_range> {
+struct OfLineP : OfLine<phase, ErrorCode::saturation_pressure_range> {
     template <Asked>
     static constexpr void set(Plan& plan) {
         plan.divide = divide_line_p<phase, family, Lanes>;
-        plan.solve[phase] = solve_line<t_of>;
+        plan.solve[phase] = plan.solve[region3] = solve_line<t_of>;
     }
 };
 template <>
@@ -337,20 +351,20 @@ template <>
 struct Packed<resolvers::vapour_of_p_o> : OfLineP<region2a, Family::o, tsat_corrected<Lanes>> {};
 
 template <>
-struct Packed<resolvers::wet_of_tx> : OfLine<ErrorCode::saturation_temperature_range> {
+struct Packed<resolvers::wet_of_tx> : OfLine<wet, ErrorCode::saturation_temperature_range> {
     template <Asked>
     static constexpr void set(Plan& plan) {
         plan.divide = divide_tx<Lanes>;
-        plan.solve[wet] = solve_line<psat<Lanes>>;
+        plan.solve[wet] = plan.solve[wet_dense] = solve_line<psat<Lanes>>;
         plan.solves = Solved::p;
     }
 };
 template <Family family, ErrorCode refusal, auto t_of>
-struct OfPx : OfLine<refusal> {
+struct OfPx : OfLine<wet, refusal> {
     template <Asked>
     static constexpr void set(Plan& plan) {
         plan.divide = divide_px<family, Lanes>;
-        plan.solve[wet] = solve_line<t_of>;
+        plan.solve[wet] = plan.solve[wet_dense] = solve_line<t_of>;
     }
 };
 template <>
@@ -380,13 +394,21 @@ constexpr Plan plan_of() {
             constexpr Plan resolved = resolved_by<Resolved, all>();
             plan = resolved;
             if constexpr (rule.of_wet == OfWet::mixed && resolved.solve[wet] != nullptr)
-                plan.evaluate[wet] = evaluate_block<evaluated_wet<property>>;
-            if (rule.of_wet == OfWet::refused) plan.constant[wet] = constant<property>(rule.wet);
+                plan.evaluate[wet] = plan.evaluate[wet_dense] =
+                    evaluate_block<evaluated_wet<property>>;
+            if (rule.of_wet == OfWet::refused) {
+                plan.constant[wet] = plan.constant[wet_dense] = constant<property>(rule.wet);
+            }
             if constexpr (rule.only_wet) {
                 for (std::size_t part = 0; part < wet; ++part)
                     plan.constant[part] = {.is_given = true, .value = failed};
             } else {
                 set_evaluations<property, all, Resolved::finish>(plan);
+                if constexpr (requires { Resolved::phase; }) {
+                    if constexpr (Resolved::phase != wet)
+                        plan.evaluate[region3] =
+                            evaluate_block<evaluated_line<property, Resolved::phase>>;
+                }
             }
             plan.all_found = all_found;
             plan.t_high = std::min(rule.above.t, rule.above_too.t);

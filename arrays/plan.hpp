@@ -23,7 +23,7 @@ inline constexpr std::size_t padding = 8;
 using Elements = std::array<std::uint64_t, block_size / 64>;
 
 // Single phases, region 3 whole or as the backward equations of (p, h) and (p, s) divide it, before wet
-// steam below region 3.
+// steam, whose phases are below region 3 or of it.
 enum Part : std::size_t {
     region1,
     region2a,
@@ -34,6 +34,7 @@ enum Part : std::size_t {
     region3b,
     region5,
     wet,
+    wet_dense,
     outside,
     parts
 };

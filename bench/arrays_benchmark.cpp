@@ -178,7 +178,7 @@ void all_rows() {
     rows(BOTH(TOPH), {region1, region2, region3}, p, h);
     rows(BOTH(TOPS), {region1, region2, region3}, p, s);
     rows(BOTH(ETABPT), {mixed}, p, T);
-    rows(BOTH(H1BT), {line}, T, T);
+    rows(BOTH(H1BT), {line, dense}, T, T);
     std::vector<State> outside = states(mixed);
     for (State& each : outside) each.p += strata::p_high;
     row("HBPT, outside", HBPT, HBPT_array, outside, p, T);

@@ -176,14 +176,23 @@ template <class Y>
     return tsat_exact(p) + (Y::is_3a(p, y) ? -apart : apart);
 }
 
+// Whether a temperature is on its side of the line, so far that the exact line is not worth its cost.
+template <class Y, class Number>
+[[nodiscard]] VAPRIX_INLINE machine::Truth<Number> is_well_on_side(Number p, Number y,
+                                                                   Number t) noexcept {
+    constexpr double close = 1e-6;  // K
+    const auto is_liquid = Y::template Backward<Number>::is_3a(p, y);
+    return machine::select(is_liquid, Number(-1), Number(1)) * (t - tsat(p)) > close;
+}
+
 // Whether a solution is on its side of the line, as none and those of other regions are.
 template <class Y>
 [[nodiscard]] VAPRIX_INLINE bool is_on_side(const State& solved, double y) noexcept {
-    constexpr double close = 1e-6;  // distance at which the exact line is worth its cost, K
     const double p = solved.p;
     if (solved.region != Region::three || side_is_free(p)) return true;
+    if (is_well_on_side<Y>(p, y, solved.t)) return true;
     const double side = Y::is_3a(p, y) ? -1 : 1;
-    return side * (solved.t - tsat(p)) > close || side * (solved.t - t_beside_line<Y>(p, y)) >= 0;
+    return side * (solved.t - t_beside_line<Y>(p, y)) >= 0;
 }
 
 // State beside the line where no single phase on its side has p and y: the mixture of the two phases

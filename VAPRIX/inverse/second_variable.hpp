@@ -107,9 +107,13 @@ struct Enthalpy : BackwardOfPh<double> {
 
     // Phase of a dense state below the critical pressure by the basic equation that the O-family
     // then evaluates, so that the two agree next to the critical point.
-    static bool is_wet_o(double p, double h) noexcept {
-        const State ends = wet_state<Asked{.wet = true}>(p, tsat(p));
-        return single<y>(liquid_end(ends)) < h && h < single<y>(vapour_end(ends));
+    template <class Number>
+    static machine::Truth<Number> is_wet_o(Number p, Number h) noexcept {
+        const StateOf<Number> ends = wet_state<Asked{.wet = true}>(p, tsat(p));
+        const machine::Truth<Number> above_liquid = single<y>(liquid_end(ends)) < h;
+        if (machine::none(above_liquid)) return above_liquid;
+        const machine::Truth<Number> below_vapour = h < single<y>(vapour_end(ends));
+        return above_liquid & below_vapour;
     }
 
     // Which region a search along an isochore tries first, at a volume where the other cannot be:
@@ -169,7 +173,10 @@ struct Entropy : BackwardOfPs<double> {
     }
 
     // The O-family has no phase test of its own for (p, s).
-    static bool is_wet_o(double p, double s) noexcept { return p < p3sat(s); }
+    template <class Number>
+    static machine::Truth<Number> is_wet_o(Number p, Number s) noexcept {
+        return p < Backward<Number>::p3sat(s);
+    }
 
     static constexpr double wet_below = 5.2;     // s2(Ts) >= 5.21
     static constexpr double hot_above = 8.5;     // s + R ln p; s2(p, 1073.15 K) + R ln p <= 8.506

@@ -96,7 +96,8 @@ inline constexpr double estimated_zone = 1e-5;
 // Densities that coexist at t, K, for a caller who has put (t, p) on the saturation line above
 // 623.15 K; nothing is checked.
 // Notes:  within 1e-5 MPa of the critical pressure the estimates at tsat(p) stand for the solution,
-//         deliberately; at the critical pressure itself both densities are 322 kg/m3.
+//         deliberately; at the critical pressure itself both densities are 322 kg/m3. Several
+//         states at a time are never so close to it.
 template <class Number>
 [[nodiscard]] SaturatedDensities<Number> dsat3(Number t, Number p) noexcept;
 
@@ -144,12 +145,14 @@ Number d_vapour_estimate(Number t) noexcept {
 }
 
 template <class Number>
-SaturatedDensities<Number> dsat3(Number t, Number p) noexcept {
-    const Number distance = fabs(p - p_crit);
-    if (distance < critical_rounding) return {d_crit, d_crit};
-    if (distance < estimated_zone) {
-        const Number ts = tsat(p);
-        return {d_vapour_estimate(ts), d_liquid_estimate(ts)};
+SaturatedDensities<Number> dsat3(Number t, [[maybe_unused]] Number p) noexcept {
+    if constexpr (!requires { Number::lanes; }) {
+        const Number distance = fabs(p - p_crit);
+        if (distance < critical_rounding) return {d_crit, d_crit};
+        if (distance < estimated_zone) {
+            const Number ts = tsat(p);
+            return {d_vapour_estimate(ts), d_liquid_estimate(ts)};
+        }
     }
     const CoexistingDensities<Number> at(coexisting_root(t));
     return {at.template density<at.vapour>(), at.template density<at.liquid>()};

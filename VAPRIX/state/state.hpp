@@ -9,6 +9,7 @@
 #include "frame/constants.hpp"
 #include "frame/error_code.hpp"
 #include "frame/inline.hpp"
+#include "frame/machine.hpp"
 
 namespace vaprix {
 
@@ -77,26 +78,20 @@ template <class Number>
     return {.region = Region::three, .p = p, .t = t, .d = d, .v = 1 / d};
 }
 
-// Whether the phases of wet steam are of region 3; several states at a time never are.
+// Whether the phases of wet steam are of region 3: of several states at a time all or none.
 template <class Number>
-[[nodiscard]] VAPRIX_INLINE constexpr bool ends_are_dense(const StateOf<Number>& wet) noexcept {
-    if constexpr (requires { Number::lanes; }) {
-        return false;
-    } else {
-        return wet.t > T_13;
-    }
+[[nodiscard]] VAPRIX_INLINE bool ends_are_dense(const StateOf<Number>& wet) noexcept {
+    return !machine::none(wet.t > T_13);
 }
 
 // The saturated phases of wet steam.
 template <class Number>
-[[nodiscard]] VAPRIX_INLINE constexpr StateOf<Number> liquid_end(
-    const StateOf<Number>& wet) noexcept {
+[[nodiscard]] VAPRIX_INLINE StateOf<Number> liquid_end(const StateOf<Number>& wet) noexcept {
     return ends_are_dense(wet) ? dense_state(wet.p, wet.t, wet.ends.liquid)
                                : gibbs_state(Region::one, wet.p, wet.t);
 }
 template <class Number>
-[[nodiscard]] VAPRIX_INLINE constexpr StateOf<Number> vapour_end(
-    const StateOf<Number>& wet) noexcept {
+[[nodiscard]] VAPRIX_INLINE StateOf<Number> vapour_end(const StateOf<Number>& wet) noexcept {
     return ends_are_dense(wet) ? dense_state(wet.p, wet.t, wet.ends.vapour)
                                : gibbs_state(Region::two, wet.p, wet.t);
 }

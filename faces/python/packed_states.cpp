@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "block.hpp"
+#include "state/wet.hpp"
 #include "storage.hpp"
 
 namespace vaprix::arrays::states {
@@ -76,7 +77,7 @@ constexpr Evaluations regions = [] {
     all[region1] = constant<1>;
     for (const Part part : parts_of_region3) all[part] = constant<3>;
     all[region5] = constant<5>;
-    all[wet] = constant<static_cast<int>(Region::wet)>;
+    all[wet] = all[wet_dense] = constant<static_cast<int>(Region::wet)>;
     return all;
 }();
 // The density or volume of region 3, the quality of wet steam.
@@ -84,7 +85,7 @@ constexpr Evaluations thirds = [] {
     Evaluations all{};
     all.fill(constant<0>);
     for (const Part part : parts_of_region3) all[part] = third;
-    all[wet] = third;
+    all[wet] = all[wet_dense] = third;
     return all;
 }();
 
@@ -105,7 +106,10 @@ Plan solution(const Plan& plan, const Evaluations& evaluations, bool has_region3
 Resolved state_of(const Resolver& by, int region, double p, double t, double third) noexcept {
     const bool is_o = by.family == Family::O;
     State state = gibbs_state(static_cast<Region>(region), p, t);
-    if (state.region == Region::wet) state.x = third;
+    if (state.region == Region::wet) {
+        state.ends = ends_at(p, t);
+        state.x = third;
+    }
     if (state.region == Region::three) {
         state.d = is_o ? third : 1 / third;
         state.v = is_o ? 1 / third : third;
