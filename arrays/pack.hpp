@@ -9,6 +9,9 @@
 #include <immintrin.h>
 #endif
 
+#include <algorithm>
+#include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -255,29 +258,31 @@ VAPRIX_INLINE Pack<lanes> entry(const double* table, Bits<lanes> index) noexcept
     for (int lane = 0; lane < lanes; ++lane) entries.v[lane] = table[index.v[lane]];
     return entries;
 }
-template <int lanes, class Entry>
-VAPRIX_INLINE Neighbours<Pack<lanes>> entries(const Entry* table, Bits<lanes> index) noexcept {
-    static_assert(sizeof(Entry) == 4);
+// The signed integer in the lower half of each lane: with the sign bit turned it is one without a sign,
+// which counts the units of 2^52's last place, so that 2^52 + 2^31 + i is put together, not rounded.
+template <int lanes>
+VAPRIX_INLINE Pack<lanes> signed_lower_half(Bits<lanes> x) noexcept {
+    constexpr std::uint64_t turned = std::bit_cast<std::uint64_t>(0x1p52) | 0x8000'0000;
+    return number(Bits<lanes>{(x & 0xffff'ffffu).v ^ turned}) - (0x1p52 + 0x1p31);
+}
+
+template <int lanes>
+VAPRIX_INLINE Neighbours<Pack<lanes>> entries(const float* table, Bits<lanes> index) noexcept {
 #if defined(__AVX512F__)
     if constexpr (lanes == 8) {
         const __m512i both =
             _mm512_i64gather_epi64(reinterpret_cast<__m512i>(index.v), table, sizeof *table);
         const auto widened = [](__m512i lower) noexcept {
-            const __m256i four_bytes = _mm512_cvtepi64_epi32(lower);
-            if constexpr (std::is_integral_v<Entry>) {
-                return Pack<lanes>(_mm512_cvtepi32_pd(four_bytes));
-            } else {
-                return Pack<lanes>(_mm512_cvtps_pd(_mm256_castsi256_ps(four_bytes)));
-            }
+            return Pack<lanes>(_mm512_cvtps_pd(_mm256_castsi256_ps(_mm512_cvtepi64_epi32(lower))));
         };
         return {widened(both), widened(_mm512_srli_epi64(both, 32))};
     }
 #endif
     // loaded as pairs: gathering costs twice that
-    typedef Entry Entries __attribute__((vector_size(2 * sizeof(Entry))));
+    typedef float Singles __attribute__((vector_size(2 * sizeof(float))));
     typedef double Two __attribute__((vector_size(2 * sizeof(double))));
     const auto pair = [&](int lane) noexcept {
-        Entries two;
+        Singles two;
         __builtin_memcpy(&two, table + index.v[lane], sizeof two);
         return __builtin_convertvector(two, Two);
     };
@@ -288,6 +293,72 @@ VAPRIX_INLINE Neighbours<Pack<lanes>> entries(const Entry* table, Bits<lanes> in
                                        Pack<lanes>(Vector{pairs[lane][1]...})};
     };
     return sorted(std::make_integer_sequence<int, lanes>{});
+}
+
+// Two neighbouring integers of each lane, in one word of it.
+template <int lanes>
+VAPRIX_INLINE Bits<lanes> word_at(const std::int32_t* table, Bits<lanes> index) noexcept {
+    Bits<lanes> word;
+#if defined(__AVX512F__)
+    if constexpr (lanes == 8) {
+        word.v = reinterpret_cast<Bits<8>::Vector>(
+            _mm512_i64gather_epi64(reinterpret_cast<__m512i>(index.v), table, sizeof *table));
+        return word;
+    }
+#endif
+    for (int lane = 0; lane < lanes; ++lane) {
+        std::uint64_t both;
+        __builtin_memcpy(&both, table + index.v[lane], sizeof both);
+        word.v[lane] = both;
+    }
+    return word;
+}
+// The next four of these words: four lanes load theirs at once, and transpose them.
+template <int lanes>
+VAPRIX_INLINE std::array<Bits<lanes>, 4> four_words_at(const std::int32_t* table,
+                                                       Bits<lanes> index) noexcept {
+    if constexpr (lanes == 4) {
+        const auto four = [&](int lane) noexcept {
+            Bits<4>::Vector words;
+            __builtin_memcpy(&words, table + index.v[lane], sizeof words);
+            return words;
+        };
+        const auto a = four(0), b = four(1), c = four(2), d = four(3);
+        const auto even_ab = __builtin_shufflevector(a, b, 0, 4, 2, 6);
+        const auto odd_ab = __builtin_shufflevector(a, b, 1, 5, 3, 7);
+        const auto even_cd = __builtin_shufflevector(c, d, 0, 4, 2, 6);
+        const auto odd_cd = __builtin_shufflevector(c, d, 1, 5, 3, 7);
+        return {{{__builtin_shufflevector(even_ab, even_cd, 0, 1, 4, 5)},
+                 {__builtin_shufflevector(odd_ab, odd_cd, 0, 1, 4, 5)},
+                 {__builtin_shufflevector(even_ab, even_cd, 2, 3, 6, 7)},
+                 {__builtin_shufflevector(odd_ab, odd_cd, 2, 3, 6, 7)}}};
+    } else {
+        return {word_at(table, index), word_at(table, index + 2), word_at(table, index + 4),
+                word_at(table, index + 6)};
+    }
+}
+
+template <std::size_t size, int lanes>
+class EntriesOfLanes {
+    std::array<Bits<lanes>, size / 2> words;
+
+public:
+    VAPRIX_INLINE EntriesOfLanes(const std::int32_t* table, Bits<lanes> index) noexcept {
+        static_assert(size >= 8 && size % 2 == 0);
+        for (std::size_t k = 0; k < size; k += 8) {
+            const std::size_t from = std::min(k, size - 8);
+            const auto four = four_words_at(table, index + from);
+            for (std::size_t word = 0; word < 4; ++word) words[from / 2 + word] = four[word];
+        }
+    }
+    VAPRIX_INLINE Neighbours<Pack<lanes>> operator[](std::size_t k) const noexcept {
+        return {signed_lower_half(words[k / 2]), signed_lower_half(words[k / 2] >> 32)};
+    }
+};
+template <std::size_t size, int lanes>
+VAPRIX_INLINE EntriesOfLanes<size, lanes> entries_from(const std::int32_t* table,
+                                                       Bits<lanes> index) noexcept {
+    return {table, index};
 }
 
 }  // namespace machine

@@ -116,6 +116,22 @@ VAPRIX_INLINE Neighbours<double> entries(const Entry* table, std::uint64_t index
     return Neighbours<double>(table + index);
 }
 
+// The entries of a table from an index, pair by pair.
+template <std::size_t size>
+class Entries {
+    const std::int32_t* first;
+
+public:
+    VAPRIX_INLINE explicit Entries(const std::int32_t* from) noexcept : first(from) {}
+    VAPRIX_INLINE Neighbours<double> operator[](std::size_t k) const noexcept {
+        return Neighbours<double>(first + k);
+    }
+};
+template <std::size_t size>
+VAPRIX_INLINE Entries<size> entries_from(const std::int32_t* table, std::uint64_t index) noexcept {
+    return Entries<size>(table + index);
+}
+
 // The integer nearest to a number between 0 and 2^31.
 VAPRIX_INLINE std::uint64_t rounded(double x) noexcept { return bits(x + 0x1p52) & 0xffff'ffffu; }
 

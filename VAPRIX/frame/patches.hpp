@@ -79,8 +79,9 @@ template <const Patches* patches, class Number>
     const auto cell = machine::rounded(first.first() + (x_cell * y_cells + y_cell)) * patch_terms;
 
     const Number u2 = u * u, u4 = u2 * u2, w2 = w * w, w4 = w2 * w2;
-    const auto at = [cell](std::size_t i, std::size_t j) noexcept {
-        return machine::entries(grid.coefficients, cell + (patch_rows[i] + j));
+    const auto coefficients = machine::entries_from<patch_terms>(grid.coefficients, cell);
+    const auto at = [&](std::size_t i, std::size_t j) noexcept {
+        return coefficients[patch_rows[i] + j];
     };
     // sums over the powers of u, of w^j and w^(j + 1)
     const auto of_two = [&](std::size_t j) noexcept { return at(0, j) + at(1, j) * u; };
