@@ -17,6 +17,7 @@
 #include "inverse/volume_reduced.hpp"
 #include "pt/region_pt.hpp"
 #include "regions/b23.hpp"
+#include "regions/saturated_energies.hpp"
 #include "state/wet.hpp"
 
 namespace vaprix::inverse {
@@ -79,12 +80,43 @@ Point<double> start1(double v, double y) noexcept {
     const auto [p, t] = Start<Y>::in1(reduced::d1(1 / v), Start<Y>::y1(y));
     return held(p, t, T_13);
 }
+// Whether a start in the equation of region 2 is of wet steam: of saturated vapour it is within 1.6 %.
+bool is_wet_start(Point<double> start) noexcept {
+    constexpr double apart = 1.02;
+    return start.y <= T_min || (start.y < T_13 && start.x > apart * psat(start.y));
+}
 template <class Y>
 Point<double> start2(double v, double y) noexcept {
     const double d = 1 / v;
     const std::size_t part = reduced::part2(d);
     const auto [pv, t] = Start<Y>::in2[part](reduced::d2(part, d), Start<Y>::y2(d, y));
     return held(pv * d, t, T_25);
+}
+
+// Temperature of wet steam by the auxiliary equations, within 0.06 K up to 623.15 K, and the slope of
+// y there: h = alpha + v T dps/dT and s = phi + v dps/dT rise with T ever more steeply, so that
+// Newton's method comes from above, where liquid or vapour alone would have y. Of d2ps/dT2, which the
+// slope takes, ln ps is as good as linear in 1/T.
+Tangent<double> wet_estimate(bool is_h, double v, double y) noexcept {
+    constexpr int rounds = 8;
+    constexpr double close = 2;  // K, a step after which the error is that of the equations
+    const double liquid = is_h ? y / 4.17 : (65 + 7.3 * y) * y;
+    const double p_vapour = (is_h ? 1e-4 : 0.05) * y / v;
+    double t = T_min + std::max(liquid, 0.0);
+    if (p_vapour < psat_13) t = std::min(t, tsat(std::max(p_vapour, p_min)));
+    t = std::clamp(t, T_min, T_13);
+    for (int round = 0;; ++round) {
+        const auto [p, p_t] = psat_tangent(t);
+        const double p_tt = p_t * (p_t / p - 2 / t);
+        const AuxiliaryEnergies of = auxiliary_energies(t / T_crit);
+        const double phi_t = of.phi_theta / (T_crit * T_crit);
+        const double of_y = is_h ? of.alpha + 1000 * v * t * p_t : of.phi / T_crit + 1000 * v * p_t;
+        const double slope =
+            is_h ? t * phi_t + 1000 * v * (p_t + t * p_tt) : phi_t + 1000 * v * p_tt;
+        const double change = (y - of_y) / slope;
+        t = std::clamp(t + change, T_min, T_13);
+        if (fabs(change) < close || round == rounds) return {t, slope};
+    }
 }
 
 // A pair of a volume and a y. Its attempts set the state where they find one, and say whether they
@@ -155,18 +187,19 @@ struct Pair {
         return true;
     }
 
+    // What y at t misses y by.
+    [[nodiscard]] double residual(double t) const noexcept {
+        constexpr double beyond = 1e9;   // of a temperature at which v is out of range
+        constexpr double any_dense = 1;  // m3/kg: v out of range below it is too small, else large
+        const State at = of_tv<Asked{.single = true}>(t, v);
+        if (!found(at)) return v < any_dense ? beyond : -beyond;
+        return mixed<Y::y>(at) - y;
+    }
+
     // The whole isochore searched for y. Where the equations of two regions leave a gap between
     // their values of y at the boundary, the boundary answers for it; where they overlap, either
     // region.
     void search(State& state) const noexcept {
-        constexpr double beyond = 1e9;   // residual of a temperature at which v is out of range
-        constexpr double any_dense = 1;  // m3/kg: v out of range below it is too small, else large
-
-        const auto residual = [this](double t) noexcept {
-            const State at = of_tv<Asked{.single = true}>(t, v);
-            if (!found(at)) return v < any_dense ? beyond : -beyond;
-            return mixed<Y::y>(at) - y;
-        };
         const auto settle = [&](double t) noexcept { state = of_tv<Asked{.p = true}>(t, v); };
 
         const double highest = v < region1_end ? T_13 : v < region5_end ? T_25 : T_max;
@@ -178,7 +211,8 @@ struct Pair {
             return;
         }
 
-        const Residual<double> root = chandrupatla(residual, low, high, spacing);
+        const Residual<double> root =
+            chandrupatla([this](double t) noexcept { return residual(t); }, low, high, spacing);
         if (fabs(root.f) <= rounding()) return settle(root.x);
 
         // A jump, or an end of the range beside a corner, where the equations of the two regions
@@ -193,21 +227,47 @@ struct Pair {
         if (within) settle(t);
     }
 
-    // Wet steam up to 623.15 K.
-    [[nodiscard]] bool wet(State& state) const noexcept {
-        const auto residual = [this](double t) noexcept {
-            return mixed<Y::y>(wet_state_by<Asked{.wet = true}, property::v>(psat(t), t, v)) - y;
-        };
-        const Residual<double> low{T_min, residual(T_min)};
-        const Residual<double> high{T_13, residual(T_13)};
-        if (!(low.f < 0 && high.f >= -rounding())) return false;
-        const double t = high.f > 0 ? chandrupatla(residual, low, high, spacing).x : T_13;
-        const State at = of_tv<Asked{.p = true}>(t, v);
-        // or a saturated phase, which region 3 has too beside 623.15 K
+    // Whether (T, v) has wet steam, or a saturated phase, which region 3 has too beside 623.15 K. Of a
+    // quality x that no rounding makes a single phase it has.
+    [[nodiscard]] bool wet_at(double t, double x, State& state) const noexcept {
+        constexpr double mixture = 1e-6;
+        const bool is_mixture = x > mixture && x < 1 - mixture;
+        const State at = is_mixture ? State{.region = Region::wet, .p = psat(t), .t = t, .x = x}
+                                    : of_tv<Asked{.p = true}>(t, v);
         const bool saturated = t > T_13 - beside && found(at) && reproduces(at);
         if (at.region != Region::wet && !saturated) return false;
         state = at;
         return true;
+    }
+
+    // Wet steam up to 623.15 K by the secant method, from the auxiliary equations.
+    [[nodiscard]] bool wet(State& state) const noexcept {
+        constexpr int rounds = 10;
+        // K2, of a step times the one before, which the secant's error goes with
+        constexpr double settled = 1e-10;
+        auto [t, slope] = wet_estimate(std::is_same_v<Y, Enthalpy>, v, y);
+        double t_before = 0, x_before = 0, left_before = 0;
+        for (int round = 0; round < rounds; ++round) {
+            const double p = psat(t);
+            const State liquid = gibbs_state(Region::one, p, t);
+            const State vapour = gibbs_state(Region::two, p, t);
+            const double x = quality(v, single<property::v>(liquid), single<property::v>(vapour));
+            const double y_liquid = single<Y::y>(liquid);
+            const double left = y - y_liquid - x * (single<Y::y>(vapour) - y_liquid);
+            const double way = t - t_before;
+            if (way == 0) return fabs(left) <= rounding() && wet_at(t, x, state);
+            if (round > 0) slope = (left_before - left) / way;
+            const double change = left / slope;
+            const double next = std::clamp(t + change, T_min, T_13);
+            if (round > 0 && fabs(change * way) < settled) {
+                return wet_at(next, x + (x - x_before) / way * (next - t), state);
+            }
+            t_before = t;
+            x_before = x;
+            left_before = left;
+            t = next;
+        }
+        return false;
     }
 
     // The state by the region that it is likely in, without a search. As the isochore has one state
@@ -215,20 +275,21 @@ struct Pair {
     [[nodiscard]] bool guess(State& state) const noexcept {
         const auto ideal = [this](double t) noexcept { return Point<double>{R / 1000 * t / v, t}; };
         if (v >= region5_end) {
-            if (y >= Y::wet_below) {
-                const bool hot = Y::along_isobar(ideal(T_25).x, y) > Y::hot_above;
-                if (hot ? gibbs<region5>(ideal(1500), state)
-                        : gibbs<region2>(start2<Y>(v, y), state)) {
-                    return true;
+            if (y >= Y::wet_below(v)) {
+                if (Y::along_isobar(ideal(T_25).x, y) > Y::hot_above) {
+                    if (gibbs<region5>(ideal(1500), state)) return true;
+                } else {
+                    const Point<double> start = start2<Y>(v, y);
+                    if (!is_wet_start(start) && gibbs<region2>(start, state)) return true;
                 }
             }
-            return wet(state);
+        } else if (v <= hot_liquid_end || y >= Y::wet_below_13(v)) {
+            if (v > region1_end && y > Y::dense_above) {
+                if (y < Y::thin_above && dense(700, state)) return true;
+                if (gibbs<region2>(start2<Y>(v, y), state)) return true;
+            }
+            if (v < hot_liquid_end && gibbs<region1>(start1<Y>(v, y), state)) return true;
         }
-        if (v > region1_end && y > Y::dense_above) {
-            if (y < Y::thin_above && dense(700, state)) return true;
-            if (gibbs<region2>(start2<Y>(v, y), state)) return true;
-        }
-        if (v < hot_liquid_end && gibbs<region1>(start1<Y>(v, y), state)) return true;
         return wet(state);
     }
 

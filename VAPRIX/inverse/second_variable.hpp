@@ -117,7 +117,10 @@ struct Enthalpy : BackwardOfPh<double> {
     }
 
     // Which region a search along an isochore tries first, at a volume where the other cannot be:
-    static constexpr double wet_below = 2500;    // of wet steam and vapour; h2(Ts) >= 2500.89
+    // of wet steam and vapour at volumes beyond those of region 3; h2(Ts) >= 2500.89
+    static double wet_below(double /* v */) noexcept { return 2500; }
+    // of wet steam and region 3; the mixture at 623.15 K has 6.3 to 28.4 more
+    static double wet_below_13(double v) noexcept { return 1450 + 123300 * v; }
     static constexpr double hot_above = 4160;    // of regions 2 and 5; h2(p, 1073.15 K) <= 4160.66
     static constexpr double dense_above = 1553;  // of regions 1 and 3; h1(p, 623.15 K) >= 1553.9
     static constexpr double thin_above = 2813;   // of regions 2 and 3; h2(p, TB23) <= 2812.95
@@ -178,7 +181,9 @@ struct Entropy : BackwardOfPs<double> {
         return p < Backward<Number>::p3sat(s);
     }
 
-    static constexpr double wet_below = 5.2;     // s2(Ts) >= 5.21
+    // s2(Ts) is 0.007 to 0.19 more, the mixture at 623.15 K 0.015 to 0.057
+    static double wet_below(double v) noexcept { return 7.06 + 0.392 * log(v); }
+    static double wet_below_13(double v) noexcept { return 3.42 + 197 * v; }
     static constexpr double hot_above = 8.5;     // s + R ln p; s2(p, 1073.15 K) + R ln p <= 8.506
     static constexpr double dense_above = 3.39;  // s1(p, 623.15 K) >= 3.397
     static constexpr double thin_above = 5.261;  // s2(p, TB23) <= 5.2606

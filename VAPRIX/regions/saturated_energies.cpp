@@ -3,6 +3,7 @@
 
 namespace vaprix {
 
+template AuxiliaryEnergies<double> auxiliary_energies(double) noexcept;
 template WetTemperature<double> wet_temperature_estimate(double, double) noexcept;
 
 }  // namespace vaprix

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// Temperature of wet steam of (h, s) by the auxiliary equations alone: where an iteration on the
-// basic equations starts.
+// Energies of the saturation line and temperature of wet steam of (h, s) by the auxiliary equations
+// alone: where iterations on the basic equations start.
 //
 // On the saturation line h = alpha + T v dps/dT and s = phi + v dps/dT for either phase and any
 // mixture of them, so that h - T s = alpha - T phi whatever the quality.
@@ -17,6 +17,16 @@
 
 namespace vaprix {
 
+// The auxiliary energies of theta = T/Tc.
+template <class Number>
+struct AuxiliaryEnergies {
+    Number alpha;      // kJ/kg
+    Number phi;        // times Tc, kJ/kg
+    Number phi_theta;  // its slope by theta
+};
+template <class Number>
+[[nodiscard]] AuxiliaryEnergies<Number> auxiliary_energies(Number theta) noexcept;
+
 template <class Number>
 struct WetTemperature {
     Number t;    // K
@@ -29,6 +39,7 @@ struct WetTemperature {
 template <class Number>
 [[nodiscard]] WetTemperature<Number> wet_temperature_estimate(Number h, Number s) noexcept;
 
+extern template AuxiliaryEnergies<double> auxiliary_energies(double) noexcept;
 extern template WetTemperature<double> wet_temperature_estimate(double, double) noexcept;
 
 namespace detail::energies {
@@ -39,14 +50,27 @@ inline constexpr double d_alpha = n[5], d_phi = n[6];
 
 }  // namespace detail::energies
 
-// alpha = d_alpha + d1 theta^-19 + d2 theta + d3 theta^4.5 + d4 theta^5 + d5 theta^54.5, kJ/kg,
-// phi = (d_phi + 19/20 d1 theta^-20 + d2 ln theta + 9/7 d3 theta^3.5 + 5/4 d4 theta^4
-//        + 109/107 d5 theta^53.5) / Tc, kJ/(kg K), theta = T/Tc.
+// alpha = d_alpha + d1 theta^-19 + d2 theta + d3 theta^4.5 + d4 theta^5 + d5 theta^54.5,
+// phi = d_phi + 19/20 d1 theta^-20 + d2 ln theta + 9/7 d3 theta^3.5 + 5/4 d4 theta^4
+//       + 109/107 d5 theta^53.5, phi' = alpha' / theta
+template <class Number>
+AuxiliaryEnergies<Number> auxiliary_energies(Number theta) noexcept {
+    using namespace detail::energies;
+    const Number cold = d1 * power<19>(1 / theta);
+    const Number root = sqrt(theta);
+    const Number theta3 = theta * theta * theta;
+    const Number hot = d5 * power<53>(theta) * root;
+    return {d_alpha + cold + theta * (d2 + theta3 * (d3 * root + d4 * theta)) + hot * theta,
+            d_phi + 19.0 / 20 * cold / theta + d2 * log(theta) +
+                theta3 * (9.0 / 7 * d3 * root + 5.0 / 4 * d4 * theta) + 109.0 / 107 * hot,
+            ((d2 - 19 * cold / theta) + theta3 * (4.5 * d3 * root + 5 * d4 * theta) + 54.5 * hot) /
+                theta};
+}
+
 // With a = s Tc the equation is f = h - a theta - (alpha - theta phi) = 0, f' = phi - a,
-// f'' = phi' = (1/theta) alpha'.
+// f'' = phi'.
 template <class Number>
 WetTemperature<Number> wet_temperature_estimate(Number h, Number s) noexcept {
-    using namespace detail::energies;
     constexpr int rounds = 5;
     constexpr double settled = 1e-4;  // step in theta, after which the error is of third order
     constexpr double theta_min = T_min / T_crit;
@@ -56,21 +80,11 @@ WetTemperature<Number> wet_temperature_estimate(Number h, Number s) noexcept {
     Number theta = !(a > 0 && h > 0) ? theta_min : h < a ? std::max<Number>(h / a, theta_min) : 1.0;
     Number phi_theta = 0;
     for (int round = 0; round < rounds; ++round) {
-        const Number cold = d1 * power<19>(1 / theta);
-        const Number root = sqrt(theta);
-        const Number theta3 = theta * theta * theta;
-        const Number hot = d5 * power<53>(theta) * root;
-        const Number alpha =
-            d_alpha + cold + theta * (d2 + theta3 * (d3 * root + d4 * theta)) + hot * theta;
-        const Number phi = d_phi + 19.0 / 20 * cold / theta + d2 * log(theta) +
-                           theta3 * (9.0 / 7 * d3 * root + 5.0 / 4 * d4 * theta) +
-                           109.0 / 107 * hot;
-        phi_theta =
-            ((d2 - 19 * cold / theta) + theta3 * (4.5 * d3 * root + 5 * d4 * theta) + 54.5 * hot) /
-            theta;
+        const AuxiliaryEnergies<Number> at = auxiliary_energies(theta);
+        phi_theta = at.phi_theta;
         // to the root of the parabola, or, where h is beyond the liquid line, to its vertex
-        const Number f = h - a * theta - (alpha - theta * phi);
-        const Number slope = phi - a;
+        const Number f = h - a * theta - (at.alpha - theta * at.phi);
+        const Number slope = at.phi - a;
         const Number square = std::max<Number>(slope * slope - 2 * f * phi_theta, 0.0);
         const Number next =
             std::clamp<Number>(theta - (slope + sqrt(square)) / phi_theta, theta_min, 1.0);
