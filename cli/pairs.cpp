@@ -6,17 +6,37 @@
 #include <limits>
 
 #include "tables.hpp"
+#include "wet.hpp"
 
 namespace vaprix::cli {
 namespace {
 
+template <Getter of, std::size_t which>
+State wet_by(double x, double value, Family family) {
+    return wet_of_x(x, value, of, family, which);
+}
+
 constexpr Known pairs[] = {
-    {"p", "T", of_pt, nullptr},    {"p", "h", of_ph, nullptr},    {"p", "s", of_ps, nullptr},
-    {"p", "v", of_pv, cold_of_pv}, {"p", "d", of_pd, nullptr},    {"p", "x", of_px, nullptr},
-    {"T", "x", of_tx, nullptr},    {"T", "d", of_td, nullptr},    {"T", "v", of_tv, nullptr},
-    {"T", "h", of_th, next_of_th}, {"T", "s", of_ts, next_of_ts}, {"h", "s", of_hs, nullptr},
-    {"v", "h", of_vh, nullptr},    {"v", "s", of_vs, nullptr},    {"d", "h", of_dh, nullptr},
+    {"p", "T", of_pt, nullptr},
+    {"p", "h", of_ph, nullptr},
+    {"p", "s", of_ps, nullptr},
+    {"p", "v", of_pv, cold_of_pv},
+    {"p", "d", of_pd, nullptr},
+    {"p", "x", of_px, nullptr},
+    {"T", "x", of_tx, nullptr},
+    {"T", "d", of_td, nullptr},
+    {"T", "v", of_tv, nullptr},
+    {"T", "h", of_th, next_of_th},
+    {"T", "s", of_ts, next_of_ts},
+    {"h", "s", of_hs, nullptr},
+    {"v", "h", of_vh, nullptr},
+    {"v", "s", of_vs, nullptr},
+    {"d", "h", of_dh, nullptr},
     {"d", "s", of_ds, nullptr},
+    {"x", "h", wet_by<&State::h, 0>, wet_by<&State::h, 1>},
+    {"x", "s", wet_by<&State::s, 0>, wet_by<&State::s, 1>},
+    {"x", "v", wet_by<&State::v, 0>, wet_by<&State::v, 1>},
+    {"x", "d", wet_by<&State::d, 0>, wet_by<&State::d, 1>},
 };
 
 bool is_saturated(const State& state) noexcept {

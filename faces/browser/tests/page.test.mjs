@@ -182,7 +182,12 @@ test("says why there is no state, and shows no number then", async () => {
     await type("Vapour quality", "1.5");
     assert.match(await textOf("#answer"), /quality outside 0 to 1/);
     const disabled = await page.$$eval(".given select[aria-label='First variable'] option", (all) => all.filter((o) => o.disabled).map((o) => o.value));
-    assert.deepEqual(disabled, ["v", "d", "h", "s", "x"], "no pairs with the quality");
+    assert.deepEqual(disabled, ["x"], "a quality and any other variable");
+    await choose("First variable", "h");
+    await type("Vapour quality", "1");
+    await type("Specific enthalpy", "2790");
+    assert.equal((await rows()).h, "2790 kJ/kg");
+    assert.match(await textOf("#second"), /second state/, "saturated steam on both sides of its greatest enthalpy");
 });
 
 test("shows both families, wet steam with its phases, and second states", async () => {
