@@ -8,6 +8,11 @@
 // Source:   IAPWS R7-97(2012), Eq. (7) with Tables 2 to 4.
 #pragma once
 
+#include <array>
+#include <cstddef>
+#include <tuple>
+#include <utility>
+
 #include "frame/constants.hpp"
 #include "frame/guarded_math.hpp"
 #include "frame/newton.hpp"
@@ -62,15 +67,13 @@ struct Region1 {
     VAPRIX_INLINE static Derivatives<Number> derivatives(Number p, Number t) noexcept {
         const Reduced r(p, t);
         const auto [tautau, pi, pitau, pipi] =
-            evaluate<gamma_tautau, gamma_pi, gamma_pitau, gamma_pipi>(r.x(), r.y());
+            sums<gamma_tautau, gamma_pi, gamma_pitau, gamma_pipi>(r.x(), r.y());
         return from_sums(r.tau, t, tautau, pi, pitau, pipi);
     }
     VAPRIX_INLINE static DerivativesAndEntropy<Number> derivatives_and_s(Number p,
                                                                          Number t) noexcept {
         const Reduced r(p, t);
-        const auto [s, tautau, pi, pitau, pipi] =
-            evaluate<entropy, gamma_tautau, gamma_pi, gamma_pitau, gamma_pipi>(r.x(), r.y());
-        return {from_sums(r.tau, t, tautau, pi, pitau, pipi), s};
+        return {derivatives(p, t), evaluate<entropy>(r.x(), r.y())};
     }
 
     // v_pp = R T gamma_pipipi / p*^3, v_pt = R (gamma_pipi - tau gamma_pipitau) / p*^2,
@@ -78,8 +81,8 @@ struct Region1 {
     VAPRIX_INLINE static Curvatures<Number> curvatures(Number p, Number t) noexcept {
         const Reduced r(p, t);
         const auto [pipipi, pipi, pipitau, pitautau, tautau, tautautau] =
-            evaluate<gamma_pipipi, gamma_pipi, gamma_pipitau, gamma_pitautau, gamma_tautau,
-                     gamma_tautautau>(r.x(), r.y());
+            sums<gamma_pipipi, gamma_pipi, gamma_pipitau, gamma_pitautau, gamma_tautau,
+                 gamma_tautautau>(r.x(), r.y());
         const Number tau2_t = r.tau * r.tau / t;
         return {.v_pp = v_p_factor / p_star * t * pipipi,
                 .v_pt = v_p_factor * (pipi - r.tau * pipitau),
@@ -147,6 +150,79 @@ private:
         [[nodiscard]] Number x() const noexcept { return x_0 - pi; }
         [[nodiscard]] Number y() const noexcept { return tau - y_0; }
     };
+
+    // Second derivatives of gamma, and what is used with them. Of each the six terms of highest order,
+    //     x^i y^j (n21 + n23 z^2 + z^8/y (n29 + n30 z + n31 z^2 + n32 z^3)), z = x/y,
+    // are summed by z^8/y and z - 6. The cubics have nearly threefold roots near z = 6, which is
+    // saturated liquid at 620 K: by x and y terms 8000 times the sum would meet there, and even the
+    // rounding of their coefficients would show, which are taken as they are printed.
+    static constexpr int least_high_order = 18;  // of third derivatives
+    static constexpr int cubic_order = 8;
+    static constexpr int z_0 = 6;
+
+    template <auto const& P>
+    static constexpr auto low = weighted(P,
+                                         [](int I, int) { return I < least_high_order ? 1 : 0; });
+    template <auto const& P>
+    static constexpr auto high = weighted(P,
+                                          [](int I, int) { return I < least_high_order ? 0 : 1; });
+
+    // Integers of 128 bits: any rounding of these sums would be as large as that of a double.
+    // NOLINTNEXTLINE(modernize-use-using)
+    __extension__ typedef __int128 Exact;
+    static constexpr long double exact_unit = 1e-39L;
+    static constexpr long long nearest(long double x) {
+        return static_cast<long long>(x < 0 ? x - 0.5L : x + 0.5L);
+    }
+    // The 14 digits that a coefficient is printed with.
+    static constexpr Exact printed(long double n) {
+        long double digits = n / exact_unit;
+        Exact factor = 1;
+        for (; digits <= -1e14L || digits >= 1e14L; digits /= 10) factor *= 10;
+        return factor * nearest(digits);
+    }
+    // by z^8/y and z - z_0
+    template <auto const& P>
+    static constexpr auto near_z_0 = [] {
+        std::array<std::array<Exact, 4>, 2> sum{};
+        for (std::size_t k = 0; k < high<P>.size; ++k) {
+            const long double n = high<gamma>.terms[k].n;
+            const int order = high<P>.terms[k].I - high<P>.terms[0].I;
+            const int cubic = order < cubic_order ? 0 : 1;
+            Exact a = printed(n) * nearest(high<P>.terms[k].n / n);  // by the binomial theorem
+            for (int i = order - cubic * cubic_order, next = 1; i >= 0; --i, ++next) {
+                sum[static_cast<std::size_t>(cubic)][static_cast<std::size_t>(i)] += a;
+                a = a * z_0 * i / next;
+            }
+        }
+        Polynomial<7> p;
+        for (std::size_t I = 0; I < 2; ++I) {
+            for (std::size_t J = 0; J < 4; ++J) {
+                p.add(static_cast<int>(I), static_cast<int>(J),
+                      static_cast<long double>(sum[I][J]) * exact_unit);
+            }
+        }
+        return p;
+    }();
+    // monomials in z and y
+    static constexpr Polynomial<1> cubic_factor{{{{cubic_order, -1, 1}}}, 1};
+    template <auto const& P>
+    static constexpr Polynomial<1> high_factor{
+        {{{high<P>.terms[0].I, high<P>.terms[0].I + high<P>.terms[0].J, 1}}}, 1};
+
+    template <auto const&... P>
+    VAPRIX_INLINE static auto sums(Number x, Number y) noexcept {
+        const WithReciprocal<Number> with_y{y, 1 / y};
+        const Number z = x * with_y.reciprocal;
+        const auto lows = evaluate<low<P>...>(WithReciprocal<Number>{x, {}}, with_y);
+        const auto factors =
+            evaluate<cubic_factor, high_factor<P>...>(WithReciprocal<Number>{z, {}}, with_y);
+        const auto highs = evaluate<near_z_0<P>...>(std::get<0>(factors), z - z_0);
+        const auto add = [&]<std::size_t... k>(std::index_sequence<k...>) {
+            return std::tuple{std::get<k>(lows) + std::get<k + 1>(factors) * std::get<k>(highs)...};
+        };
+        return add(std::make_index_sequence<sizeof...(P)>{});
+    }
 
     VAPRIX_INLINE static Derivatives<Number> from_sums(Number tau, Number t, Number tautau,
                                                        Number pi, Number pitau,
@@ -217,7 +293,7 @@ template <class Number>
 Number Region1<Number>::w(Number p, Number t) noexcept {
     const Reduced r(p, t);
     const auto [tautau, pi, pitau, pipi] =
-        evaluate<gamma_tautau, gamma_pi, gamma_pitau, gamma_pipi>(r.x(), r.y());
+        sums<gamma_tautau, gamma_pi, gamma_pitau, gamma_pipi>(r.x(), r.y());
     const Number a = pi - r.tau * pitau;
     return fabs(pi) * signed_sqrt(1000 * R * t / (a * a / (r.tau * r.tau * tautau) - pipi));
 }
