@@ -4,6 +4,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 
 #include "basic_equations.hpp"
@@ -16,8 +17,15 @@ struct Known : State {
     Quad given, v_t = State::v_t(), h_p = 1000 * (v() - t * v_t);
     Known(int number, Quad p_or_d, Quad temperature, Quad pressure)
         : State(number, p_or_d, temperature), region(number), given(pressure) {}
-    Quad eta() const { return published::viscosity(t, d()); }
-    Quad lambda() const { return published::conductivity(t, d()); }
+    Quad eta() const { return once(eta_, published::viscosity<Quad>); }
+    Quad lambda() const { return once(lambda_, published::conductivity<Quad>); }
+
+private:
+    Quad once(std::optional<Quad>& known, Quad (*of)(Quad t, Quad d)) const {
+        if (!known) known = of(t, d());
+        return *known;
+    }
+    mutable std::optional<Quad> eta_, lambda_;
 };
 
 // Ideal gas: the limit of low pressure, whose residual part is below the last digit.

@@ -15,9 +15,45 @@
 
 namespace published {
 
+// An exponent of a term, mostly a whole number.
+template <class N>
+struct Exponent {
+    N exact;
+    int whole = static_cast<int>(exact);
+    bool fractional = N(whole) != exact;
+    Exponent(N e) : exact(e) {}
+};
 template <class N>
 struct Term {
-    N i, j, n;
+    Exponent<N> i, j;
+    N n;
+};
+
+// The powers of a number: whole ones of one multiplication each, when they are first needed.
+template <class N>
+class Powers {
+public:
+    explicit Powers(N base) : x_(base) {}
+    N operator()(const Exponent<N>& e, int less) {
+        const int n = e.whole - less;
+        if (e.fractional) return power(x_, e.exact - less);
+        return n < 0 ? inverse_.to(static_cast<std::size_t>(-n), [this] { return 1 / x_; })
+                     : positive_.to(static_cast<std::size_t>(n), [this] { return x_; });
+    }
+
+private:
+    struct Sequence {
+        std::array<N, 64> known{1};
+        std::size_t last = 0;
+        template <class Base>
+        N to(std::size_t n, const Base& base) {
+            if (last == 0 && n > 0) known[++last] = base();
+            for (; last < n; ++last) known.at(last + 1) = known[last] * known[1];
+            return known[n];
+        }
+    };
+    N x_;
+    Sequence positive_, inverse_;
 };
 
 template <class N>
@@ -27,18 +63,23 @@ struct Sum {
 
 // d^(di+dj)/dx^di dy^dj of sum n x^i y^j.
 template <class N>
-Sum<N> sum(const std::vector<Term<N>>& terms, N x, N y, int di = 0, int dj = 0) {
+Sum<N> sum(const std::vector<Term<N>>& terms, Powers<N>& x, Powers<N>& y, int di = 0, int dj = 0) {
     Sum<N> total;
     for (const Term<N>& term : terms) {
         N n = term.n;
-        for (int k = 0; k < di; ++k) n *= term.i - k;
-        for (int k = 0; k < dj; ++k) n *= term.j - k;
+        for (int k = 0; k < di; ++k) n *= term.i.exact - k;
+        for (int k = 0; k < dj; ++k) n *= term.j.exact - k;
         if (n == 0) continue;
-        const N add = n * power(x, term.i - di) * power(y, term.j - dj);
+        const N add = n * x(term.i, di) * y(term.j, dj);
         total.value += add;
         total.size += magnitude(add);
     }
     return total;
+}
+template <class N>
+Sum<N> sum(const std::vector<Term<N>>& terms, N x, N y, int di = 0, int dj = 0) {
+    Powers<N> of_x(x), of_y(y);
+    return sum(terms, of_x, of_y, di, dj);
 }
 
 // The terms of a table: with exponents I and J, or with neither, which means powers 0, 1, 2 ... of
@@ -427,14 +468,15 @@ private:
         Sum<N>& total = sums_[index];
         if (known_[index]) return total;
         known_[index] = true;
-        const auto add = [&](const Equation<N>& equation) {
-            const Sum<N> part =
-                sum(equation.terms, equation.x({given_, t}), equation.y({given_, t}), i, j);
+        const auto add = [&](const Equation<N>& equation, const Sum<N>& part) {
             total.value += (i == 1 ? equation.x.sign : N(1)) * part.value;
             total.size += part.size;
         };
-        add(*of_.residual);
-        if (of_.ideal != nullptr) add(*of_.ideal);
+        const auto at = [this](const Variable<N>& of) { return of({given_, t}); };
+        if (x_.empty()) x_.emplace_back(at(of_.residual->x)), x_.emplace_back(at(of_.residual->y));
+        add(*of_.residual, sum(of_.residual->terms, x_[0], x_[1], i, j));
+        if (const auto* ideal = of_.ideal)
+            add(*ideal, sum(ideal->terms, at(ideal->x), at(ideal->y), i, j));
         if (of_.logarithm != 0 && j == 0)
             total.value += of_.logarithm * (i == 0   ? logarithm(a_)
                                             : i == 1 ? 1 / a_
@@ -446,6 +488,7 @@ private:
     N given_;  // p, in region 3 d
     const Basic& of_;
     N a_, tau_;
+    mutable std::vector<Powers<N>> x_;
     mutable std::array<Sum<N>, 9> sums_{};
     mutable std::array<bool, 9> known_{};
 };

@@ -50,8 +50,9 @@ struct Wanted {
 };
 Wanted of_size(Quad value) { return {value, reference::magnitude(value)}; }
 
-// The single phases of a sample, whose sums are evaluated once.
+// The single phases of a sample, whose sums are evaluated once, and the coexisting densities.
 thread_local std::map<std::tuple<int, double, double, double>, Known> phases;
+thread_local std::map<double, reference::Coexistence> coexisting;
 const Known& phase(const vaprix::State& at) {
     const int region = static_cast<int>(at.region);
     const double first = at.region == Region::three ? at.d : at.p;
@@ -88,8 +89,12 @@ Quad t_backward(int region, bool of_s, Quad p, Quad y) {
 // A saturated density of region 3; closer to the critical point it is an estimate.
 std::optional<Wanted> saturated_density(const vaprix::State& at) {
     if (at.t > T_crit - 4e-5) return {};
-    const auto start = dsat3(at.t, at.p);
-    const auto exact = reference::coexistence3(at.t, start.vapour, start.liquid);
+    const auto [found, is_new] = coexisting.try_emplace(at.t);
+    auto& exact = found->second;
+    if (is_new) {
+        const auto start = dsat3(at.t, at.p);
+        exact = reference::coexistence3(at.t, start.vapour, start.liquid);
+    }
     return of_size(at.d > d_crit ? exact.liquid : exact.vapour);
 }
 
@@ -218,7 +223,7 @@ void measure(const strata::State& sampled, strata::Random& random, Statement& st
             statement[{function.name, label(region, at[bound::T])}].add(wanted, value, unknown,
                                                                         function, at);
     }
-    phases.clear();
+    phases.clear(), coexisting.clear();
     std::array<std::optional<vaprix::State>, std::size(resolvers)> states;
     for (const Row& row : rows) {
         const bound::Export& function = bound::find(row.name);
