@@ -133,10 +133,10 @@ Resolved of_hs(double h, double s, Family family) noexcept {
 }
 
 Resolved of_vh(double v, double h, Family /* family */) noexcept {
-    return of_volume(solve_vy<Enthalpy>(v, h), v, 1 / v);
+    return of_volume(of_vy<Enthalpy, everything>(v, h), v, 1 / v);
 }
 Resolved of_vs(double v, double s, Family /* family */) noexcept {
-    return of_volume(solve_vy<Entropy>(v, s), v, 1 / v);
+    return of_volume(of_vy<Entropy, everything>(v, s), v, 1 / v);
 }
 Resolved of_dh(double d, double h, Family /* family */) noexcept {
     return of_volume(of_dy<Enthalpy, everything>(d, h), 1 / d, d);

@@ -22,11 +22,7 @@ namespace vaprix::inverse {
 
 template <Asked asked>
 [[nodiscard]] State of_pv(double p, double v) noexcept {
-    State state = solve_pv(p, v);
-    if constexpr (asked.wet) {
-        if (state.region == Region::wet) state.x = quality<property::v>(state, v);
-    }
-    return state;
+    return with_quality<asked, property::v>(solve_pv(p, v), v);
 }
 
 template <Asked>

@@ -6,6 +6,8 @@
 #include "inverse/of_vy.hpp"
 
 #include <algorithm>
+#include <bit>
+#include <cstddef>
 
 #include "frame/bracketed_newton.hpp"
 #include "frame/chandrupatla.hpp"
@@ -14,10 +16,10 @@
 #include "inverse/of_tv.hpp"
 #include "inverse/second_variable.hpp"
 #include "inverse/tables/volume_start.hpp"
+#include "inverse/tables/wet_isochores.hpp"
 #include "inverse/volume_reduced.hpp"
 #include "pt/region_pt.hpp"
 #include "regions/b23.hpp"
-#include "regions/saturated_energies.hpp"
 #include "state/wet.hpp"
 
 namespace vaprix::inverse {
@@ -58,6 +60,7 @@ template <>
 struct Start<Enthalpy> {
     static double y1(double h) noexcept { return reduced::h1(h); }
     static double y2(double /* d */, double h) noexcept { return reduced::h2(h); }
+    static constexpr const auto& wet = tables::wet_h;
     static constexpr auto in1 = start_of<tables::p1_start_h, tables::t1_start_h>;
     static constexpr decltype(in1) in2[] = {start_of<tables::pv2_start_h0, tables::t2_start_h0>,
                                             start_of<tables::pv2_start_h1, tables::t2_start_h1>,
@@ -67,6 +70,7 @@ template <>
 struct Start<Entropy> {
     static double y1(double s) noexcept { return reduced::s1(s); }
     static double y2(double d, double s) noexcept { return reduced::s2(s + R * log(d)); }
+    static constexpr const auto& wet = tables::wet_s;
     static constexpr auto in1 = start_of<tables::p1_start_s, tables::t1_start_s>;
     static constexpr decltype(in1) in2[] = {start_of<tables::pv2_start_s0, tables::t2_start_s0>,
                                             start_of<tables::pv2_start_s1, tables::t2_start_s1>,
@@ -93,30 +97,39 @@ Point<double> start2(double v, double y) noexcept {
     return held(pv * d, t, T_25);
 }
 
-// Temperature of wet steam by the auxiliary equations, within 0.06 K up to 623.15 K, and the slope of
-// y there: h = alpha + v T dps/dT and s = phi + v dps/dT rise with T ever more steeply, so that
-// Newton's method comes from above, where liquid or vapour alone would have y. Of d2ps/dT2, which the
-// slope takes, ln ps is as good as linear in 1/T.
-Tangent<double> wet_estimate(bool is_h, double v, double y) noexcept {
-    constexpr int rounds = 8;
-    constexpr double close = 2;  // K, a step after which the error is that of the equations
-    const double liquid = is_h ? y / 4.17 : (65 + 7.3 * y) * y;
-    const double p_vapour = (is_h ? 1e-4 : 0.05) * y / v;
-    double t = T_min + std::max(liquid, 0.0);
-    if (p_vapour < psat_13) t = std::min(t, tsat(std::max(p_vapour, p_min)));
-    t = std::clamp(t, T_min, T_13);
-    for (int round = 0;; ++round) {
-        const auto [p, p_t] = psat_tangent(t);
-        const double p_tt = p_t * (p_t / p - 2 / t);
-        const AuxiliaryEnergies of = auxiliary_energies(t / T_crit);
-        const double phi_t = of.phi_theta / (T_crit * T_crit);
-        const double of_y = is_h ? of.alpha + 1000 * v * t * p_t : of.phi / T_crit + 1000 * v * p_t;
-        const double slope =
-            is_h ? t * phi_t + 1000 * v * (p_t + t * p_tt) : phi_t + 1000 * v * p_tt;
-        const double change = (y - of_y) / slope;
-        t = std::clamp(t + change, T_min, T_13);
-        if (fabs(change) < close || round == rounds) return {t, slope};
+// Temperature of wet steam by the fits of the lines that y is over the volume at one temperature, and
+// the slope of y there.
+struct WetStart {
+    double t, slope;
+};
+template <std::size_t parts>
+WetStart wet_start(const tables::WetIsochores (&wet)[parts], double v, double y) noexcept {
+    static_assert(std::has_single_bit(parts));
+    constexpr double width = (T_13 - T_min) / parts;
+    const tables::WetIsochores* part = wet;
+    for (std::size_t half = parts / 2; half > 0; half /= 2) {
+        const tables::WetIsochores* const upper = part + half;
+        part = upper->a + v * upper->b <= y ? upper : part;
     }
+    const double left = y - (part->a + v * part->b);
+    double c[6];
+    for (std::size_t k = 0; k < 6; ++k)
+        c[k] = static_cast<double>(part->a_u[k]) + v * static_cast<double>(part->b_u[k]);
+
+    // by the parabola of the slope at the low end, through both ends
+    const double rise = (c[0] + c[1]) + (c[2] + c[3]) + (c[4] + c[5]);
+    const double within = std::clamp(left, 0.0, rise);
+    const double u = 2 * within / (c[0] + sqrt(c[0] * c[0] + 4 * (rise - c[0]) * within));
+    // Halley's step
+    const double value = u * (c[0] + u * (c[1] + u * (c[2] + u * (c[3] + u * (c[4] + u * c[5])))));
+    const double slope =
+        c[0] + u * (2 * c[1] + u * (3 * c[2] + u * (4 * c[3] + u * (5 * c[4] + u * 6 * c[5]))));
+    const double bend =
+        c[1] + u * (3 * c[2] + u * (6 * c[3] + u * (10 * c[4] + u * 15 * c[5])));  // half of it
+    const double newton = (left - value) / slope;
+    const double change = newton / (1 + newton * bend / slope);
+    const double t = T_min + width * (static_cast<double>(part - wet) + u + change);
+    return {t, (slope + 2 * bend * change) / width};
 }
 
 // A pair of a volume and a y. Its attempts set the state where they find one, and say whether they
@@ -227,47 +240,36 @@ struct Pair {
         if (within) settle(t);
     }
 
-    // Whether (T, v) has wet steam, or a saturated phase, which region 3 has too beside 623.15 K. Of a
-    // quality x that no rounding makes a single phase it has.
+    // Whether (T, v) has wet steam, or a saturated phase, which region 3 has too beside 623.15 K, and of
+    // which (p, T) has none where the line lies below p_min. Of a quality x that no rounding makes a
+    // single phase it has.
     [[nodiscard]] bool wet_at(double t, double x, State& state) const noexcept {
         constexpr double mixture = 1e-6;
+        constexpr double below_p_min = 5e-7;  // K
         const bool is_mixture = x > mixture && x < 1 - mixture;
         const State at = is_mixture ? State{.region = Region::wet, .p = psat(t), .t = t, .x = x}
                                     : of_tv<Asked{.p = true}>(t, v);
-        const bool saturated = t > T_13 - beside && found(at) && reproduces(at);
+        const bool at_end = t > T_13 - beside || t < T_min + below_p_min;
+        const bool saturated = at_end && found(at) && reproduces(at);
         if (at.region != Region::wet && !saturated) return false;
         state = at;
         return true;
     }
 
-    // Wet steam up to 623.15 K by the secant method, from the auxiliary equations.
+    // Wet steam up to 623.15 K, whose start is so close that one evaluation corrects it to rounding.
     [[nodiscard]] bool wet(State& state) const noexcept {
-        constexpr int rounds = 10;
-        // K2, of a step times the one before, which the secant's error goes with
-        constexpr double settled = 1e-10;
-        auto [t, slope] = wet_estimate(std::is_same_v<Y, Enthalpy>, v, y);
-        double t_before = 0, x_before = 0, left_before = 0;
-        for (int round = 0; round < rounds; ++round) {
-            const double p = psat(t);
-            const State liquid = gibbs_state(Region::one, p, t);
-            const State vapour = gibbs_state(Region::two, p, t);
-            const double x = quality(v, single<property::v>(liquid), single<property::v>(vapour));
-            const double y_liquid = single<Y::y>(liquid);
-            const double left = y - y_liquid - x * (single<Y::y>(vapour) - y_liquid);
-            const double way = t - t_before;
-            if (way == 0) return fabs(left) <= rounding() && wet_at(t, x, state);
-            if (round > 0) slope = (left_before - left) / way;
-            const double change = left / slope;
-            const double next = std::clamp(t + change, T_min, T_13);
-            if (round > 0 && fabs(change * way) < settled) {
-                return wet_at(next, x + (x - x_before) / way * (next - t), state);
-            }
-            t_before = t;
-            x_before = x;
-            left_before = left;
-            t = next;
-        }
-        return false;
+        constexpr double last_step = 1e-6;  // K
+        const WetStart start = wet_start(Start<Y>::wet, v, y);
+        const double t = std::clamp(start.t, T_min, T_13);
+        const double p = psat(t);
+        const Point<double> liquid = Y::template with_v<region1>(p, t);
+        const Point<double> vapour = Y::template with_v<region2>(p, t);
+        const double x = quality(v, liquid.x, vapour.x);
+        const double left = y - liquid.y - x * (vapour.y - liquid.y);
+        const double change = left / start.slope;
+        const double next = std::clamp(t + change, T_min, T_13);
+        if (next != t + change) return fabs(left) <= rounding() && wet_at(next, x, state);
+        return fabs(change) < last_step && wet_at(next, x, state);
     }
 
     // The state by the region that it is likely in, without a search. As the isochore has one state

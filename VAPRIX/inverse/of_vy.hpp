@@ -12,20 +12,22 @@
 
 #include "inverse/second_variable.hpp"
 #include "inverse/volume_limits.hpp"
-#include "state/state.hpp"
+#include "state/wet.hpp"
 
 namespace vaprix::inverse {
 
-// Y is Enthalpy or Entropy.
+// Y is Enthalpy or Entropy. The quality of wet steam is left open.
 template <class Y>
 [[nodiscard]] State solve_vy(double v, double y) noexcept;
 
-template <class Y, Asked>
-inline constexpr auto of_vy = solve_vy<Y>;
+template <class Y, Asked asked>
+[[nodiscard]] State of_vy(double v, double y) noexcept {
+    return with_quality<asked, property::v>(solve_vy<Y>(v, y), v);
+}
 
-template <class Y, Asked>
+template <class Y, Asked asked>
 [[nodiscard]] State of_dy(double d, double y) noexcept {
-    return is_density(d) ? solve_vy<Y>(1 / d, y) : outside;
+    return is_density(d) ? of_vy<Y, asked>(1 / d, y) : outside;
 }
 
 }  // namespace vaprix::inverse

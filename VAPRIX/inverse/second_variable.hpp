@@ -131,6 +131,8 @@ struct Enthalpy : BackwardOfPh<double> {
     }
 
     template <class Equation>
+    static constexpr auto with_v = Equation::vh;
+    template <class Equation>
     static constexpr auto tangent = Equation::h_tangent_t;
     template <class Equation>
     static constexpr auto value = Equation::h;
@@ -193,6 +195,8 @@ struct Entropy : BackwardOfPs<double> {
         return -1000 * v_t;
     }
 
+    template <class Equation>
+    static constexpr auto with_v = Equation::vs;
     template <class Equation>
     static constexpr auto tangent = Equation::s_plus_r_ln_p_tangent_t;
     template <class Equation>

@@ -43,6 +43,10 @@ struct Region1 {
     // h and s with their slopes by pressure and by temperature, from shared sums.
     [[nodiscard]] static TangentPair<Number> hs_tangents(Number p, Number t) noexcept;
 
+    // v and h, v and s, from shared powers.
+    [[nodiscard]] static Point<Number> vh(Number p, Number t) noexcept;
+    [[nodiscard]] static Point<Number> vs(Number p, Number t) noexcept;
+
     // v with its slope in p along the isotherm, from shared powers.
     [[nodiscard]] static Tangent<Number> v_tangent_p(Number p, Number t) noexcept;
 
@@ -301,6 +305,20 @@ Number Region1<Number>::w(Number p, Number t) noexcept {
 template <class Number>
 Number Region1<Number>::v_t(Number p, Number t) noexcept {
     return derivatives(p, t).v_t;
+}
+
+template <class Number>
+Point<Number> Region1<Number>::vh(Number p, Number t) noexcept {
+    const Reduced r(p, t);
+    const auto [v_over_t, h] = evaluate<volume_over_t, enthalpy>(r.x(), r.y());
+    return {t * v_over_t, h};
+}
+
+template <class Number>
+Point<Number> Region1<Number>::vs(Number p, Number t) noexcept {
+    const Reduced r(p, t);
+    const auto [v_over_t, s] = evaluate<volume_over_t, entropy>(r.x(), r.y());
+    return {t * v_over_t, s};
 }
 
 template <class Number>

@@ -40,6 +40,10 @@ public:
     // h and s with their slopes by pressure and by temperature, from shared sums.
     [[nodiscard]] static TangentPair<Number> hs_tangents(Number p, Number t) noexcept;
 
+    // v and h, v and s, from shared powers.
+    [[nodiscard]] static Point<Number> vh(Number p, Number t) noexcept;
+    [[nodiscard]] static Point<Number> vs(Number p, Number t) noexcept;
+
     // v with its slope in p along the isotherm, from shared powers.
     [[nodiscard]] static Tangent<Number> v_tangent_p(Number p, Number t) noexcept;
 
@@ -230,6 +234,22 @@ Number Vapour<Equation, Number>::cp(Number p, Number t) noexcept {
     const Number tau = Equation::T_star / t;
     return -R *
            (ideal<tautau0>(tau, t) + tau * tau * evaluate<gamma_tautau>(p, tau - Equation::shift));
+}
+
+template <class Equation, class Number>
+Point<Number> Vapour<Equation, Number>::vh(Number p, Number t) noexcept {
+    const Number tau = Equation::T_star / t;
+    const auto [pi, h] = evaluate<gamma_pi, enthalpy>(p, tau - Equation::shift);
+    return {v_factor * t * (1 / p + pi),
+            ideal<enthalpy0>(tau, t, Equation::T_star_reciprocal_h) + h};
+}
+
+template <class Equation, class Number>
+Point<Number> Vapour<Equation, Number>::vs(Number p, Number t) noexcept {
+    const Number r_ln_p = R * guarded_log(p);
+    const Number tau = Equation::T_star / t;
+    const auto [pi, s] = evaluate<gamma_pi, entropy>(p, tau - Equation::shift);
+    return {v_factor * t * (1 / p + pi), ideal<entropy0>(tau, t) + s - r_ln_p};
 }
 
 template <class Equation, class Number>

@@ -25,6 +25,16 @@ template <Asked asked, class Number>
     return state;
 }
 
+// A state with the quality at which it has the value of a property, if it is wet steam.
+template <Asked asked, const auto& property, class Number>
+[[nodiscard]] VAPRIX_INLINE StateOf<Number> with_quality(StateOf<Number> state,
+                                                         Number value) noexcept {
+    if constexpr (asked.wet) {
+        if (state.region == Region::wet) state.x = quality<property>(state, value);
+    }
+    return state;
+}
+
 // Wet steam of which a property has the given value.
 template <Asked asked, const auto& property, class Number>
 [[nodiscard]] VAPRIX_INLINE StateOf<Number> wet_state_by(Number p, Number t,
