@@ -259,11 +259,12 @@ VAPRIX_INLINE Pack<lanes> entry(const double* table, Bits<lanes> index) noexcept
     return entries;
 }
 // The signed integer in the lower half of each lane: with the sign bit turned it is one without a sign,
-// which counts the units of 2^52's last place, so that 2^52 + 2^31 + i is put together, not rounded.
-template <int lanes>
+// which counts the units of 2^52's last place, so that 2^52 + 2^31 + i is put together, not rounded. Of
+// 16 bits it is the upper ones.
+template <std::uint64_t of = 0xffff'ffff, int lanes>
 VAPRIX_INLINE Pack<lanes> signed_lower_half(Bits<lanes> x) noexcept {
     constexpr std::uint64_t turned = std::bit_cast<std::uint64_t>(0x1p52) | 0x8000'0000;
-    return number(Bits<lanes>{(x & 0xffff'ffffu).v ^ turned}) - (0x1p52 + 0x1p31);
+    return number(Bits<lanes>{(x & of).v ^ turned}) - (0x1p52 + 0x1p31);
 }
 
 template <int lanes>
@@ -295,32 +296,35 @@ VAPRIX_INLINE Neighbours<Pack<lanes>> entries(const float* table, Bits<lanes> in
     return sorted(std::make_integer_sequence<int, lanes>{});
 }
 
-// Two neighbouring integers of each lane, in one word of it.
+// A word of each lane, from an index of words.
 template <int lanes>
-VAPRIX_INLINE Bits<lanes> word_at(const std::int32_t* table, Bits<lanes> index) noexcept {
+VAPRIX_INLINE Bits<lanes> word_at(const void* table, Bits<lanes> index) noexcept {
     Bits<lanes> word;
 #if defined(__AVX512F__)
     if constexpr (lanes == 8) {
         word.v = reinterpret_cast<Bits<8>::Vector>(
-            _mm512_i64gather_epi64(reinterpret_cast<__m512i>(index.v), table, sizeof *table));
+            _mm512_i64gather_epi64(reinterpret_cast<__m512i>(index.v), table, sizeof word.v[0]));
         return word;
     }
 #endif
     for (int lane = 0; lane < lanes; ++lane) {
-        std::uint64_t both;
-        __builtin_memcpy(&both, table + index.v[lane], sizeof both);
-        word.v[lane] = both;
+        std::uint64_t one;
+        __builtin_memcpy(&one, static_cast<const char*>(table) + index.v[lane] * sizeof one,
+                         sizeof one);
+        word.v[lane] = one;
     }
     return word;
 }
-// The next four of these words: four lanes load theirs at once, and transpose them.
+// The next four of them: four lanes load theirs at once, and transpose them.
 template <int lanes>
-VAPRIX_INLINE std::array<Bits<lanes>, 4> four_words_at(const std::int32_t* table,
+VAPRIX_INLINE std::array<Bits<lanes>, 4> four_words_at(const void* table,
                                                        Bits<lanes> index) noexcept {
     if constexpr (lanes == 4) {
         const auto four = [&](int lane) noexcept {
             Bits<4>::Vector words;
-            __builtin_memcpy(&words, table + index.v[lane], sizeof words);
+            __builtin_memcpy(
+                &words, static_cast<const char*>(table) + index.v[lane] * sizeof(std::uint64_t),
+                sizeof words);
             return words;
         };
         const auto a = four(0), b = four(1), c = four(2), d = four(3);
@@ -333,32 +337,41 @@ VAPRIX_INLINE std::array<Bits<lanes>, 4> four_words_at(const std::int32_t* table
                  {__builtin_shufflevector(even_ab, even_cd, 2, 3, 6, 7)},
                  {__builtin_shufflevector(odd_ab, odd_cd, 2, 3, 6, 7)}}};
     } else {
-        return {word_at(table, index), word_at(table, index + 2), word_at(table, index + 4),
-                word_at(table, index + 6)};
+        return {word_at(table, index), word_at(table, index + 1), word_at(table, index + 2),
+                word_at(table, index + 3)};
     }
 }
 
-template <std::size_t size, int lanes>
-class EntriesOfLanes {
-    std::array<Bits<lanes>, size / 2> words;
+// Two words of each lane hold four integers of 32 bits, one holds four of 16.
+template <std::size_t wide, std::size_t narrow, int lanes>
+class QuadsOfLanes {
+    static constexpr std::size_t size = 2 * wide + narrow;
+    std::array<Bits<lanes>, size> words;
 
 public:
-    VAPRIX_INLINE EntriesOfLanes(const std::int32_t* table, Bits<lanes> index) noexcept {
-        static_assert(size >= 8 && size % 2 == 0);
-        for (std::size_t k = 0; k < size; k += 8) {
-            const std::size_t from = std::min(k, size - 8);
-            const auto four = four_words_at(table, index + from);
-            for (std::size_t word = 0; word < 4; ++word) words[from / 2 + word] = four[word];
+    VAPRIX_INLINE QuadsOfLanes(const QuadRow<wide, narrow>* rows, Bits<lanes> index) noexcept {
+        static_assert(sizeof *rows == size * sizeof(std::uint64_t) && size % 4 == 0);
+        for (std::size_t from = 0; from < size; from += 4) {
+            const auto four = four_words_at(rows, index * size + from);
+            for (std::size_t k = 0; k < 4; ++k) words[from + k] = four[k];
         }
     }
-    VAPRIX_INLINE Neighbours<Pack<lanes>> operator[](std::size_t k) const noexcept {
-        return {signed_lower_half(words[k / 2]), signed_lower_half(words[k / 2] >> 32)};
+    VAPRIX_INLINE Quad<Pack<lanes>> operator[](std::size_t k) const noexcept {
+        if (k < wide) {
+            const Bits<lanes> first = words[2 * k], second = words[2 * k + 1];
+            return {{signed_lower_half(first), signed_lower_half(first >> 32)},
+                    {signed_lower_half(second), signed_lower_half(second >> 32)}};
+        }
+        constexpr std::uint64_t upper = 0xffff'0000;
+        const Bits<lanes> four = words[wide + k];
+        return {{signed_lower_half<upper>(four << 16), signed_lower_half<upper>(four)},
+                {signed_lower_half<upper>(four >> 16), signed_lower_half<upper>(four >> 32)}};
     }
 };
-template <std::size_t size, int lanes>
-VAPRIX_INLINE EntriesOfLanes<size, lanes> entries_from(const std::int32_t* table,
-                                                       Bits<lanes> index) noexcept {
-    return {table, index};
+template <std::size_t wide, std::size_t narrow, int lanes>
+VAPRIX_INLINE QuadsOfLanes<wide, narrow, lanes> quads_at(const QuadRow<wide, narrow>* rows,
+                                                         Bits<lanes> index) noexcept {
+    return {rows, index};
 }
 
 }  // namespace machine

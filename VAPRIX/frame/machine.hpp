@@ -86,12 +86,6 @@ public:
     VAPRIX_INLINE Neighbours(double first, double second) noexcept : two{first, second} {}
     template <class Entry>
     VAPRIX_INLINE explicit Neighbours(const Entry* table) noexcept {
-#if defined(__SSE2__)
-        if constexpr (std::is_same_v<Entry, std::int32_t>) {  // which g++ 12 takes one by one
-            two = _mm_cvtepi32_pd(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(table)));
-            return;
-        }
-#endif
         // g++ 12 gives an alias of a dependent type no such attribute
         // NOLINTNEXTLINE(modernize-use-using)
         typedef Entry Entries __attribute__((vector_size(2 * sizeof(Entry))));
@@ -99,6 +93,10 @@ public:
         __builtin_memcpy(&entries, table, sizeof entries);
         two = __builtin_convertvector(entries, Two);
     }
+#if defined(__SSE2__)
+    VAPRIX_INLINE explicit Neighbours(__m128i integers) noexcept
+        : two(_mm_cvtepi32_pd(integers)) {}  // which g++ 12 takes one by one
+#endif
     [[nodiscard]] VAPRIX_INLINE double first() const noexcept { return two[0]; }
     [[nodiscard]] VAPRIX_INLINE double second() const noexcept { return two[1]; }
 
@@ -116,20 +114,56 @@ VAPRIX_INLINE Neighbours<double> entries(const Entry* table, std::uint64_t index
     return Neighbours<double>(table + index);
 }
 
-// The entries of a table from an index, pair by pair.
-template <std::size_t size>
-class Entries {
-    const std::int32_t* first;
+// A row of a table of integers, by fours: those of 32 bits, then those of 16.
+template <std::size_t wide, std::size_t narrow>
+struct alignas(16) QuadRow {
+    std::int32_t of_32[4 * wide];
+    std::int16_t of_16[4 * narrow];
+};
+
+// Four numbers as two pairs.
+template <class Number>
+struct Quad {
+    Neighbours<Number> first, second;
+};
+
+// What a number of 16 bits is multiplied by when it is read: they are the upper ones of 32.
+inline constexpr double narrow_factor = 0x1p16;
+
+template <std::size_t wide, std::size_t narrow>
+class Quads {
+    const QuadRow<wide, narrow>& row;
 
 public:
-    VAPRIX_INLINE explicit Entries(const std::int32_t* from) noexcept : first(from) {}
-    VAPRIX_INLINE Neighbours<double> operator[](std::size_t k) const noexcept {
-        return Neighbours<double>(first + k);
+    VAPRIX_INLINE explicit Quads(const QuadRow<wide, narrow>& of) noexcept : row(of) {}
+    VAPRIX_INLINE Quad<double> operator[](std::size_t k) const noexcept {
+#if defined(__SSE2__)
+        const auto pairs = [](__m128i four) noexcept {
+            return Quad<double>{Neighbours<double>(four),
+                                Neighbours<double>(_mm_unpackhi_epi64(four, four))};
+        };
+        if (k < wide) {
+            return {Neighbours<double>(
+                        _mm_loadl_epi64(reinterpret_cast<const __m128i*>(row.of_32 + 4 * k))),
+                    Neighbours<double>(
+                        _mm_loadl_epi64(reinterpret_cast<const __m128i*>(row.of_32 + 4 * k + 2)))};
+        }
+        const auto* four = reinterpret_cast<const __m128i*>(row.of_16 + 4 * (k - wide));
+        return pairs(_mm_unpacklo_epi16(_mm_setzero_si128(), _mm_loadl_epi64(four)));
+#else
+        const auto pairs = [](const auto* four) noexcept {
+            return Quad<double>{Neighbours<double>(four), Neighbours<double>(four + 2)};
+        };
+        if (k < wide) return pairs(row.of_32 + 4 * k);
+        const auto [first, second] = pairs(row.of_16 + 4 * (k - wide));
+        return {first * narrow_factor, second * narrow_factor};
+#endif
     }
 };
-template <std::size_t size>
-VAPRIX_INLINE Entries<size> entries_from(const std::int32_t* table, std::uint64_t index) noexcept {
-    return Entries<size>(table + index);
+template <std::size_t wide, std::size_t narrow>
+VAPRIX_INLINE Quads<wide, narrow> quads_at(const QuadRow<wide, narrow>* rows,
+                                           std::uint64_t index) noexcept {
+    return Quads<wide, narrow>(rows[index]);
 }
 
 // The integer nearest to a number between 0 and 2^31.

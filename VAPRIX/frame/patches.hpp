@@ -18,10 +18,16 @@ struct PatchBlock {
     float first, x_cells, y_cells, unused;
 };
 
-// Across a cell u and w go from -1 to 1; it has the coefficient of u^i w^j at patch_rows[i] + j, fewer of
-// the higher powers of u.
-inline constexpr std::array<std::size_t, 7> patch_rows{0, 8, 16, 22, 28, 32, 36};
-inline constexpr std::size_t patch_terms = patch_rows.back(), patch_columns = patch_rows[1];
+// Across a cell u and w go from -1 to 1; it has the coefficients of u^i w^j, u^i w^(j + 1), u^(i + 1) w^j
+// and u^(i + 1) w^(j + 1) side by side, of these (i, j), those of higher order as narrow integers.
+struct PatchPowers {
+    std::size_t i, j;
+};
+inline constexpr std::size_t wide_quads = 3, narrow_quads = 6;
+inline constexpr std::array<PatchPowers, wide_quads + narrow_quads> patch_quads{
+    {{0, 0}, {0, 2}, {2, 0}, {0, 4}, {0, 6}, {2, 2}, {2, 4}, {4, 0}, {4, 2}}};
+using PatchRow = machine::QuadRow<wide_quads, narrow_quads>;
+inline constexpr std::size_t patch_terms = 4 * patch_quads.size();
 
 // Blocks are equal along y; along x they are the 2^octave_bits equal parts of the octaves of x + shift.
 struct Patches {
@@ -30,10 +36,11 @@ struct Patches {
     double x_low, y_low, y_high;
     int columns;
     double base;    // of z
-    double unit;    // of the coefficients
+    double unit;    // of the wide coefficients
     double coarse;  // of the constant ones, in that unit
+    double narrow;  // of the narrow ones, likewise
     const PatchBlock* blocks;
-    const std::int32_t* coefficients;
+    const PatchRow* rows;
 };
 
 namespace detail {
@@ -76,27 +83,26 @@ template <const Patches* patches, class Number>
     const Number y_within = (along_y - column) * y_cells;
     const Number x_cell = nearest(x_within - 0.5), y_cell = nearest(y_within - 0.5);
     const Number u = 2 * (x_within - x_cell) - 1, w = 2 * (y_within - y_cell) - 1;
-    const auto cell = machine::rounded(first.first() + (x_cell * y_cells + y_cell)) * patch_terms;
+    const auto cell = machine::rounded(first.first() + (x_cell * y_cells + y_cell));
 
-    const Number u2 = u * u, u4 = u2 * u2, w2 = w * w, w4 = w2 * w2;
-    const auto coefficients = machine::entries_from<patch_terms>(grid.coefficients, cell);
-    const auto at = [&](std::size_t i, std::size_t j) noexcept {
-        return coefficients[patch_rows[i] + j];
+    const auto row = machine::quads_at(grid.rows, cell);
+    const auto two = [&](std::size_t quad) noexcept {
+        const auto [first_two, second_two] = row[quad];
+        return first_two + second_two * u;
     };
-    // sums over the powers of u, of w^j and w^(j + 1)
-    const auto of_two = [&](std::size_t j) noexcept { return at(0, j) + at(1, j) * u; };
-    const auto of_four = [&](std::size_t j) noexcept {
-        return of_two(j) + (at(2, j) + at(3, j) * u) * u2;
-    };
-    const auto of_six = [&](std::size_t j) noexcept {
-        return of_four(j) + (at(4, j) + at(5, j) * u) * u4;
-    };
-    const auto c0 = of_six(0), c2 = of_six(2), c4 = of_four(4), c6 = of_two(6);
+    constexpr double narrow = grid.narrow / machine::narrow_factor;
+    const Number u2 = u * u, u4 = u2 * u2, w2 = w * w, w4 = w2 * w2 * narrow;
+    // sums over the powers of u, of w^j and w^(j + 1), of c4 and c6 in narrow units
+    const auto c0 = (two(0) + two(2) * u2) + two(7) * (u4 * narrow);
+    const auto c2 = two(1) + (two(5) * u2 + two(8) * u4) * narrow;
+    const auto c4 = two(3) + two(6) * u2, c6 = two(4);
     const auto sum = (c0 + c2 * w2) + (c4 + c6 * w2) * w4;
     const auto slopes = (c0 + c2 * (3 * w2)) + (c4 * 5 + c6 * (7 * w2)) * w4;  // of odd powers
-    const Number even_slopes = (c2.first() * 2 + c4.first() * (4 * w2)) + c6.first() * (6 * w4);
+    const Number even_slopes =
+        c2.first() * 2 + (c4.first() * 4 + c6.first() * (6 * w2)) * (w2 * narrow);
     constexpr double slope_unit = 2 * per_column * grid.unit;
-    const Number value = (sum.first() + (grid.coarse - 1) * at(0, 0).first()) + w * sum.second();
+    const Number value =
+        (sum.first() + (grid.coarse - 1) * row[0].first.first()) + w * sum.second();
     return {grid.base + grid.unit * value,
             (slope_unit * y_cells) * (slopes.second() + w * even_slopes)};
 }

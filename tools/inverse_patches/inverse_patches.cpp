@@ -32,8 +32,10 @@ namespace {
 
 using namespace vaprix;
 
-constexpr std::size_t rows = patch_rows.size() - 1, terms = patch_terms;
+constexpr std::size_t terms = patch_terms, wide_terms = 4 * wide_quads;
+constexpr std::size_t u_powers = 6, w_powers = 8;
 constexpr double coarse = 0x1p4;  // of the constants: they may be large, and do not enter the slope
+constexpr double narrow = 0x1p4;  // of those of higher order: they are small
 constexpr double last_step = 4e-6;    // K, to which a patch of regions 1 and 2 is held
 constexpr double dense_error = 1e-8;  // relative, those of region 3
 constexpr int divisions = 7;          // of a block, at most: halvings
@@ -41,14 +43,11 @@ constexpr int divisions = 7;          // of a block, at most: halvings
 using Coefficients = std::array<std::int32_t, terms>;
 
 // The powers of u and w of a term.
-struct Powers {
-    std::size_t i, j;
-};
 constexpr auto powers = [] {
-    std::array<Powers, terms> of{};
-    for (std::size_t i = 0; i < rows; ++i) {
-        for (std::size_t k = patch_rows[i]; k < patch_rows[i + 1]; ++k)
-            of[k] = {i, k - patch_rows[i]};
+    std::array<PatchPowers, terms> of{};
+    for (std::size_t k = 0; k < terms; ++k) {
+        const auto [i, j] = patch_quads[k / 4];
+        of[k] = {i + k % 4 / 2, j + k % 2};
     }
     return of;
 }();
@@ -174,22 +173,44 @@ Surface dense_surface(const char* name, const Dense& region, double Point<double
 }
 
 // Values of T_0 to T_7, the Chebyshev polynomials, at x.
-std::array<double, patch_columns> chebyshev(double x) {
-    std::array<double, patch_columns> value{1, x};
+std::array<double, w_powers> chebyshev(double x) {
+    std::array<double, w_powers> value{1, x};
     for (std::size_t k = 2; k < value.size(); ++k) value[k] = 2 * x * value[k - 1] - value[k - 2];
     return value;
 }
 
 // Their coefficients.
 constexpr auto chebyshev_terms = [] {
-    std::array<std::array<double, patch_columns>, patch_columns> c{};
+    std::array<std::array<double, w_powers>, w_powers> c{};
     c[0][0] = c[1][1] = 1;
-    for (std::size_t k = 2; k < patch_columns; ++k) {
-        for (std::size_t i = 0; i < patch_columns; ++i)
+    for (std::size_t k = 2; k < w_powers; ++k) {
+        for (std::size_t i = 0; i < w_powers; ++i)
             c[k][i] = (i > 0 ? 2 * c[k - 1][i - 1] : 0) - c[k - 2][i];
     }
     return c;
 }();
+
+// The coefficient that the product of them which is of the powers of one term has of those of another.
+Real chebyshev_product(std::size_t product, std::size_t term) {
+    const auto [a, b] = powers[product];
+    const auto [i, j] = powers[term];
+    return Real(chebyshev_terms[a][i] * chebyshev_terms[b][j]);
+}
+
+// The terms, those of higher order first.
+constexpr auto by_falling_order = [] {
+    std::array<std::size_t, terms> order{};
+    for (std::size_t k = 0; k < terms; ++k) order[k] = k;
+    std::ranges::sort(order, std::ranges::greater{},
+                      [](std::size_t k) { return powers[k].i + powers[k].j; });
+    return order;
+}();
+
+// The unit of a coefficient, in that of the wide ones.
+double units(const Patches& grid, std::size_t term) {
+    if (term == 0) return grid.coarse;
+    return term < wide_terms ? 1 : grid.narrow;
+}
 
 struct Cell {
     double p_low, p_high, y_low, y_high;
@@ -220,14 +241,14 @@ Row fitted(const std::vector<Row>& samples, bool complete) {
     }
     for (std::size_t k = 0; k < terms; ++k) {
         Real damping = 1e-18L;
-        for (std::size_t order = powers[k].i + powers[k].j; order > 0; --order) damping *= 30;
+        for (std::size_t order = powers[k].i + powers[k].j; order > 0; --order) damping *= 60;
         normal[k][k] += damping;
     }
     return solve(normal);
 }
 
 Coefficients fit_cell(const Surface& f, const Cell& cell) {
-    constexpr std::size_t u_nodes = rows + 3, w_nodes = patch_columns + 3;
+    constexpr std::size_t u_nodes = u_powers + 3, w_nodes = w_powers + 3;
     const auto node = [](std::size_t k, std::size_t nodes) {
         return std::cos(std::numbers::pi * (static_cast<double>(k) + 0.5) /
                         static_cast<double>(nodes));
@@ -245,25 +266,30 @@ Coefficients fit_cell(const Surface& f, const Cell& cell) {
             samples.push_back(row);
         }
     }
-    constexpr std::int32_t largest = 2147483647;
+    constexpr std::int32_t wide_largest = 2147483647, narrow_largest = 32767;
     Coefficients found{};
     if (samples.empty()) {
         // far from any state, with a slope, so that no state is taken for settled
-        found[0] = found[1] = largest;
+        found[0] = found[1] = wide_largest;
         return found;
     }
     const Row of_products = fitted(samples, samples.size() == u_nodes * w_nodes);
     std::array<Real, terms> of_powers{};
     for (std::size_t a = 0; a < terms; ++a) {
-        for (std::size_t k = 0; k < terms; ++k) {
-            of_powers[k] += of_products[a] * Real(chebyshev_terms[powers[a].i][powers[k].i] *
-                                                  chebyshev_terms[powers[a].j][powers[k].j]);
-        }
+        for (std::size_t k = 0; k < terms; ++k)
+            of_powers[k] += of_products[a] * chebyshev_product(a, k);
     }
-    constexpr Real most = largest;
-    for (std::size_t k = 0; k < terms; ++k) {
-        const Real multiple = of_powers[k] / Real(f.grid.unit * (k == 0 ? coarse : 1));
-        found[k] = static_cast<std::int32_t>(std::lround(std::clamp(multiple, -most, most)));
+    // From the highest order down, so that lower ones take over of a rounding all but its Chebyshev product.
+    for (const std::size_t k : by_falling_order) {
+        const auto [i, j] = powers[k];
+        const Real unit = Real(f.grid.unit * units(f.grid, k));
+        const Real most = k < wide_terms ? wide_largest : narrow_largest;
+        found[k] =
+            static_cast<std::int32_t>(std::lround(std::clamp(of_powers[k] / unit, -most, most)));
+        const Real product =
+            (of_powers[k] - unit * found[k]) / Real(chebyshev_terms[i][i] * chebyshev_terms[j][j]);
+        for (std::size_t lower = 0; lower < terms; ++lower)
+            of_powers[lower] -= product * chebyshev_product(k, lower);
     }
     return found;
 }
@@ -278,15 +304,16 @@ double fault_of(const Surface& f, const Cell& cell, const Coefficients& c) {
         const double u = 2 * (p - cell.p_low) / (cell.p_high - cell.p_low) - 1;
         const std::optional<double> z = f.z(p, cell.y(w));
         if (!z || !f.within(p, cell.y(w), *z)) return;
-        double sum = (coarse - 1) * c[0], slope = 0, u_power = 1;
-        for (std::size_t row = 0; row < rows; ++row, u_power *= u) {
-            double of_w = 0, slope_of_w = 0;
-            for (std::size_t k = patch_rows[row + 1]; k-- > patch_rows[row];) {
-                slope_of_w = slope_of_w * w + of_w;
-                of_w = of_w * w + c[k];
-            }
-            sum += u_power * of_w;
-            slope += u_power * slope_of_w;
+        std::array<double, u_powers> of_u{1};
+        std::array<double, w_powers> of_w{1};
+        for (std::size_t i = 1; i < u_powers; ++i) of_u[i] = of_u[i - 1] * u;
+        for (std::size_t j = 1; j < w_powers; ++j) of_w[j] = of_w[j - 1] * w;
+        double sum = 0, slope = 0;
+        for (std::size_t k = 0; k < terms; ++k) {
+            const auto [i, j] = powers[k];
+            const double of_term = c[k] * units(f.grid, k) * of_u[i];
+            sum += of_term * of_w[j];
+            if (j > 0) slope += of_term * static_cast<double>(j) * of_w[j - 1];
         }
         slope *= f.grid.unit * 2 / (cell.y_high - cell.y_low);
         worst = std::max(worst, f.fault(p, *z, f.grid.base + f.grid.unit * sum, slope));
@@ -376,22 +403,25 @@ void print(const Surface& f) {
         }
     }
     std::printf("\ninline constexpr PatchBlock %s_blocks[] = {\n%s};\n", f.name, blocks.c_str());
-    std::printf("alignas(64) inline constexpr std::int32_t %s_coefficients[] = {\n", f.name);
+    std::printf("alignas(64) inline constexpr PatchRow %s_rows[] = {\n", f.name);
     for (const Coefficients& cell : cells) {
-        std::printf("    ");
-        for (std::size_t k = 0; k < terms; ++k)
-            std::printf("%d%s", cell[k], k + 1 < terms ? ", " : ",\n");
+        std::printf("    {{");
+        for (std::size_t k = 0; k < terms; ++k) {
+            const char* after = k + 1 == wide_terms ? "}, {" : k + 1 == terms ? "}},\n" : ", ";
+            std::printf("%d%s", cell[k], after);
+        }
     }
     std::printf(
         "};\ninline constexpr Patches %s{\n"
-        "    %g, %d, %.17g, %g, %g, %d, %g, %.17g, %g, %s_blocks, %s_coefficients};\n",
+        "    %g, %d, %.17g, %g, %g, %d, %g, %.17g, %g, %g, %s_blocks, %s_rows};\n",
         f.name, grid.shift, grid.octave_bits, f.p_low, grid.y_low, grid.y_high, grid.columns,
-        grid.base, grid.unit, coarse, f.name, f.name);
+        grid.base, grid.unit, grid.coarse, grid.narrow, f.name, f.name);
 }
 
 Patches grid(double shift, int octave_bits, double y_low, double y_high, int columns, double base,
              double unit) {
-    return {shift, octave_bits, 0, y_low, y_high, columns, base, unit, coarse, nullptr, nullptr};
+    return {shift, octave_bits, 0,      y_low,  y_high,  columns,
+            base,  unit,        coarse, narrow, nullptr, nullptr};
 }
 
 }  // namespace
