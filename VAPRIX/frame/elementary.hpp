@@ -14,6 +14,7 @@
 #include "frame/logarithm.hpp"
 #include "frame/machine.hpp"
 #include "frame/real_power.hpp"
+#include "frame/three_fifths.hpp"
 
 namespace vaprix {
 
@@ -25,6 +26,7 @@ struct Elementary {
     static Number cbrt(Number x) noexcept { return cube_root(x); }
     static Number exp(Number x) noexcept { return exponential(x); }
     static Number log(Number x) noexcept { return logarithm(x); }
+    static Number to_minus_three_fifths(Number x) noexcept { return inverse_three_fifths(x); }
 };
 
 template <class Number>
@@ -60,6 +62,16 @@ VAPRIX_INLINE Number log(Number x) noexcept {
 template <class Number>
 VAPRIX_INLINE Number pow(Number x, std::type_identity_t<Number> y) noexcept {
     return RealPowers<Number>(x).to(y);
+}
+
+// The same of two arguments side by side; two doubles are evaluated as one.
+template <class Number>
+VAPRIX_INLINE machine::Neighbours<Number> exp(machine::Neighbours<Number> x) noexcept {
+    if constexpr (std::is_same_v<Number, double>) {
+        return exponential(x);
+    } else {
+        return {exp(x.first()), exp(x.second())};
+    }
 }
 
 }  // namespace vaprix

@@ -31,4 +31,13 @@ inline Number clamped_exp(Number x) noexcept {
     return machine::select(high, Number(1e100), machine::select(low, Number(1e-100), exp(x)));
 }
 
+// The same of two arguments side by side.
+template <class Number>
+inline machine::Neighbours<Number> clamped_exp(machine::Neighbours<Number> x) noexcept {
+    const auto first = fabs(x.first()) > 230;
+    const auto second = fabs(x.second()) > 230;
+    if (machine::none(first | second)) return exp(x);
+    return {clamped_exp(x.first()), clamped_exp(x.second())};
+}
+
 }  // namespace vaprix

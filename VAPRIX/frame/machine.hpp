@@ -70,6 +70,12 @@ public:
     friend VAPRIX_INLINE Neighbours operator+(Neighbours a, Neighbours b) noexcept {
         return {a.first_ + b.first_, a.second_ + b.second_};
     }
+    friend VAPRIX_INLINE Neighbours operator-(Neighbours a, Neighbours b) noexcept {
+        return {a.first_ - b.first_, a.second_ - b.second_};
+    }
+    friend VAPRIX_INLINE Neighbours operator*(Neighbours a, Neighbours b) noexcept {
+        return {a.first_ * b.first_, a.second_ * b.second_};
+    }
     friend VAPRIX_INLINE Neighbours operator*(Neighbours a, Number b) noexcept {
         return {a.first_ * b, a.second_ * b};
     }
@@ -83,7 +89,11 @@ class Neighbours<double> {
     VAPRIX_INLINE explicit Neighbours(Two both) noexcept : two(both) {}
 
 public:
+    using Bits __attribute__((vector_size(2 * sizeof(std::uint64_t)))) = std::uint64_t;
+
     VAPRIX_INLINE Neighbours(double first, double second) noexcept : two{first, second} {}
+    VAPRIX_INLINE Neighbours(double both) noexcept : Neighbours(both, both) {}
+    VAPRIX_INLINE explicit Neighbours(Bits both) noexcept : two(reinterpret_cast<Two>(both)) {}
     template <class Entry>
     VAPRIX_INLINE explicit Neighbours(const Entry* table) noexcept {
         // g++ 12 gives an alias of a dependent type no such attribute
@@ -99,14 +109,27 @@ public:
 #endif
     [[nodiscard]] VAPRIX_INLINE double first() const noexcept { return two[0]; }
     [[nodiscard]] VAPRIX_INLINE double second() const noexcept { return two[1]; }
+    [[nodiscard]] VAPRIX_INLINE Bits bits() const noexcept { return reinterpret_cast<Bits>(two); }
 
     friend VAPRIX_INLINE Neighbours operator+(Neighbours a, Neighbours b) noexcept {
         return Neighbours(a.two + b.two);
     }
-    friend VAPRIX_INLINE Neighbours operator*(Neighbours a, double b) noexcept {
-        return Neighbours(a.two * b);
+    friend VAPRIX_INLINE Neighbours operator-(Neighbours a, Neighbours b) noexcept {
+        return Neighbours(a.two - b.two);
+    }
+    friend VAPRIX_INLINE Neighbours operator*(Neighbours a, Neighbours b) noexcept {
+        return Neighbours(a.two * b.two);
     }
 };
+
+VAPRIX_INLINE Neighbours<double>::Bits bits(Neighbours<double> x) noexcept { return x.bits(); }
+VAPRIX_INLINE Neighbours<double> number(Neighbours<double>::Bits bits) noexcept {
+    return Neighbours<double>(bits);
+}
+VAPRIX_INLINE Neighbours<double> entry(const double* table,
+                                       Neighbours<double>::Bits index) noexcept {
+    return {table[index[0]], table[index[1]]};
+}
 
 // Two neighbouring entries of a table, from an even or an odd index.
 template <class Entry>

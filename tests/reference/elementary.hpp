@@ -22,6 +22,7 @@ struct vaprix::Elementary<__float128> {
     static Quad cbrt(Quad x) noexcept { return cbrtq(x); }
     static Quad exp(Quad x) noexcept { return expq(x); }
     static Quad log(Quad x) noexcept { return logq(x); }
+    static Quad to_minus_three_fifths(Quad x) noexcept { return powq(x, Quad(-3) / 5); }
 };
 
 template <>

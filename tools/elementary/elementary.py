@@ -114,6 +114,17 @@ def logarithm():
     array("log_c", reciprocals)
     array("log_high", [high for high, _ in logs])
     array("log_low", [low for _, low in logs])
+    return reciprocals, r_max
+
+
+def inverse_three_fifths(reciprocals, r_max):
+    power = D(3) / 5
+    series, error = minimax(lambda r: ((1 + r) ** -power - 1) / r if abs(r) > 1e-12 else -power, -r_max, r_max, 5)
+    print(f"\n// ((1 + r)^(-3/5) - 1)/r, r as of ln x, off by {float(error):.0e}")
+    array("three_fifths_series", series)
+    print("\n// c^(3/5) and 2^(-3k/5)")
+    array("three_fifths_of_c", [c**power for c in reciprocals])
+    array("three_fifths_of_half", [D(2) ** (-power * k) for k in range(5)])
 
 
 def main():
@@ -127,7 +138,7 @@ def main():
 
 namespace vaprix::tables::elementary {""")
     exponential()
-    logarithm()
+    inverse_three_fifths(*logarithm())
     print("\n}  // namespace vaprix::tables::elementary")
 
 
