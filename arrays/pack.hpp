@@ -72,6 +72,8 @@ VAPRIX_INLINE Mask<lanes> compare(Pack<lanes> a, Pack<lanes> b) noexcept;
 template <int lanes_>
 struct Pack {
     static constexpr int lanes = lanes_;
+    // with eight lanes an operand is repeated as it is read
+    static constexpr bool constants_in_memory = lanes < 8;
     typedef double Vector __attribute__((vector_size(lanes * sizeof(double))));
     Vector v;
 

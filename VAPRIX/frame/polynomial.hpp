@@ -344,10 +344,25 @@ struct SignedPowers {
     }
 };
 
+// The coefficient of term k as a number of several lanes that is read as it lies in memory: not const,
+// or g++ 12 would know it, read one lane and repeat that.
+template <auto const& P, std::size_t k, class Real>
+inline constinit Real in_memory = static_cast<Real>(P.terms[k].n);
+
+template <auto const& P, std::size_t k, class Real>
+VAPRIX_INLINE constexpr Real coefficient() {
+    if constexpr (requires { requires Real::constants_in_memory; }) {
+        return in_memory<P, k, Real>;
+    } else {
+        constexpr Real n = static_cast<Real>(P.terms[k].n);
+        return n;
+    }
+}
+
 // sum of the terms k..last of one group with non-negative exponents, over y^(exponent of k)
 template <auto const& P, std::size_t k, std::size_t last, class Y, class Real>
 VAPRIX_INLINE constexpr Real ascending(const Y& y) {
-    constexpr Real n = static_cast<Real>(P.terms[k].n);
+    const Real n = coefficient<P, k, Real>();
     if constexpr (k + 1 == last) {
         return n;
     } else {
@@ -359,7 +374,7 @@ VAPRIX_INLINE constexpr Real ascending(const Y& y) {
 // sum of the terms k, k-1, ... first of one group with negative exponents, over y^(exponent of k)
 template <auto const& P, std::size_t k, std::size_t first, class Y, class Real>
 VAPRIX_INLINE constexpr Real descending(const Y& y) {
-    constexpr Real n = static_cast<Real>(P.terms[k].n);
+    const Real n = coefficient<P, k, Real>();
     if constexpr (k == first) {
         return n;
     } else {
