@@ -34,43 +34,38 @@ VAPRIX_INLINE void divide_each(std::size_t count, Divided& divided, PartsOf part
     }
 }
 
-// The same for two lanes, which take longer to decide alike than one after the other: `part_of` gives the
-// part of an element, or `parts` for none.
-template <class PartOf>
-VAPRIX_INLINE void divide_one_by_one(std::size_t count, Divided& divided, PartOf part_of) noexcept {
-    for (std::size_t first = 0; first < count; first += 64) {
-        std::array<std::uint64_t, parts + 1> bits{};
-        const std::size_t last = std::min<std::size_t>(count - first, 64);
-        for (std::size_t k = 0; k < last; ++k) bits[part_of(first + k)] |= std::uint64_t{1} << k;
-        for (std::size_t part = 0; part < parts; ++part) divided[part][first / 64] = bits[part];
-    }
-}
-
 // Where the saturation line is surely not: an isotherm's and an isobar's distance from it, and from the
 // critical pressure.
 inline constexpr double off_line = 1e-6;  // K and MPa
+
+// Surely below and above the saturation pressure of a temperature up to 623.15 K, by the fourth power of
+// how far that is from 273.15 K: where most states lie.
+template <class Number>
+struct RoughPressures {
+    Number low, high;  // MPa
+    VAPRIX_INLINE constexpr explicit RoughPressures(Number t) noexcept {
+        const Number u = (t - T_min) * (1 / (T_13 - T_min)), u4 = (u * u) * (u * u);
+        low = 12.5 * u4;
+        high = 17.2 * u4 + 0.01;
+    }
+};
+static_assert([] {
+    for (std::size_t band = 0; band < detail::psat_bands; ++band) {
+        const auto end = [](std::size_t k) {
+            return RoughPressures(T_min + static_cast<double>(k) / detail::psat_bands_per_kelvin);
+        };
+        const PressureBounds& bounds = detail::psat_band_bounds[band];
+        if (end(band + 1).low >= static_cast<double>(bounds.low)) return false;
+        if (end(band).high <= static_cast<double>(bounds.high)) return false;
+    }
+    return true;
+}());
 
 // As region_pt() has it. On the saturation line, beside it and beside the critical pressure a state
 // falls into no part.
 template <class Number>
 void divide_pt(const double* p_of, const double* t_of, std::size_t count,
                Divided& divided) noexcept {
-    if constexpr (Number::lanes == 2) {
-        return divide_one_by_one(count, divided, [=](std::size_t k) noexcept {
-            const double p = p_of[k], t = t_of[k];
-            switch (region_pt(p, t)) {
-                case Region::one: return region1;
-                case Region::two: return region2a;
-                case Region::three:
-                    if (p > p_crit + off_line) return region3;
-                    return p < p_crit - off_line && fabs(t - tsat(p)) > off_line ? region3 : parts;
-                case Region::five: return region5;
-                case Region::none: return t == t ? outside : parts;
-                case Region::wet: break;
-            }
-            return parts;
-        });
-    }
     divide_each<Number>(count, divided, [=](std::size_t k, auto add) noexcept {
         const Number p = Number::load(p_of + k), t = Number::load(t_of + k);
         const auto valid =
@@ -79,12 +74,20 @@ void divide_pt(const double* p_of, const double* t_of, std::size_t count,
         const auto cold = valid & (t <= T_13);
         auto vapour = valid & (t > T_23_max) & (t <= T_25 + limit_tolerance);
         if (!machine::none(cold)) {
-            // either band will do at the limit of two: the bounds cover their own ends' rounding
-            const Number band = (t - T_min) * detail::psat_bands_per_kelvin - 0.5;
-            const auto index = machine::rounded(machine::select(cold & (band > 0), band, 0.0));
-            const auto bounds = machine::entries(&detail::psat_band_bounds[0].low, index + index);
-            add(region1, cold & (p > bounds.second()));
-            vapour = vapour | (cold & (p < bounds.first()));
+            const RoughPressures rough(t);
+            auto liquid = cold & (p > rough.high), steam = cold & (p < rough.low);
+            if (!machine::none(cold & !(liquid | steam))) {
+                // either band will do at the limit of two: the bounds cover their own ends' rounding
+                const Number band = (t - T_min) * detail::psat_bands_per_kelvin - 0.5;
+                const auto index = machine::rounded(machine::select(cold & (band > 0), band, 0.0));
+                const auto bounds =
+                    machine::entries(&detail::psat_band_bounds[0].low, index + index);
+                liquid = cold & (p > bounds.second());
+                steam = cold & (p < bounds.first());
+            }
+            add(region1, liquid);
+            vapour = vapour | steam;
+            if (machine::none(!(liquid | vapour))) return add(region2a, vapour);
         }
         const auto warm = valid & (t > T_13) & (t <= T_23_max);
         if (!machine::none(warm)) {
@@ -125,27 +128,6 @@ VAPRIX_INLINE auto is_wet_steam(Number p, Number y) noexcept {
 template <class Y, Family family, class Number>
 void divide_py(const double* p_of, const double* y_of, std::size_t count,
                Divided& divided) noexcept {
-    if constexpr (Number::lanes == 2) {
-        return divide_one_by_one(count, divided, [=](std::size_t k) noexcept {
-            const double p = p_of[k], y = y_of[k];
-            switch (inverse::region_but_phase<Y>(p, y)) {
-                case Region::one: return region1;
-                case Region::two:
-                    if (p <= region2::p_2a) return region2a;
-                    return Y::is_2c(p, y) ? region2c : region2b;
-                case Region::three:
-                    if (p <= p_crit) {
-                        if (!is_solved_in_region3(p)) return parts;
-                        if (is_wet_steam<Y, family>(p, y)) return wet_dense;
-                    }
-                    return Y::is_3a(p, y) ? region3a : region3b;
-                case Region::five: return region5;
-                case Region::none: return p < p_min || p > p_max ? outside : parts;
-                case Region::wet: return p <= p_below_region3 ? wet : parts;
-            }
-            return parts;
-        });
-    }
     using Backward = typename Y::template Backward<Number>;
     divide_each<Number>(count, divided, [=](std::size_t k, auto add) noexcept {
         const Number p = Number::load(p_of + k), y = Number::load(y_of + k);

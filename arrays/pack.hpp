@@ -34,6 +34,9 @@ struct Bits {
     friend VAPRIX_INLINE Bits operator+(Bits a, std::uint64_t b) noexcept { return {a.v + b}; }
     friend VAPRIX_INLINE Bits operator-(Bits a, std::uint64_t b) noexcept { return {a.v - b}; }
     friend VAPRIX_INLINE Bits operator*(Bits a, std::uint64_t b) noexcept { return {a.v * b}; }
+    friend VAPRIX_INLINE Bits operator~(Bits a) noexcept { return {~a.v}; }
+    friend VAPRIX_INLINE Bits operator&(Bits a, Bits b) noexcept { return {a.v & b.v}; }
+    friend VAPRIX_INLINE Bits operator|(Bits a, Bits b) noexcept { return {a.v | b.v}; }
     friend VAPRIX_INLINE Bits operator&(Bits a, std::uint64_t b) noexcept { return {a.v & b}; }
     friend VAPRIX_INLINE Bits operator|(Bits a, std::uint64_t b) noexcept { return {a.v | b}; }
     friend VAPRIX_INLINE Bits operator<<(Bits a, int b) noexcept { return {a.v << b}; }
@@ -126,28 +129,38 @@ private:
     }
 };
 
+// By instructions of their own where there are: what g++ 12 makes of vectors' operators tests the lanes
+// of a mask again.
 template <Comparison comparison, int lanes>
 VAPRIX_INLINE Mask<lanes> compare(Pack<lanes> a, Pack<lanes> b) noexcept {
+    using enum Comparison;
+#if defined(__AVX__)
+    constexpr int predicates[] = {_CMP_LT_OS, _CMP_GT_OS, _CMP_LE_OS,
+                                  _CMP_GE_OS, _CMP_EQ_OQ, _CMP_NEQ_UQ};
+    constexpr int predicate = predicates[static_cast<int>(comparison)];
 #if defined(__AVX512DQ__)
-    if constexpr (lanes == 8) {
-        constexpr int predicates[] = {_CMP_LT_OS, _CMP_GT_OS, _CMP_LE_OS,
-                                      _CMP_GE_OS, _CMP_EQ_OQ, _CMP_NEQ_UQ};
-        return {_mm512_cmp_pd_mask(a.v, b.v, predicates[static_cast<int>(comparison)])};
-    } else
+    if constexpr (lanes == 8) return {_mm512_cmp_pd_mask(a.v, b.v, predicate)};
 #endif
-        if constexpr (comparison == Comparison::less) {
-        return {a.v < b.v};
-    } else if constexpr (comparison == Comparison::greater) {
-        return {a.v > b.v};
-    } else if constexpr (comparison == Comparison::not_greater) {
-        return {a.v <= b.v};
-    } else if constexpr (comparison == Comparison::not_less) {
-        return {a.v >= b.v};
-    } else if constexpr (comparison == Comparison::equal) {
-        return {a.v == b.v};
-    } else {
-        return {a.v != b.v};
-    }
+    if constexpr (lanes == 4)
+        return {reinterpret_cast<Mask<4>::Vector>(_mm256_cmp_pd(a.v, b.v, predicate))};
+#elif defined(__x86_64__)
+    const auto mask = [](__m128d of) noexcept {
+        return Mask<2>{reinterpret_cast<Mask<2>::Vector>(of)};
+    };
+    if constexpr (comparison == less) return mask(_mm_cmplt_pd(a.v, b.v));
+    if constexpr (comparison == greater) return mask(_mm_cmpgt_pd(a.v, b.v));
+    if constexpr (comparison == not_greater) return mask(_mm_cmple_pd(a.v, b.v));
+    if constexpr (comparison == not_less) return mask(_mm_cmpge_pd(a.v, b.v));
+    if constexpr (comparison == equal) return mask(_mm_cmpeq_pd(a.v, b.v));
+    if constexpr (comparison == not_equal) return mask(_mm_cmpneq_pd(a.v, b.v));
+#else
+    if constexpr (comparison == less) return {a.v < b.v};
+    if constexpr (comparison == greater) return {a.v > b.v};
+    if constexpr (comparison == not_greater) return {a.v <= b.v};
+    if constexpr (comparison == not_less) return {a.v >= b.v};
+    if constexpr (comparison == equal) return {a.v == b.v};
+    if constexpr (comparison == not_equal) return {a.v != b.v};
+#endif
 }
 
 namespace machine {
@@ -164,12 +177,16 @@ VAPRIX_INLINE Pack<lanes> number(Bits<lanes> x) noexcept {
 template <int lanes>
 VAPRIX_INLINE Pack<lanes> select(Mask<lanes> where, Pack<lanes> yes,
                                  std::type_identity_t<Pack<lanes>> no) noexcept {
+#if defined(__AVX__)
 #if defined(__AVX512DQ__)
-    if constexpr (lanes == 8)
-        return Pack<lanes>(_mm512_mask_blend_pd(where.v, no.v, yes.v));
-    else
+    if constexpr (lanes == 8) return Pack<lanes>(_mm512_mask_blend_pd(where.v, no.v, yes.v));
 #endif
-        return Pack<lanes>(where.v ? yes.v : no.v);
+    if constexpr (lanes == 4)
+        return Pack<lanes>(_mm256_blendv_pd(no.v, yes.v, reinterpret_cast<__m256d>(where.v)));
+#else
+    const Bits<lanes> chosen{reinterpret_cast<typename Bits<lanes>::Vector>(where.v)};
+    return number((chosen & bits(yes)) | (~chosen & bits(no)));
+#endif
 }
 
 // A bit of each lane, the first the lowest.
@@ -228,7 +245,7 @@ VAPRIX_INLINE Pack<lanes> fabs(Pack<lanes> x) noexcept {
 }
 template <int lanes>
 VAPRIX_INLINE Pack<lanes> copysign(Pack<lanes> x, Pack<lanes> y) noexcept {
-    return number(Bits<lanes>{(bits(x) & ~sign).v | (bits(y) & sign).v});
+    return number((bits(x) & ~sign) | (bits(y) & sign));
 }
 
 template <int lanes>
