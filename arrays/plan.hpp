@@ -11,7 +11,7 @@
 
 namespace vaprix::arrays {
 
-inline constexpr std::size_t block_size = 256;
+inline constexpr std::size_t block_size = 512;
 // Up to the next multiple of it, the arrays of a block may be read and written beyond its elements;
 // the arguments there are those of the last element.
 inline constexpr std::size_t padding = 8;
