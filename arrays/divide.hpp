@@ -116,6 +116,11 @@ template <class Number>
 VAPRIX_INLINE auto is_solved_in_region3(Number p) noexcept {
     return (p > psat_13 * (1 + 1e-9)) & (p < p_crit - 2 * estimated_zone);
 }
+// The same of their temperatures, K, of which a pressure falls by 0.2 to 0.27 MPa each.
+template <class Number>
+VAPRIX_INLINE auto is_solved_in_region3_at(Number t) noexcept {
+    return (t > T_13 + off_line) & (t < T_crit - 10 * estimated_zone);
+}
 
 enum class Family { b, o };
 
@@ -197,8 +202,7 @@ void divide_line_t(const double* t_of, const double* /* again */, std::size_t co
     divide_each<Number>(count, divided, [=](std::size_t k, auto add) noexcept {
         const Number t = Number::load(t_of + k);
         add(phase, (t >= T_min) & (t <= T_13));
-        const auto dense = (t > T_13) & (t <= T_crit);
-        if (!machine::none(dense)) add(dense_part<phase>, dense & is_solved_in_region3(psat(t)));
+        add(dense_part<phase>, is_solved_in_region3_at(t));
         add(outside, (t < T_min) | (t > T_crit));
     });
 }
@@ -222,8 +226,7 @@ void divide_tx(const double* t_of, const double* x_of, std::size_t count,
         const Number t = Number::load(t_of + k), x = Number::load(x_of + k);
         const auto good = (x >= 0) & (x <= 1);
         add(wet, good & (t >= T_min) & (t <= T_13));
-        const auto dense = good & (t > T_13) & (t <= T_crit);
-        if (!machine::none(dense)) add(wet_dense, dense & is_solved_in_region3(psat(t)));
+        add(wet_dense, good & is_solved_in_region3_at(t));
         add(outside, (t < T_min) | (t > T_crit));
     });
 }

@@ -86,8 +86,9 @@ inline constexpr auto evaluated_3 = [](Lanes p, Lanes t, Lanes dense) noexcept {
 // Of a saturated phase above 623.15 K.
 template <const auto& property, Part phase>
 inline constexpr auto evaluated_line = [](Lanes p, Lanes t) noexcept {
-    const SaturatedEnds<Lanes> ends = ends_at(p, t);
-    return single<property>(dense_state(p, t, phase == region1 ? ends.liquid : ends.vapour));
+    const CoexistingDensities<Lanes> both(coexisting_root(t));
+    constexpr std::size_t asked = phase == region1 ? both.liquid : both.vapour;
+    return single<property>(dense_state(p, t, both.template density<asked>()));
 };
 
 template <const auto& property>
