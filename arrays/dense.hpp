@@ -52,13 +52,13 @@ public:
                         ? static_cast<std::size_t>(numbers[each - k])
                         : static_cast<std::size_t>(region3::subregion_pt(p_of[each], t_of[each]));
                 of[each] = static_cast<std::uint8_t>(subregion);
-                ++first[subregion + 1];
+                place[each] = first[subregion + 1]++;  // in its subregion
             }
         }
         for (std::size_t k = 0; k < subregions; ++k)
             first[k + 1] = static_cast<std::uint16_t>(first[k + 1] + first[k]);
-        std::array<std::uint16_t, subregions + 1> next = first;
-        for (std::size_t k = 0; k < count; ++k) place[k] = next[of[k]]++;
+        for (std::size_t k = 0; k < count; ++k)
+            place[k] = static_cast<std::uint16_t>(place[k] + first[of[k]]);
     }
 
     // The numbers of an array in the order of the subregions, the last one repeated to the end of a pack.
@@ -144,8 +144,10 @@ void solve_region3(const double* p_of, const double* t_of, double* found, double
     }
     order.restore(v, result, count);
     std::fill(result + count, result + padded(count), 1.0);
-    for (std::size_t k = 0; k < count; ++k) found[k] = result[k] > 0 ? t_of[k] : 0;
-    std::fill(found + count, found + padded(count), T_crit);
+    for (std::size_t k = 0; k < count; k += Number::lanes) {
+        const auto is_found = Number::load(result + k) > 0;
+        machine::select(is_found, Number::load(t_of + k), 0).store(found + k);
+    }
 }
 
 }  // namespace vaprix::arrays
