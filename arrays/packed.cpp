@@ -107,7 +107,7 @@ void answer_part(std::span<Wanted> wanted, Part part, const Elements& elements, 
         }
         // solved for and found, at a temperature that the answer rule has no word about
         const auto remove_found = [&](std::size_t element, std::size_t k) noexcept {
-            if ((p[k] > 0) & (t[k] > 0) & (t[k] >= plan.t_low) & (t[k] <= plan.t_high))
+            if ((p[k] > 0) & (t[k] >= plan.t_low) & (t[k] <= plan.t_high))
                 remove(each.left, element);
         };
         if (in_place) {

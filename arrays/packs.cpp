@@ -43,9 +43,12 @@ bool all_found(const Plan& plan, const double* p_of, const double* t_of,
                std::size_t count) noexcept {
     auto found = Lanes(0) == 0;
     for (std::size_t k = 0; k < count; k += Lanes::lanes) {
-        const Lanes p = Lanes::load(p_of + k), t = Lanes::load(t_of + k);
-        found = found & (p > 0) & (t > 0) & (t >= plan.t_low) & (t <= plan.t_high);
+        const Lanes t = Lanes::load(t_of + k);
+        found = found & (t >= plan.t_low) & (t <= plan.t_high);
     }
+    if (plan.solves == Solved::t) return machine::none(!found);
+    for (std::size_t k = 0; k < count; k += Lanes::lanes)
+        found = found & (Lanes::load(p_of + k) > 0);
     return machine::none(!found);
 }
 
@@ -413,8 +416,8 @@ constexpr Plan plan_of() {
             }
             plan.all_found = all_found;
             plan.t_high = std::min(rule.above.t, rule.above_too.t);
-            plan.t_low = rule.below.t;
-            plan.has_limits = plan.t_low > 0 || plan.t_high < T_max;
+            plan.t_low = std::max(rule.below.t, std::numeric_limits<double>::min());
+            plan.has_limits = rule.below.t > 0 || plan.t_high < T_max;
             Refusal refusal = rule.outside;
             if (rule.own_code) refusal.code = Resolved::refusal;
             plan.constant[outside] = constant<property>(refusal);

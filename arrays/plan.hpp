@@ -72,7 +72,7 @@ struct Plan {
     bool (*all_found)(const Plan& plan, const double* p, const double* t,
                       std::size_t count) noexcept = nullptr;
     bool has_limits = false;  // of those temperatures
-    double t_low = 0;
+    double t_low = 0;         // above 0
     double t_high = 1e300;
 };
 
