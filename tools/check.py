@@ -13,12 +13,20 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 GENERATOR = "tools/tables/generate_tables.py"
-COEFFICIENT = re.compile(r"    (\{\d+, \d+, )(-?\d\.\d+e[+-]\d+)(\},)")
+TERM = re.compile(r"    (\{\d+, \d+, )(-?\d\.\d+e[+-]\d+)\},")
+SINGLE = re.compile(r"(-?\d\.\d+e[+-]\d+)f")
+
+
+def coefficients(line):
+    """The text beside them, and they."""
+    term = TERM.fullmatch(line)
+    return (term[1], [term[2]]) if term else (SINGLE.sub("", line), SINGLE.findall(line))
 
 
 def close(line, again):
-    a, b = COEFFICIENT.fullmatch(line), COEFFICIENT.fullmatch(again)
-    return a and b and a[1] == b[1] and abs(float(a[2]) - float(b[2])) <= 1e-4 * abs(float(a[2]))
+    (text, numbers), (text_again, numbers_again) = coefficients(line), coefficients(again)
+    return text == text_again and all(abs(float(a) - float(b)) <= 1e-4 * abs(float(a))
+                                      for a, b in zip(numbers, numbers_again))
 
 
 def differs(tool, built, path):

@@ -12,6 +12,7 @@
 #include "frame/bracketed_newton.hpp"
 #include "frame/chandrupatla.hpp"
 #include "frame/elementary.hpp"
+#include "frame/machine.hpp"
 #include "frame/newton.hpp"
 #include "inverse/of_tv.hpp"
 #include "inverse/second_variable.hpp"
@@ -46,42 +47,67 @@ double on_end(double x, double low, double high) noexcept {
     return x;
 }
 
-// Pressure and temperature where Newton's method starts, by density and y.
-template <const auto& p_of, const auto& t_of>
-Point<double> start_of(double x, double y) noexcept {
-    static constexpr auto p = polynomial(p_of);
-    static constexpr auto t = polynomial(t_of);
-    const auto [p_at, t_at] = evaluate<p, t>(x, y);
-    return {p_at, t_at};
+// Sum n x^k of two polynomials side by side, by x, x^2 and x^4.
+using Two = machine::Neighbours<double>;
+using Powers = const double (&)[3];
+template <std::size_t terms>
+VAPRIX_INLINE Two power_sum(const float (*n)[2], Powers x) noexcept {
+    if constexpr (terms == 1) {
+        return Two(n[0]);
+    } else {
+        constexpr std::size_t half = std::bit_ceil(terms) / 2;
+        return power_sum<half>(n, x) +
+               power_sum<terms - half>(n + half, x) * x[std::countr_zero(half)];
+    }
+}
+// Sum n u^i w^j of some rows, each of a power of u.
+template <std::size_t rows, std::size_t first = 0>
+VAPRIX_INLINE Two row_sum(const float (*n)[2], Powers u, Powers w) noexcept {
+    constexpr std::size_t columns = tables::volume_start_columns;
+    if constexpr (rows == 1) {
+        return power_sum<columns - first>(n + first * (2 * columns + 1 - first) / 2, w);
+    } else {
+        constexpr std::size_t half = std::bit_ceil(rows) / 2;
+        return row_sum<half, first>(n, u, w) +
+               row_sum<rows - half, first + half>(n, u, w) * u[std::countr_zero(half)];
+    }
+}
+
+// Pressure, of vapour over the density, and temperature where Newton's method starts. A y less than
+// any of the part, as wet steam has beside vapour, is taken for the least.
+template <const auto& cells, const auto& d_ends>
+Point<double> start_of(double d, double y) noexcept {
+    const tables::VolumeStart* cell = cells + 2 * reduced::part(d_ends, d);
+    if (y > static_cast<double>(cell->y_end)) ++cell;
+    const double u = (d - static_cast<double>(cell->d_middle)) * static_cast<double>(cell->d_scale);
+    const double below =
+        (y - static_cast<double>(cell->y_middle)) * static_cast<double>(cell->y_scale);
+    const double w = std::max(below, -1.0);
+    const double u2 = u * u, w2 = w * w;
+    const Two pt =
+        row_sum<tables::volume_start_columns>(cell->n, {u, u2, u2 * u2}, {w, w2, w2 * w2});
+    return {pt.first(), pt.second()};
 }
 template <class Y>
 struct Start;
 template <>
 struct Start<Enthalpy> {
-    static double y1(double h) noexcept { return reduced::h1(h); }
-    static double y2(double /* d */, double h) noexcept { return reduced::h2(h); }
     static constexpr const auto& wet = tables::wet_h;
-    static constexpr auto in1 = start_of<tables::p1_start_h, tables::t1_start_h>;
-    static constexpr decltype(in1) in2[] = {start_of<tables::pv2_start_h0, tables::t2_start_h0>,
-                                            start_of<tables::pv2_start_h1, tables::t2_start_h1>,
-                                            start_of<tables::pv2_start_h2, tables::t2_start_h2>};
+    static constexpr auto in1 = start_of<tables::start1_h, reduced::d1_ends>;
+    static constexpr auto in2 = start_of<tables::start2_h, reduced::d2_ends>;
 };
 template <>
 struct Start<Entropy> {
-    static double y1(double s) noexcept { return reduced::s1(s); }
-    static double y2(double d, double s) noexcept { return reduced::s2(s + R * log(d)); }
     static constexpr const auto& wet = tables::wet_s;
-    static constexpr auto in1 = start_of<tables::p1_start_s, tables::t1_start_s>;
-    static constexpr decltype(in1) in2[] = {start_of<tables::pv2_start_s0, tables::t2_start_s0>,
-                                            start_of<tables::pv2_start_s1, tables::t2_start_s1>,
-                                            start_of<tables::pv2_start_s2, tables::t2_start_s2>};
+    static constexpr auto in1 = start_of<tables::start1_s, reduced::d1_ends>;
+    static constexpr auto in2 = start_of<tables::start2_s, reduced::d2_ends>;
 };
 Point<double> held(double p, double t, double t_max) noexcept {
     return {std::clamp(p, p_min, p_max), std::clamp(t, T_min, t_max)};
 }
 template <class Y>
 Point<double> start1(double v, double y) noexcept {
-    const auto [p, t] = Start<Y>::in1(reduced::d1(1 / v), Start<Y>::y1(y));
+    const auto [p, t] = Start<Y>::in1(1 / v, y);
     return held(p, t, T_13);
 }
 // Whether a start in the equation of region 2 is of wet steam: of saturated vapour it is within 1.6 %.
@@ -90,15 +116,14 @@ bool is_wet_start(Point<double> start) noexcept {
     return start.y <= T_min || (start.y < T_13 && start.x > apart * psat(start.y));
 }
 template <class Y>
-Point<double> start2(double v, double y) noexcept {
+Point<double> start2(double v, double along) noexcept {
     const double d = 1 / v;
-    const std::size_t part = reduced::part2(d);
-    const auto [pv, t] = Start<Y>::in2[part](reduced::d2(part, d), Start<Y>::y2(d, y));
+    const auto [pv, t] = Start<Y>::in2(d, along);
     return held(pv * d, t, T_25);
 }
 
-// Temperature of wet steam by the fits of the lines that y is over the volume at one temperature, and
-// the slope of y there.
+// Temperature of wet steam by the fits of the lines that y is over the volume at one temperature,
+// and the slope of y there.
 struct WetStart {
     double t, slope;
 };
@@ -132,6 +157,10 @@ WetStart wet_start(const tables::WetIsochores (&wet)[parts], double v, double y)
     return {t, (slope + 2 * bend * change) / width};
 }
 
+Point<double> after(Point<double> at, Point<double> change) noexcept {
+    return {at.x + change.x, at.y + change.y};
+}
+
 // A pair of a volume and a y. Its attempts set the state where they find one, and say whether they
 // have.
 template <class Y>
@@ -144,6 +173,35 @@ struct Pair {
         return fabs(single<Y::y>(at) - y) <= rounding();
     }
 
+    // What is left of the pair, relative.
+    [[nodiscard]] double relative(Point<double> left) const noexcept {
+        return std::max(fabs(left.x) / v, fabs(left.y) / Y::unit);
+    }
+
+    // By steps that all take the slopes at the start: whether the last one leaves a rounding, as what
+    // was left before it tells. Else the point that they have reached within bounds.
+    template <class Equation>
+    [[nodiscard]] bool corrected(const Box<double>& around, Point<double>& at) const noexcept {
+        constexpr int rounds = 2;
+        constexpr double rounding = 1e-16;
+        const TangentPair<double> f = (*Y::template tangents_with_v<Equation>)(at.x, at.y);
+        Point<double> left{v - f.a, y - f.b};
+        for (int round = 0; round < rounds; ++round) {
+            const double before = relative(left);
+            const Point<double> next = after(at, newton_step(f, left.x, left.y));
+            if (!within(around, next)) return false;
+            at = next;
+            const Point<double> reached = (*Y::template with_v<Equation>)(at.x, at.y);
+            left = {v - reached.x, y - reached.y};
+            const double now = relative(left);
+            if (2 * now * now < rounding * before) {
+                at = after(at, newton_step(f, left.x, left.y));
+                return true;
+            }
+        }
+        return false;
+    }
+
     // Region 1, 2 or 5 by Newton's method on (p, T), which may converge beyond the region.
     template <class Equation>
     [[nodiscard]] bool gibbs(Point<double> start, State& state) const noexcept {
@@ -151,21 +209,21 @@ struct Pair {
         constexpr bool is_one = region == Region::one;
         constexpr bool is_five = region == Region::five;
         static constexpr Box<double> around{{1e-4, 250}, {2 * p_max, is_one ? 640 : 1.1 * T_max}};
-        const auto tangents = [](double p, double t) noexcept -> TangentPair<double> {
-            if constexpr (std::is_same_v<Y, Enthalpy>) {
-                const Derivatives<double> f = Equation::derivatives(p, t);
-                return {f.v, f.v_p, f.v_t, Equation::h(p, t), f.h_p, f.cp};
-            } else {
-                const auto [f, s] = Equation::derivatives_and_s(p, t);
-                return {f.v, f.v_p, f.v_t, s, -1000 * f.v_t, f.cp / t};
-            }
-        };
-        const auto settled = [this](Point<double> /* at */, Point<double> /* step */,
-                                    Point<double> left) noexcept {
-            return fabs(left.x) < step * v && fabs(left.y) < step * Y::unit;
-        };
-        constexpr int patience = 3;
-        const auto [at, converged] = newton(tangents, v, y, start, settled, &around, patience);
+        constexpr auto tangents = Y::template tangents_with_v<Equation>;
+        Point<double> at = start;
+        bool converged = false;
+        if constexpr (!is_five) converged = corrected<Equation>(around, at);
+        if (!converged) {
+            const auto settled = [this](Point<double> /* at */, Point<double> /* step */,
+                                        Point<double> left) noexcept {
+                return relative(left) < step;
+            };
+            constexpr int patience = 3;
+            const NewtonPoint<double> found =
+                newton(tangents, v, y, at, settled, &around, patience);
+            at = found.at;
+            converged = found.converged;
+        }
         const double t = on_end(at.y, is_five ? T_25 : T_min,
                                 is_one    ? T_13
                                 : is_five ? T_max
@@ -240,9 +298,9 @@ struct Pair {
         if (within) settle(t);
     }
 
-    // Whether (T, v) has wet steam, or a saturated phase, which region 3 has too beside 623.15 K, and of
-    // which (p, T) has none where the line lies below p_min. Of a quality x that no rounding makes a
-    // single phase it has.
+    // Whether (T, v) has wet steam, or a saturated phase, which region 3 has too beside 623.15 K, and
+    // of which (p, T) has none where the line lies below p_min. Of a quality x that no rounding makes
+    // a single phase it has.
     [[nodiscard]] bool wet_at(double t, double x, State& state) const noexcept {
         constexpr double mixture = 1e-6;
         constexpr double below_p_min = 5e-7;  // K
@@ -277,18 +335,21 @@ struct Pair {
     [[nodiscard]] bool guess(State& state) const noexcept {
         const auto ideal = [this](double t) noexcept { return Point<double>{R / 1000 * t / v, t}; };
         if (v >= region5_end) {
-            if (y >= Y::wet_below(v)) {
-                if (Y::along_isobar(ideal(T_25).x, y) > Y::hot_above) {
-                    if (gibbs<region5>(ideal(1500), state)) return true;
+            const double along = Y::along_isochore(v, y);
+            if (!Y::is_wet(y, along)) {
+                if (along > Y::hot_above) {
+                    const double p = std::min(ideal(1500).x, p_max_5);
+                    const double t = Y::t5_start(p, Y::along_isobar(p, y));
+                    if (gibbs<region5>(ideal(std::clamp(t, T_25, T_max)), state)) return true;
                 } else {
-                    const Point<double> start = start2<Y>(v, y);
+                    const Point<double> start = start2<Y>(v, along);
                     if (!is_wet_start(start) && gibbs<region2>(start, state)) return true;
                 }
             }
         } else if (v <= hot_liquid_end || y >= Y::wet_below_13(v)) {
             if (v > region1_end && y > Y::dense_above) {
                 if (y < Y::thin_above && dense(700, state)) return true;
-                if (gibbs<region2>(start2<Y>(v, y), state)) return true;
+                if (gibbs<region2>(start2<Y>(v, Y::along_isochore(v, y)), state)) return true;
             }
             if (v < hot_liquid_end && gibbs<region1>(start1<Y>(v, y), state)) return true;
         }

@@ -116,9 +116,12 @@ struct Enthalpy : BackwardOfPh<double> {
         return above_liquid & below_vapour;
     }
 
+    // What hardly depends on the volume in vapour.
+    static double along_isochore(double /* v */, double h) noexcept { return h; }
+
     // Which region a search along an isochore tries first, at a volume where the other cannot be:
     // of wet steam and vapour at volumes beyond those of region 3; h2(Ts) >= 2500.89
-    static double wet_below(double /* v */) noexcept { return 2500; }
+    static bool is_wet(double h, double /* along */) noexcept { return h < 2500; }
     // of wet steam and region 3; the mixture at 623.15 K has 6.3 to 28.4 more
     static double wet_below_13(double v) noexcept { return 1450 + 123300 * v; }
     static constexpr double hot_above = 4160;    // of regions 2 and 5; h2(p, 1073.15 K) <= 4160.66
@@ -132,6 +135,8 @@ struct Enthalpy : BackwardOfPh<double> {
 
     template <class Equation>
     static constexpr auto with_v = Equation::vh;
+    template <class Equation>
+    static constexpr auto tangents_with_v = Equation::vh_tangents;
     template <class Equation>
     static constexpr auto tangent = Equation::h_tangent_t;
     template <class Equation>
@@ -183,10 +188,14 @@ struct Entropy : BackwardOfPs<double> {
         return p < Backward<Number>::p3sat(s);
     }
 
-    // s2(Ts) is 0.007 to 0.19 more, the mixture at 623.15 K 0.015 to 0.057
-    static double wet_below(double v) noexcept { return 7.06 + 0.392 * log(v); }
+    static double along_isochore(double v, double s) noexcept { return s - R * log(v); }
+
+    // s2(Ts) is 0.007 to 0.19 more than 7.06 + 0.392 ln v, the mixture at 623.15 K 0.015 to 0.057 more
+    static bool is_wet(double s, double along) noexcept {
+        return s < 7.06 + 0.392 / R * (s - along);
+    }
     static double wet_below_13(double v) noexcept { return 3.42 + 197 * v; }
-    static constexpr double hot_above = 8.5;     // s + R ln p; s2(p, 1073.15 K) + R ln p <= 8.506
+    static constexpr double hot_above = 8.824;   // s - R ln v, which at 1073.15 K is <= 8.83
     static constexpr double dense_above = 3.39;  // s1(p, 623.15 K) >= 3.397
     static constexpr double thin_above = 5.261;  // s2(p, TB23) <= 5.2606
 
@@ -197,6 +206,8 @@ struct Entropy : BackwardOfPs<double> {
 
     template <class Equation>
     static constexpr auto with_v = Equation::vs;
+    template <class Equation>
+    static constexpr auto tangents_with_v = Equation::vs_tangents;
     template <class Equation>
     static constexpr auto tangent = Equation::s_plus_r_ln_p_tangent_t;
     template <class Equation>

@@ -47,6 +47,10 @@ struct Region1 {
     [[nodiscard]] static Point<Number> vh(Number p, Number t) noexcept;
     [[nodiscard]] static Point<Number> vs(Number p, Number t) noexcept;
 
+    // The same with their slopes by pressure and by temperature.
+    [[nodiscard]] static TangentPair<Number> vh_tangents(Number p, Number t) noexcept;
+    [[nodiscard]] static TangentPair<Number> vs_tangents(Number p, Number t) noexcept;
+
     // v with its slope in p along the isotherm, from shared powers.
     [[nodiscard]] static Tangent<Number> v_tangent_p(Number p, Number t) noexcept;
 
@@ -309,8 +313,8 @@ Number Region1<Number>::v_t(Number p, Number t) noexcept {
 
 template <class Number>
 Point<Number> Region1<Number>::vh(Number p, Number t) noexcept {
-    const Reduced r(p, t);
-    const auto [v_over_t, h] = evaluate<volume_over_t, enthalpy>(r.x(), r.y());
+    const auto [v_over_t, h] =
+        evaluate<volume_over_t, enthalpy>(x_0 - p * p_star_reciprocal_short, T_star / t - y_0);
     return {t * v_over_t, h};
 }
 
@@ -319,6 +323,27 @@ Point<Number> Region1<Number>::vs(Number p, Number t) noexcept {
     const Reduced r(p, t);
     const auto [v_over_t, s] = evaluate<volume_over_t, entropy>(r.x(), r.y());
     return {t * v_over_t, s};
+}
+
+template <class Number>
+TangentPair<Number> Region1<Number>::vh_tangents(Number p, Number t) noexcept {
+    const Reduced r(p, t);
+    const auto [v_over_t, pipi, pitau, h, tautau] =
+        evaluate<volume_over_t, gamma_pipi, gamma_pitau, enthalpy, gamma_tautau>(r.x(), r.y());
+    return {
+        t * v_over_t,       v_p_factor * t * pipi,        v_over_t - v_factor * r.tau * pitau, h,
+        h_p_factor * pitau, -R * (r.tau * r.tau) * tautau};
+}
+
+template <class Number>
+TangentPair<Number> Region1<Number>::vs_tangents(Number p, Number t) noexcept {
+    const Reduced r(p, t);
+    const auto [v_over_t, pipi, pitau, s, tautau] =
+        evaluate<volume_over_t, gamma_pipi, gamma_pitau, entropy, gamma_tautau>(r.x(), r.y());
+    const Number v_t = v_over_t - v_factor * r.tau * pitau;
+    return {t * v_over_t, v_p_factor * t * pipi,
+            v_t,          s,
+            -1000 * v_t,  -R * (r.tau * r.tau) * tautau / t};
 }
 
 template <class Number>

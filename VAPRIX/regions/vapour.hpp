@@ -44,6 +44,10 @@ public:
     [[nodiscard]] static Point<Number> vh(Number p, Number t) noexcept;
     [[nodiscard]] static Point<Number> vs(Number p, Number t) noexcept;
 
+    // The same with their slopes by pressure and by temperature.
+    [[nodiscard]] static TangentPair<Number> vh_tangents(Number p, Number t) noexcept;
+    [[nodiscard]] static TangentPair<Number> vs_tangents(Number p, Number t) noexcept;
+
     // v with its slope in p along the isotherm, from shared powers.
     [[nodiscard]] static Tangent<Number> v_tangent_p(Number p, Number t) noexcept;
 
@@ -250,6 +254,24 @@ Point<Number> Vapour<Equation, Number>::vs(Number p, Number t) noexcept {
     const Number tau = Equation::T_star / t;
     const auto [pi, s] = evaluate<gamma_pi, entropy>(p, tau - Equation::shift);
     return {v_factor * t * (1 / p + pi), ideal<entropy0>(tau, t) + s - r_ln_p};
+}
+
+template <class Equation, class Number>
+TangentPair<Number> Vapour<Equation, Number>::vh_tangents(Number p, Number t) noexcept {
+    const Number tau = Equation::T_star / t;
+    const auto [h, tt, pi, pitau, pipi] =
+        evaluate<enthalpy, gamma_tautau, gamma_pi, gamma_pitau, gamma_pipi>(p,
+                                                                            tau - Equation::shift);
+    const Derivatives<Number> f =
+        derivatives(p, t, SecondDerivatives(p, t, tau, tt, pi, pitau, pipi));
+    return {f.v,   f.v_p, f.v_t, ideal<enthalpy0>(tau, t, Equation::T_star_reciprocal_h) + h,
+            f.h_p, f.cp};
+}
+
+template <class Equation, class Number>
+TangentPair<Number> Vapour<Equation, Number>::vs_tangents(Number p, Number t) noexcept {
+    const auto [f, s] = derivatives_and_s(p, t);
+    return {f.v, f.v_p, f.v_t, s, -1000 * f.v_t, f.cp / t};
 }
 
 template <class Equation, class Number>

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 //
-// Fits pressure and temperature of regions 1 and 2 as polynomials of the density and of h or s, and
-// the pressure as one of the density and the temperature, where iterations start, and prints
-// inverse/tables/volume_start.hpp.
+// Fits pressure and temperature of regions 1 and 2 as polynomials of the density and of h or s, cell
+// by cell, and the pressure as one of the density and the temperature, where iterations start, and
+// prints inverse/tables/volume_start.hpp.
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <functional>
 #include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "frame/constants.hpp"
@@ -22,6 +23,8 @@
 namespace {
 
 using namespace vaprix;
+
+constexpr int columns = 8;
 
 struct Sample {
     double p, t, d, h, s;
@@ -41,8 +44,7 @@ double spread(double low, double high, int k, int steps) {
     return low + (high - low) * 0.5 * (1 - std::cos(k * std::acos(-1.0) / steps));
 }
 
-Samples of_region1() {
-    constexpr int steps_t = 36, steps_p = 24;
+Samples of_region1(int steps_t, int steps_p) {
     Samples samples;
     for (int i = 0; i <= steps_t; ++i) {
         const double t = spread(T_min, T_13, i, steps_t);
@@ -63,17 +65,15 @@ double pressure2(double d, double t, double highest) {
     return high;
 }
 
-Samples of_region2(std::size_t part) {
-    constexpr int steps_t = 50, steps_p = 24;
+Samples of_region2(double d_low, double d_high, int steps_t, int steps_p) {
     constexpr double hardly = 1e-6;  // MPa
     Samples samples;
     for (int i = 0; i <= steps_t; ++i) {
         const double t = spread(T_min, T_25, i, steps_t);
         const double limit = t <= T_13 ? psat(t) : t <= T_23_max ? p_b23(t) : p_max;
         const double highest = std::min(limit, p_max);
-        const double low =
-            part == 0 ? hardly : pressure2(inverse::reduced::d2_ends[part], t, highest);
-        const double high = pressure2(inverse::reduced::d2_ends[part + 1], t, highest);
+        const double low = d_low == 0 ? hardly : pressure2(d_low, t, highest);
+        const double high = pressure2(d_high, t, highest);
         if (!(low < high)) continue;
         for (int j = 0; j <= steps_p; ++j) {
             samples.push_back(sample<region2>(spread(low, high, j, steps_p), t));
@@ -104,43 +104,93 @@ void print_fit(const std::string& name, const Samples& samples, int lowest_x, in
     print_terms(name.c_str(), terms, n);
 }
 
-// Pressure and temperature by density and a second variable.
-void print_region1(const std::string& variable, const Of& y) {
-    const Samples samples = of_region1();
-    const Of x = [](const Sample& at) { return inverse::reduced::d1(at.d); };
-    const auto print = [&](const std::string& what, const Of& value, const Of& unit,
-                           const char* name) {
-        print_fit(what + "1_start_" + variable, samples, 0, 7, 7, x, y, value, unit, name);
+// Prints pressure and temperature of a cell by density and a second variable, and their errors.
+void print_cell(const Samples& samples, const Of& y, Real y_low, Real y_high, const Of& p,
+                const Of& p_unit) {
+    const auto [d_low, d_high] = std::ranges::minmax(samples, {}, &Sample::d);
+    const Real d_middle = Real(d_low.d + d_high.d) / 2, d_scale = 2 / Real(d_high.d - d_low.d);
+    const Real y_middle = (y_low + y_high) / 2, y_scale = 2 / (y_high - y_low);
+    const auto fitted = [&](const Of& value, const Of& unit) {
+        std::vector<Row> rows;
+        for (const Sample& at : samples) {
+            const Real u = (Real(at.d) - d_middle) * d_scale, w = (y(at) - y_middle) * y_scale;
+            Row row;
+            for (int I = 0; I < columns; ++I) {
+                for (int J = 0; I + J < columns; ++J)
+                    row.push_back(std::pow(u, I) * std::pow(w, J) / unit(at));
+            }
+            row.push_back(value(at) / unit(at));
+            rows.push_back(row);
+        }
+        return fit(rows);
     };
-    print(
-        "p", [](const Sample& at) { return at.p; },
-        [](const Sample& at) { return 1 / at.compressibility; }, "of the volume at that pressure");
-    print(
-        "t", [](const Sample& at) { return at.t; }, [](const Sample&) { return 1; }, "K");
+    const Of t = [](const Sample& at) { return at.t; };
+    const Fit of_p = fitted(p, p_unit), of_t = fitted(t, t);
+    std::printf("    // within %.1Lg and %.1Lg\n", of_p.worst, of_t.worst);
+    std::printf("    {%.8Lef, %.8Lef, %.8Lef, %.8Lef, %.8Lef,\n     {", d_middle, d_scale, y_middle,
+                y_scale, y_high);
+    for (std::size_t k = 0; k < of_p.x.size(); ++k)
+        std::printf("%s{%.8Lef, %.8Lef}", k > 0 ? ",\n      " : "", of_p.x[k], of_t.x[k]);
+    std::printf("}},\n");
 }
-void print_region2(const std::string& variable, const Of& y) {
-    for (std::size_t part = 0; part < inverse::reduced::parts; ++part) {
-        const Samples samples = of_region2(part);
-        const Of x = [part](const Sample& at) { return inverse::reduced::d2(part, at.d); };
-        const auto print = [&](const std::string& what, const Of& value) {
-            print_fit(what + "2_start_" + variable + std::to_string(part), samples, 0, 4, 6, x, y,
-                      value, value, "of it");
-        };
-        print("pv", [](const Sample& at) { return at.p / at.d; });
-        print("t", [](const Sample& at) { return at.t; });
+
+// The two cells of a part, the lower one of a share of y.
+void print_part(const Samples& samples, const Of& y, double share, const Of& p, const Of& p_unit) {
+    Real low = y(samples.front()), high = low;
+    for (const Sample& at : samples) {
+        low = std::min(low, y(at));
+        high = std::max(high, y(at));
     }
+    const Real middle = low + Real(share) * (high - low);
+    for (const auto& [from, to] : {std::pair{low, middle}, std::pair{middle, high}}) {
+        Samples of_cell;
+        std::ranges::copy_if(samples, std::back_inserter(of_cell),
+                             [&](const Sample& at) { return y(at) >= from && y(at) <= to; });
+        print_cell(of_cell, y, from, to, p, p_unit);
+    }
+}
+
+void print_region1(const char* variable, const Of& y) {
+    constexpr double share = 0.4, beside = 5;  // kg/m3
+    const auto& ends = inverse::reduced::d1_ends;
+    std::printf("\ninline constexpr VolumeStart start1_%s[] = {\n", variable);
+    for (std::size_t part = 0; part + 1 < std::size(ends); ++part) {
+        Samples samples;
+        std::ranges::copy_if(
+            of_region1(60, 40), std::back_inserter(samples), [&](const Sample& at) {
+                return at.d >= ends[part] - beside && at.d <= ends[part + 1] + beside;
+            });
+        print_part(
+            samples, y, share, [](const Sample& at) { return at.p; },
+            [](const Sample& at) { return 1 / at.compressibility; });
+    }
+    std::printf("};\n");
+}
+void print_region2(const char* variable, const Of& y) {
+    constexpr double share = 0.35;
+    std::printf("\ninline constexpr VolumeStart start2_%s[] = {\n", variable);
+    const auto& ends = inverse::reduced::d2_ends;
+    for (std::size_t part = 0; part + 1 < std::size(ends); ++part) {
+        const Of pv = [](const Sample& at) { return at.p / at.d; };
+        print_part(of_region2(ends[part], ends[part + 1], 80, 30), y, share, pv, pv);
+    }
+    std::printf("};\n");
 }
 
 // Pressure by density and temperature: of vapour Z - 1, the compressibility factor's virial form.
 void print_of_temperature() {
     using namespace inverse::reduced;
+    constexpr int steps_t = 36, steps_p = 24;
     print_fit(
-        "p1_start_t", of_region1(), 0, 6, 6, [](const Sample& at) { return d1(at.d); },
-        [](const Sample& at) { return t1(at.t); }, [](const Sample& at) { return at.p; },
+        "p1_start_t", of_region1(steps_t, steps_p), 0, 6, 6,
+        [](const Sample& at) { return d1(at.d); }, [](const Sample& at) { return t1(at.t); },
+        [](const Sample& at) { return at.p; },
         [](const Sample& at) { return 1 / at.compressibility; }, "of the volume at that pressure");
     Samples vapour;
-    for (std::size_t part = 0; part < parts; ++part)
-        std::ranges::copy(of_region2(part), std::back_inserter(vapour));
+    constexpr double d_ends[] = {0, 15, 100, 400};
+    for (std::size_t part = 0; part + 1 < std::size(d_ends); ++part)
+        std::ranges::copy(of_region2(d_ends[part], d_ends[part + 1], 50, steps_p),
+                          std::back_inserter(vapour));
     const Of z = [](const Sample& at) { return at.p / (at.d * (R / 1000) * at.t); };
     print_fit(
         "z2_start_t", vapour, 1, 6, 8, [](const Sample& at) { return d2(at.d); },
@@ -155,19 +205,30 @@ int main() {
 // Generated by tools/volume_start, do not edit.
 //
 // Our own start values for pressure, MPa, and temperature, K, of regions 1 and 2 by the density and h, s
-// or temperature, reduced as inverse/volume_reduced.hpp has it: sum n x^I y^J; in region 2, of whose three parts
-// by density each has its own, p over the density instead of p, and of the temperature Z - 1, in one part.
+// or temperature. By h and s in cells, as inverse/volume_reduced.hpp has them, two for each part by density;
+// in region 2 p over the density instead of p, and of the temperature Z - 1, the region being one.
 #pragma once
+
+#include <cstddef>
 
 #include "frame/polynomial.hpp"
 
 namespace vaprix::tables {
-)");
-    using namespace inverse::reduced;
-    print_region1("h", [](const Sample& at) { return h1(at.h); });
-    print_region1("s", [](const Sample& at) { return s1(at.s); });
-    print_region2("h", [](const Sample& at) { return h2(at.h); });
-    print_region2("s", [](const Sample& at) { return s2(at.s + R * std::log(at.d)); });
+
+// Sums of u^i w^j, i + j < %d, of pressure and temperature, u and w going from -1 to 1 across the cell.
+inline constexpr std::size_t volume_start_columns = %d;
+struct VolumeStart {
+    float d_middle, d_scale, y_middle, y_scale;
+    float y_end;  // where the cell ends
+    float n[volume_start_columns * (volume_start_columns + 1) / 2][2];
+};
+)",
+                columns, columns);
+    const Of h = [](const Sample&at) { return at.h; }, s = [](const Sample&at) { return at.s; };
+    print_region1("h", h);
+    print_region1("s", s);
+    print_region2("h", h);
+    print_region2("s", [](const Sample& at) { return at.s + R * std::log(at.d); });
     print_of_temperature();
     std::printf("\n}  // namespace vaprix::tables\n");
 }
