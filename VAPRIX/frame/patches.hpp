@@ -53,9 +53,16 @@ VAPRIX_INLINE Number nearest(Number x) noexcept {
 
 }  // namespace detail
 
-// z and its slope by y. What lies beyond the ends of y is given those of the end.
+// A cell, where in it, and how many of them its block has along y.
+template <class Number>
+struct PatchPlace {
+    decltype(machine::rounded(Number())) cell;
+    Number u, w, y_cells;
+};
+
+// What lies beyond the ends of y is put on the end.
 template <const Patches* patches, class Number>
-[[nodiscard]] VAPRIX_INLINE Tangent<Number> evaluate_patch(Number x, Number y) noexcept {
+[[nodiscard]] VAPRIX_INLINE PatchPlace<Number> patch_place(Number x, Number y) noexcept {
     constexpr const Patches& grid = *patches;
     using detail::nearest;
     using machine::select;
@@ -83,9 +90,16 @@ template <const Patches* patches, class Number>
     const Number y_within = (along_y - column) * y_cells;
     const Number x_cell = nearest(x_within - 0.5), y_cell = nearest(y_within - 0.5);
     const Number u = 2 * (x_within - x_cell) - 1, w = 2 * (y_within - y_cell) - 1;
-    const auto cell = machine::rounded(first.first() + (x_cell * y_cells + y_cell));
+    return {machine::rounded(first.first() + (x_cell * y_cells + y_cell)), u, w, y_cells};
+}
 
-    const auto row = machine::quads_at(grid.rows, cell);
+// z and its slope by y at a place in patches of the same blocks.
+template <const Patches* patches, class Number>
+[[nodiscard]] VAPRIX_INLINE Tangent<Number> evaluate_patch(
+    const PatchPlace<Number>& place) noexcept {
+    constexpr const Patches& grid = *patches;
+    const Number u = place.u, w = place.w;
+    const auto row = machine::quads_at(grid.rows, place.cell);
     const auto two = [&](std::size_t quad) noexcept {
         const auto [first_two, second_two] = row[quad];
         return first_two + second_two * u;
@@ -100,11 +114,16 @@ template <const Patches* patches, class Number>
     const auto slopes = (c0 + c2 * (3 * w2)) + (c4 * 5 + c6 * (7 * w2)) * w4;  // of odd powers
     const Number even_slopes =
         c2.first() * 2 + (c4.first() * 4 + c6.first() * (6 * w2)) * (w2 * narrow);
-    constexpr double slope_unit = 2 * per_column * grid.unit;
+    constexpr double slope_unit = 2 * grid.columns / (grid.y_high - grid.y_low) * grid.unit;
     const Number value =
         (sum.first() + (grid.coarse - 1) * row[0].first.first()) + w * sum.second();
     return {grid.base + grid.unit * value,
-            (slope_unit * y_cells) * (slopes.second() + w * even_slopes)};
+            (slope_unit * place.y_cells) * (slopes.second() + w * even_slopes)};
+}
+
+template <const Patches* patches, class Number>
+[[nodiscard]] VAPRIX_INLINE Tangent<Number> evaluate_patch(Number x, Number y) noexcept {
+    return evaluate_patch<patches>(patch_place<patches>(x, y));
 }
 
 }  // namespace vaprix

@@ -134,8 +134,12 @@ template <class Y, class Number>
                                                                        Number y) noexcept {
     using machine::fabs;
     constexpr double close = tables::dense_patch_step;
-    const Number d = evaluate_patch<Y::d3_patches>(p, y).y;
-    const Number t = evaluate_patch<Y::template t_patches<Region::three>>(p, y).y;
+    constexpr const Patches *d_patches = Y::d3_patches,
+                            *t_patches = Y::template t_patches<Region::three>;
+    static_assert(d_patches->blocks == t_patches->blocks);
+    const PatchPlace<Number> place = patch_place<t_patches>(p, y);
+    const Number d = evaluate_patch<d_patches>(place).y;
+    const Number t = evaluate_patch<t_patches>(place).y;
     const TangentPair<Number> f = Y::template Backward<Number>::tangents3(d, t);
     const Point<Number> step = newton_step(f, p - f.a, y - f.b);
     const machine::Truth<Number> d_settled = fabs(step.x) < close * d;

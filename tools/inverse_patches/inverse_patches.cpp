@@ -341,81 +341,92 @@ bool touches(const Surface& f, const Cell& cell) {
     return false;
 }
 
+// Functions whose patches have the same blocks.
+using Surfaces = std::vector<Surface>;
+
 struct Block {
     int p_halvings = 0, y_halvings = 0;
-    std::vector<Coefficients> cells;
+    std::vector<std::vector<Coefficients>> cells;  // of each function
     double fault = 1e300;
 };
 
-Block divided(const Surface& f, const Cell& whole, int p_halvings, int y_halvings) {
+Block divided(const Surfaces& all, const Cell& whole, int p_halvings, int y_halvings) {
     Block block{p_halvings, y_halvings, {}, 0};
     const int p_cells = 1 << p_halvings, y_cells = 1 << y_halvings;
-    for (int i = 0; i < p_cells; ++i) {
-        for (int j = 0; j < y_cells; ++j) {
-            const double u = 2.0 / p_cells, w = 2.0 / y_cells;
-            const Cell cell{whole.p(-1 + u * i), whole.p(-1 + u * (i + 1)), whole.y(-1 + w * j),
-                            whole.y(-1 + w * (j + 1))};
-            block.cells.push_back(fit_cell(f, cell));
-            block.fault = std::max(block.fault, fault_of(f, cell, block.cells.back()));
-            if (block.fault >= 1 && p_halvings + y_halvings < divisions) return {};
+    for (const Surface& f : all) {
+        std::vector<Coefficients>& cells = block.cells.emplace_back();
+        for (int i = 0; i < p_cells; ++i) {
+            for (int j = 0; j < y_cells; ++j) {
+                const double u = 2.0 / p_cells, w = 2.0 / y_cells;
+                const Cell cell{whole.p(-1 + u * i), whole.p(-1 + u * (i + 1)), whole.y(-1 + w * j),
+                                whole.y(-1 + w * (j + 1))};
+                cells.push_back(fit_cell(f, cell));
+                block.fault = std::max(block.fault, fault_of(f, cell, cells.back()));
+                if (block.fault >= 1 && p_halvings + y_halvings < divisions) return {};
+            }
         }
     }
     return block;
 }
 
 // With as few cells as will do.
-Block fitted_block(const Surface& f, const Cell& whole) {
+Block fitted_block(const Surfaces& all, const Cell& whole) {
     Block best;
-    if (!touches(f, whole)) return best;
+    if (!touches(all[0], whole)) return best;
     for (int halvings = 0; halvings <= divisions; ++halvings) {
         for (int of_p = 0; of_p <= halvings; ++of_p) {
-            Block block = divided(f, whole, of_p, halvings - of_p);
+            Block block = divided(all, whole, of_p, halvings - of_p);
             if (block.fault < best.fault) best = std::move(block);
         }
         if (best.fault < 1) return best;
     }
-    std::fprintf(stderr, "%s: a block needs more divisions\n", f.name);
+    std::fprintf(stderr, "%s: a block needs more divisions\n", all[0].name);
     std::exit(1);
 }
 
-void print(const Surface& f) {
-    const Patches& grid = f.grid;
-    const int dropped = 52 - grid.octave_bits;
+void print(const Surfaces& all) {
+    const Surface& any = all[0];
+    const int dropped = 52 - any.grid.octave_bits;
     const auto row_of = [&](double p) {
-        return std::bit_cast<std::uint64_t>(p + grid.shift) >> dropped;
+        return std::bit_cast<std::uint64_t>(p + any.grid.shift) >> dropped;
     };
     const auto pressure = [&](std::uint64_t row) {
-        return std::bit_cast<double>(row << dropped) - grid.shift;
+        return std::bit_cast<double>(row << dropped) - any.grid.shift;
     };
-    const double width = (grid.y_high - grid.y_low) / grid.columns;
-    std::vector<Coefficients> cells;
+    const double width = (any.grid.y_high - any.grid.y_low) / any.grid.columns;
+    std::vector<std::vector<Coefficients>> cells(all.size());
     std::string blocks;
-    for (std::uint64_t row = row_of(f.p_low); row <= row_of(f.p_high); ++row) {
-        for (int column = 0; column < grid.columns; ++column) {
-            const double y = grid.y_low + width * column;
-            const Block block = fitted_block(f, {pressure(row), pressure(row + 1), y, y + width});
+    for (std::uint64_t row = row_of(any.p_low); row <= row_of(any.p_high); ++row) {
+        for (int column = 0; column < any.grid.columns; ++column) {
+            const double y = any.grid.y_low + width * column;
+            const Block block = fitted_block(all, {pressure(row), pressure(row + 1), y, y + width});
             char text[80];
             std::snprintf(text, sizeof text, "    {%zu, %d, %d, 0},\n",
-                          block.cells.empty() ? 0 : cells.size(), 1 << block.p_halvings,
+                          block.cells.empty() ? 0 : cells[0].size(), 1 << block.p_halvings,
                           1 << block.y_halvings);
             blocks += text;
-            cells.insert(cells.end(), block.cells.begin(), block.cells.end());
+            for (std::size_t of = 0; of < block.cells.size(); ++of)
+                cells[of].insert(cells[of].end(), block.cells[of].begin(), block.cells[of].end());
         }
     }
-    std::printf("\ninline constexpr PatchBlock %s_blocks[] = {\n%s};\n", f.name, blocks.c_str());
-    std::printf("alignas(64) inline constexpr PatchRow %s_rows[] = {\n", f.name);
-    for (const Coefficients& cell : cells) {
-        std::printf("    {{");
-        for (std::size_t k = 0; k < terms; ++k) {
-            const char* after = k + 1 == wide_terms ? "}, {" : k + 1 == terms ? "}},\n" : ", ";
-            std::printf("%d%s", cell[k], after);
+    std::printf("\ninline constexpr PatchBlock %s_blocks[] = {\n%s};\n", any.name, blocks.c_str());
+    for (std::size_t of = 0; of < all.size(); ++of) {
+        const Surface& f = all[of];
+        const Patches& grid = f.grid;
+        std::printf("alignas(64) inline constexpr PatchRow %s_rows[] = {\n", f.name);
+        for (const Coefficients& cell : cells[of]) {
+            std::printf("    {{");
+            for (std::size_t k = 0; k < terms; ++k) {
+                const char* after = k + 1 == wide_terms ? "}, {" : k + 1 == terms ? "}},\n" : ", ";
+                std::printf("%d%s", cell[k], after);
+            }
         }
+        std::printf(
+            "};\ninline constexpr Patches %s{\n"
+            "    %g, %d, %.17g, %g, %g, %d, %g, %.17g, %g, %g, %s_blocks, %s_rows};\n",
+            f.name, grid.shift, grid.octave_bits, f.p_low, grid.y_low, grid.y_high, grid.columns,
+            grid.base, grid.unit, grid.coarse, grid.narrow, any.name, f.name);
     }
-    std::printf(
-        "};\ninline constexpr Patches %s{\n"
-        "    %g, %d, %.17g, %g, %g, %d, %g, %.17g, %g, %g, %s_blocks, %s_rows};\n",
-        f.name, grid.shift, grid.octave_bits, f.p_low, grid.y_low, grid.y_high, grid.columns,
-        grid.base, grid.unit, grid.coarse, grid.narrow, f.name, f.name);
 }
 
 Patches grid(double shift, int octave_bits, double y_low, double y_high, int columns, double base,
@@ -454,16 +465,15 @@ inline constexpr double dense_patch_step = %g;  // relative, of region 3
     constexpr double fine = 0x1p-25, coarser = 0x1p-24, dense = 0x1p-23;
     const Patches grid_3_ph = grid(-12, 1, 1500, 2900, 6, 720, dense);
     const Patches grid_3_ps = grid(-12, 1, 3.3, 5.4, 6, 720, dense);
-    for (const Surface& f :
-         {gibbs_surface("t1_of_ph", liquid_h, 4e-16, grid(23.9995, 1, -0.1, 1680, 8, 448, fine)),
-          gibbs_surface("t1_of_ps", liquid_s, 4e-16, grid(23.9995, 1, -0.01, 3.8, 9, 448, fine)),
-          gibbs_surface("t2_of_ph", vapour_h, 3e-15, grid(0.0045, 0, 2490, 4165, 12, 673, coarser)),
-          gibbs_surface("t2_of_ps", vapour_s, 3e-15, grid(0.0014, 0, 5.73, 8.52, 9, 673, coarser)),
-          dense_surface("t3_of_ph", dense_h, t, grid_3_ph),
-          dense_surface("d3_of_ph", dense_h, d, grid_3_ph),
-          dense_surface("t3_of_ps", dense_s, t, grid_3_ps),
-          dense_surface("d3_of_ps", dense_s, d, grid_3_ps)}) {
-        print(f);
-    }
+    print({gibbs_surface("t1_of_ph", liquid_h, 4e-16, grid(23.9995, 1, -0.1, 1680, 8, 448, fine))});
+    print({gibbs_surface("t1_of_ps", liquid_s, 4e-16, grid(23.9995, 1, -0.01, 3.8, 9, 448, fine))});
+    print({gibbs_surface("t2_of_ph", vapour_h, 3e-15,
+                         grid(0.0045, 0, 2490, 4165, 12, 673, coarser))});
+    print(
+        {gibbs_surface("t2_of_ps", vapour_s, 3e-15, grid(0.0014, 0, 5.73, 8.52, 9, 673, coarser))});
+    print({dense_surface("d3_of_ph", dense_h, d, grid_3_ph),
+           dense_surface("t3_of_ph", dense_h, t, grid_3_ph)});
+    print({dense_surface("d3_of_ps", dense_s, d, grid_3_ps),
+           dense_surface("t3_of_ps", dense_s, t, grid_3_ps)});
     std::printf("\n}  // namespace vaprix::tables\n");
 }
