@@ -229,7 +229,10 @@ struct Pair {
                                 : is_five ? T_max
                                           : T_25);
         const bool beside_3 = region == Region::two && t > T_13 && t < T_23_max;
-        const double p = on_end(at.x, p_min, is_five ? p_max_5 : beside_3 ? p_b23(t) : p_max);
+        const double p = on_end(at.x, p_min,
+                                is_five    ? p_max_5
+                                : beside_3 ? std::min(p_b23(t), p_max)
+                                           : p_max);
         if (!converged || region_pt(p, t) != region) return false;
         state = gibbs_state(region, p, t);
         return true;
@@ -300,11 +303,12 @@ struct Pair {
 
     // Whether (T, v) has wet steam, or a saturated phase, which region 3 has too beside 623.15 K, and
     // of which (p, T) has none where the line lies below p_min. Of a quality x that no rounding makes
-    // a single phase it has.
-    [[nodiscard]] bool wet_at(double t, double x, State& state) const noexcept {
+    // a single phase it has, where the mixture misses y by no more than that.
+    [[nodiscard]] bool wet_at(double t, double x, double missed, State& state) const noexcept {
         constexpr double mixture = 1e-6;
         constexpr double below_p_min = 5e-7;  // K
         const bool is_mixture = x > mixture && x < 1 - mixture;
+        if (is_mixture && missed > rounding()) return false;
         const State at = is_mixture ? State{.region = Region::wet, .p = psat(t), .t = t, .x = x}
                                     : of_tv<Asked{.p = true}>(t, v);
         const bool at_end = t > T_13 - beside || t < T_min + below_p_min;
@@ -326,8 +330,8 @@ struct Pair {
         const double left = y - liquid.y - x * (vapour.y - liquid.y);
         const double change = left / start.slope;
         const double next = std::clamp(t + change, T_min, T_13);
-        if (next != t + change) return fabs(left) <= rounding() && wet_at(next, x, state);
-        return fabs(change) < last_step && wet_at(next, x, state);
+        const double missed = fabs(t + change - next) * start.slope;
+        return fabs(change) < last_step && wet_at(next, x, missed, state);
     }
 
     // The state by the region that it is likely in, without a search. As the isochore has one state
