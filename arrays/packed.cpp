@@ -105,10 +105,14 @@ void answer_part(std::span<Wanted> wanted, Part part, const Elements& elements, 
             without(each.left, elements);
             continue;
         }
-        // solved for and found, at a temperature that the answer rule has no word about
+        // found, at a temperature that the answer rule has no word about or a constant above
         const auto remove_found = [&](std::size_t element, std::size_t k) noexcept {
-            if ((p[k] > 0) & (t[k] >= plan.t_low) & (t[k] <= plan.t_high))
-                remove(each.left, element);
+            if (!((p[k] > 0) & (t[k] >= plan.t_low))) return;
+            remove(each.left, element);
+            if (t[k] <= plan.t_high) return;
+            const Constant& answer = plan.above[t[k] > plan.above[0].t ? 0 : 1].answer;
+            each.out[element] = answer.value;
+            each.code[element] = answer.code;
         };
         if (in_place) {
             for_each(elements, [&](std::size_t k) { remove_found(k, k); });

@@ -415,6 +415,8 @@ constexpr Plan plan_of() {
                 }
             }
             plan.all_found = all_found;
+            plan.above = {{{rule.above.t, constant<property>(rule.above.refusal)},
+                           {rule.above_too.t, constant<property>(rule.above_too.refusal)}}};
             plan.t_high = std::min(rule.above.t, rule.above_too.t);
             plan.t_low = std::max(rule.below.t, std::numeric_limits<double>::min());
             plan.has_limits = rule.below.t > 0 || plan.t_high < T_max;

@@ -47,6 +47,12 @@ struct Constant {
     std::int32_t code = 0;
 };
 
+// What is answered above a temperature, K.
+struct Limited {
+    double t = 1e300;
+    Constant answer{};
+};
+
 // Which of p and T are solved for, the others being given: with both, T stands where else density or
 // quality does.
 enum class Solved { t, p, both };
@@ -73,7 +79,8 @@ struct Plan {
                       std::size_t count) noexcept = nullptr;
     bool has_limits = false;  // of those temperatures
     double t_low = 0;         // above 0
-    double t_high = 1e300;
+    double t_high = 1e300;    // the lower one of these, of which the first holds above both:
+    std::array<Limited, 2> above{};
 };
 
 }  // namespace vaprix::arrays
