@@ -6,10 +6,13 @@
 
 #include "frame/elementary.hpp"
 #include "frame/newton.hpp"
+#include "inverse/liquid_h_near.hpp"
 #include "regions/saturated_energies.hpp"
 
 namespace vaprix::inverse {
 namespace {
+
+constexpr double s2_highest = 11.921;  // kJ/(kg K), of the patches; s2(p, T) <= 11.92106
 
 // What rounding of h and s makes of pressure and quality. A state this far outside a limit is put on
 // it.
@@ -266,13 +269,60 @@ State by_owner(const State& state, double h, double s) noexcept {
     return state;
 }
 
-}  // namespace
+// Pressure and temperature of region 1 or 2 by their patches, corrected by one evaluation; settled where
+// the step is so small that the error is one of rounding. Region 1: Newton's method, `above` being h less
+// that of about saturated liquid.
+CorrectedPoint<double> correct_patches1(double h, double s, double above) noexcept {
+    constexpr double close = tables::liquid_hs_patch_step;
+    const PatchPlace<double> place = patch_place<&tables::p1_of_hs>(s, above);
+    const double p = evaluate_patch<&tables::p1_of_hs>(place).y;
+    const double t = evaluate_patch<&tables::t1_of_hs>(place).y;
+    const TangentPair<double> f = region1::hs_tangents(p, t);
+    const Point<double> step = newton_step(f, h - f.a, s - f.b);
+    const bool p_settled = fabs(step.x) < close, t_settled = fabs(step.y) < close;
+    return {{p + step.x, t + step.y}, p_settled && t_settled};
+}
+
+// Region 2: the pressure by patches of z = s + R ln p, then the temperature by those of (p, h), whose slope is 1/cp:
+//     dp = (dh - T ds)/v,   dT = (dh - (dh/dp)_T dp)/cp,   v = (dh/dp)_T - T (ds/dp)_T,
+// where ds is what is left of z.
+CorrectedPoint<double> correct_patches2(double h, double s) noexcept {
+    const double z = evaluate_patch<&tables::s_plus_r_ln_p2_of_hs>(s, h).y;
+    const double p = exp((z - s) * (1 / R));
+    if (!(p >= p_min && p <= p_max)) return {{p, 0}, false};
+    const auto [t, t_h] = evaluate_patch<Enthalpy::t_patches<Region::two>>(p, h);
+    const auto [of_h, of_z] = region2::h_and_s_plus_r_ln_p_tangents_p(p, t);
+    const double h_left = h - of_h.y;
+    const double p_v = p * (of_h.y_x - t * of_z.y_x) + R * t;
+    const double ratio = (h_left - t * (z - of_z.y)) / p_v;
+    const double p_step = p * ratio;
+    const double t_step = h_left * t_h;
+    const bool p_settled = fabs(ratio) < tables::vapour_hs_patch_step;
+    const bool t_settled = fabs(t_step) < tables::last_patch_step;
+    return {{p + p_step, t + (t_step - of_h.y_x * p_step * t_h)}, p_settled && t_settled};
+}
+
+// Whether a state is so far within its region that no limit needs a closer look: the saturation line and
+// that of regions 2 and 3 where the bounds of h and s do not tell, and the others.
+constexpr double inside = 1e-6;  // relative
+bool is_well_inside1(Point<double> at, bool is_liquid) noexcept {
+    const auto [p, t] = at;
+    const bool is_inside =
+        (t > T_min * (1 + inside)) & (t < T_13 * (1 - inside)) & (p < p_max * (1 - inside));
+    return is_inside && (is_liquid || p > psat(t) * (1 + inside) + inside);
+}
+bool is_well_inside2(Point<double> at, bool is_vapour) noexcept {
+    const auto [p, t] = at;
+    const bool is_inside = (t > T_min * (1 + inside)) & (t < T_25 * (1 - inside)) &
+                           (p > p_min * (1 + inside)) & (p < p_max * (1 - inside));
+    if (!is_inside || is_vapour) return is_inside;
+    return p < (t <= T_13 ? psat(t) : t <= T_23_max ? p_b23(t) : p_max) * (1 - inside);
+}
 
 // The equation that the boundaries of the releases choose; where its solution turns out to lie in a
 // neighbour, that one's. Where the equations of two regions leave a gap between them the first
 // solution stays, up to some mK beyond its region, and reproduces h and s all the same.
-State solve_hs(double h, double s) noexcept {
-    const Region region = region_unlimited(h, s).region;
+State search_hs(Region region, double h, double s) noexcept {
     if (region == Region::none) return outside;
     const Attempt first = attempt(region, h, s);
     if (first.belongs_to == region) return by_owner(first.state, h, s);
@@ -298,6 +348,33 @@ State solve_hs(double h, double s) noexcept {
         if (lost.converged && (tried & bit(next)) == 0 && neighbour_has_it(next)) return last.state;
     }
     return outside;
+}
+
+}  // namespace
+
+// At once by the patches of region 1 or 2 where no limit is near, else by the search.
+State solve_hs(double h, double s) noexcept {
+    constexpr double above_liquid = 1;  // kJ/kg, more than the error of liquid_h_near
+    constexpr Patches of1 = tables::p1_of_hs, of2 = tables::s_plus_r_ln_p2_of_hs;
+    if (!(s >= s_lowest && s <= s_highest)) return outside;
+    const double above = h - liquid_h_near(s);
+    const bool is_liquid =
+        s > of1.x_low && s < boundaries_hs::s_13_min && above > above_liquid && above < of1.y_high;
+    const bool is_vapour =
+        s > boundaries_hs::s_23_max && s < s2_highest && h > above_saturated && h < beyond_region2;
+    const Region region = is_liquid   ? Region::one
+                          : is_vapour ? Region::two
+                                      : region_unlimited(h, s).region;
+    if (region == Region::none) return outside;
+    if (region == Region::one) {
+        const auto [at, settled] = correct_patches1(h, s, above);
+        if (settled && is_well_inside1(at, is_liquid)) return gibbs_state(region, at.x, at.y);
+    }
+    if (region == Region::two && s > of2.x_low && s < s2_highest) {
+        const auto [at, settled] = correct_patches2(h, s);
+        if (settled && is_well_inside2(at, is_vapour)) return gibbs_state(region, at.x, at.y);
+    }
+    return search_hs(is_liquid || is_vapour ? region_unlimited(h, s).region : region, h, s);
 }
 
 }  // namespace vaprix::inverse

@@ -15,6 +15,12 @@
 
 namespace vaprix {
 
+// h and s + R ln p with their slopes.
+template <class Number>
+struct TangentsP {
+    Tangent<Number> h, s_plus_r_ln_p;
+};
+
 template <class Equation, class Number>
 class Vapour {
 public:
@@ -47,6 +53,10 @@ public:
     // The same with their slopes by pressure and by temperature.
     [[nodiscard]] static TangentPair<Number> vh_tangents(Number p, Number t) noexcept;
     [[nodiscard]] static TangentPair<Number> vs_tangents(Number p, Number t) noexcept;
+
+    // h and s + R ln p with their slopes by pressure, from shared sums.
+    [[nodiscard]] static TangentsP<Number> h_and_s_plus_r_ln_p_tangents_p(Number p,
+                                                                          Number t) noexcept;
 
     // v with its slope in p along the isotherm, from shared powers.
     [[nodiscard]] static Tangent<Number> v_tangent_p(Number p, Number t) noexcept;
@@ -312,6 +322,16 @@ TangentPair<Number> Vapour<Equation, Number>::hs_tangents(Number p, Number t) no
             ideal<entropy0>(tau, t) + s - R * guarded_log(p),
             -R * (1 / p + (pi - tau * pitau)),
             cp / t};
+}
+
+template <class Equation, class Number>
+TangentsP<Number> Vapour<Equation, Number>::h_and_s_plus_r_ln_p_tangents_p(Number p,
+                                                                           Number t) noexcept {
+    const Number tau = Equation::T_star / t;
+    const auto [h, s, pi, pitau] =
+        evaluate<enthalpy, entropy, gamma_pi, gamma_pitau>(p, tau - Equation::shift);
+    return {{ideal<enthalpy0>(tau, t, Equation::T_star_reciprocal_h) + h, h_p_factor * pitau},
+            {ideal<entropy0>(tau, t) + s, -R * (pi - tau * pitau)}};
 }
 
 template <class Equation, class Number>

@@ -2,7 +2,8 @@
 //
 // Fits the inverses of (p, h) and (p, s) by patches, in region 2 of (p, s + R ln p), and prints
 // inverse/tables/inverse_patches.hpp: the temperature of regions 1 and 2, temperature and density of
-// region 3.
+// region 3. Likewise those of (h, s): pressure and temperature of region 1, of region 2 s + R ln p, which
+// with p has the temperature.
 //
 // A block of the grid is divided until one step from the patches leaves an error of rounding: in regions
 // 1 and 2 by the basic equation and the slope of the patch, in region 3 by Newton's method.
@@ -13,18 +14,23 @@
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
+#include <map>
 #include <numbers>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "frame/constants.hpp"
 #include "frame/newton.hpp"
 #include "frame/patches.hpp"
+#include "inverse/liquid_h_near.hpp"
 #include "least_squares.hpp"
 #include "regions/b23.hpp"
 #include "regions/region1.hpp"
+#include "regions/region1_backward.hpp"
 #include "regions/region2.hpp"
+#include "regions/region2_backward.hpp"
 #include "regions/region3.hpp"
 #include "regions/saturation_line.hpp"
 
@@ -36,9 +42,11 @@ constexpr std::size_t terms = patch_terms, wide_terms = 4 * wide_quads;
 constexpr std::size_t u_powers = 6, w_powers = 8;
 constexpr double coarse = 0x1p4;  // of the constants: they may be large, and do not enter the slope
 constexpr double narrow = 0x1p4;  // of those of higher order: they are small
-constexpr double last_step = 4e-6;    // K, to which a patch of regions 1 and 2 is held
-constexpr double dense_error = 1e-8;  // relative, those of region 3
-constexpr int divisions = 7;          // of a block, at most: halvings
+constexpr double last_step = 4e-6;     // K, to which a patch of regions 1 and 2 is held
+constexpr double dense_error = 1e-8;   // relative, those of region 3
+constexpr double liquid_error = 4e-6;  // MPa and K, of (h, s) in region 1
+constexpr double vapour_error = 4e-8;  // of s + R ln p, kJ/(kg K), in region 2
+constexpr int divisions = 7;           // of a block, at most: halvings
 
 using Coefficients = std::array<std::int32_t, terms>;
 
@@ -59,7 +67,7 @@ struct Limits {
 // What is fitted.
 struct Surface {
     const char* name;
-    // at a pressure and h or s, as far as the equation is trusted beyond the region
+    // at a pressure and h or s, of (h, s) at s and h, as far as the equation is trusted beyond the region
     std::function<std::optional<double>(double p, double y)> z;
     std::function<Limits(double p)> limits;                    // of y in the region
     std::function<bool(double p, double y, double z)> within;  // or close to the region
@@ -170,6 +178,92 @@ Surface dense_surface(const char* name, const Dense& region, double Point<double
         .grid = grid,
         .p_low = psat_13,
         .p_high = p_max};
+}
+
+// Region 1 or 2 of s and h, in region 1 of s and h less liquid_h_near(s).
+struct GibbsOfHs {
+    TangentPair<double> (*tangents)(double p, double t) noexcept;
+    double (*p)(double h, double s) noexcept;  // where Newton's method starts
+    double (*t)(double p, double h) noexcept;
+    Gibbs along_isobar;  // s, of vapour s + R ln p
+    bool is_vapour;
+    Limits of_s;
+
+    [[nodiscard]] double h_0(double s) const { return is_vapour ? 0 : inverse::liquid_h_near(s); }
+};
+
+// Pressure and temperature, by Newton's method; none far beyond the region.
+std::optional<Point<double>> inverse(const GibbsOfHs& region, double h, double s) {
+    constexpr Limits pressures{-25, 130}, temperatures{230, 1200};
+    constexpr double settled = 1e-10;
+    const double start = std::clamp(region.p(h, s), p_min, p_max);
+    Point<double> at{start, std::clamp(region.t(start, h), T_min, T_25)};
+    for (int round = 0; round < 50; ++round) {
+        const TangentPair<double> f = region.tangents(at.x, at.y);
+        const Point<double> step = newton_step(f, h - f.a, s - f.b);
+        const double unit = region.is_vapour ? at.x : 1;
+        at.x = region.is_vapour ? at.x * std::exp(std::clamp(step.x / at.x, -0.5, 0.5))
+                                : at.x + std::clamp(step.x, -20.0, 20.0);
+        at.y += std::clamp(step.y, -50.0, 50.0);
+        if (!(at.x > pressures.low && at.x < pressures.high && at.y > temperatures.low &&
+              at.y < temperatures.high)) {
+            return {};
+        }
+        if (std::fabs(step.x) < settled * unit && std::fabs(step.y) < settled) return at;
+    }
+    return {};
+}
+
+// Least and greatest h at s in the region.
+Limits isentrope(const GibbsOfHs& region, double s) {
+    constexpr int pressures = 1000;
+    static std::map<std::pair<bool, double>, Limits> known;
+    const auto [at, is_new] = known.try_emplace({region.is_vapour, s}, Limits{1e9, -1e9});
+    auto& [low, high] = at->second;
+    for (int i = 0; is_new && i <= pressures; ++i) {
+        const double p = p_min * std::pow(p_max / p_min, static_cast<double>(i) / pressures);
+        const double y = region.is_vapour ? s + R * std::log(p) : s;
+        const auto t = inverse(region.along_isobar, p, y);
+        const auto [t_low, t_high] = region.along_isobar.t(p);
+        if (!t || *t < t_low || *t > t_high) continue;
+        const double h = region.tangents(p, *t).a;
+        low = std::min(low, h);
+        high = std::max(high, h);
+    }
+    return at->second;
+}
+
+// `z` of pressure and temperature at s, `allowed` being its error.
+Surface hs_surface(const char* name, const GibbsOfHs& region,
+                   const std::function<double(Point<double> at, double s)>& z, double allowed,
+                   const Patches& grid) {
+    const auto exact = [region](double s, double y) {
+        return inverse(region, y + region.h_0(s), s);
+    };
+    return {.name = name,
+            .z = [exact, z](double s, double y) -> std::optional<double> {
+                const auto at = exact(s, y);
+                return at ? std::optional(z(*at, s)) : std::nullopt;
+            },
+            .limits =
+                [region](double s) {
+                    const auto [low, high] = isentrope(region, s);
+                    return Limits{low - region.h_0(s), high - region.h_0(s)};
+                },
+            .within =
+                [region, exact](double s, double y, double /* z */) {
+                    constexpr double beside = 0.05;    // K
+                    constexpr double p_beside = 1e-4;  // relative
+                    const auto [p, t] = *exact(s, y);
+                    if (p < p_min * (1 - p_beside) || p > p_max * (1 + p_beside)) return false;
+                    const auto [low, high] = region.along_isobar.t(std::clamp(p, p_min, p_max));
+                    return t >= low - beside && t <= high + beside;
+                },
+            .fault = [allowed](double /* s */, double z_exact, double value,
+                               double /* slope */) { return std::fabs(value - z_exact) / allowed; },
+            .grid = grid,
+            .p_low = region.of_s.low,
+            .p_high = region.of_s.high};
 }
 
 // Values of T_0 to T_7, the Chebyshev polynomials, at x.
@@ -430,9 +524,9 @@ void print(const Surfaces& all) {
 }
 
 Patches grid(double shift, int octave_bits, double y_low, double y_high, int columns, double base,
-             double unit) {
-    return {shift, octave_bits, 0,      y_low,  y_high,  columns,
-            base,  unit,        coarse, narrow, nullptr, nullptr};
+             double unit, double of_narrow = narrow) {
+    return {shift, octave_bits, 0,      y_low,     y_high,  columns,
+            base,  unit,        coarse, of_narrow, nullptr, nullptr};
 }
 
 }  // namespace
@@ -442,7 +536,8 @@ int main() {
 // Generated by tools/inverse_patches, do not edit.
 //
 // Patches of (p, h) and (p, s), in MPa, kJ/kg and kJ/(kg K): T of regions 1, 2 and 3, K, density of
-// region 3, kg/m3.
+// region 3, kg/m3. Of s and h: p and T of region 1 of s and h less liquid_h_near(s), s + R ln p of
+// region 2.
 #pragma once
 
 #include "frame/patches.hpp"
@@ -451,8 +546,10 @@ namespace vaprix::tables {
 
 inline constexpr double last_patch_step = %g;  // K, of regions 1 and 2
 inline constexpr double dense_patch_step = %g;  // relative, of region 3
+inline constexpr double liquid_hs_patch_step = %g;  // MPa and K, of (h, s) in region 1
+inline constexpr double vapour_hs_patch_step = %.1g;  // relative, of p of (h, s) in region 2
 )",
-                last_step, 2 * dense_error);
+                last_step, 2 * dense_error, 2 * liquid_error, 2 * vapour_error / R);
     const Gibbs liquid_h{region1::h_tangent_t, liquid}, liquid_s{region1::s_tangent_t, liquid};
     const Gibbs vapour_h{region2::h_tangent_t, vapour};
     const Gibbs vapour_s{region2::s_plus_r_ln_p_tangent_t, vapour};
@@ -461,6 +558,10 @@ inline constexpr double dense_patch_step = %g;  // relative, of region 3
     const Dense dense_s{region3::ps_tangents, region3::v_ps, region3::t_ps,
                         region3::p3sat_s,     region1::s,    region2::s};
     constexpr auto d = &Point<double>::x, t = &Point<double>::y;
+    const GibbsOfHs liquid_hs{region1::hs_tangents, region1::p_hs, region1::t_ph, liquid_s, false,
+                              {-0.0086, 3.7783}};
+    const GibbsOfHs vapour_hs{region2::hs_tangents, region2::p_hs, region2::t_ph, vapour_s, true,
+                              {5.048, 11.9211}};
     // the grids: those of a few hundred tried that need the fewest cells
     constexpr double fine = 0x1p-25, coarser = 0x1p-24, dense = 0x1p-23;
     const Patches grid_3_ph = grid(-12, 1, 1500, 2900, 6, 720, dense);
@@ -475,5 +576,15 @@ inline constexpr double dense_patch_step = %g;  // relative, of region 3
            dense_surface("t3_of_ph", dense_h, t, grid_3_ph)});
     print({dense_surface("d3_of_ps", dense_s, d, grid_3_ps),
            dense_surface("t3_of_ps", dense_s, t, grid_3_ps)});
+    const auto p_of = [](Point<double> at, double /* s */) { return at.x; };
+    const auto t_of = [](Point<double> at, double /* s */) { return at.y; };
+    const auto s_plus_r_ln_p = [](Point<double> at, double s) { return s + R * std::log(at.x); };
+    const auto grid_1_hs = [](double base, double unit) {
+        return grid(4.1, 3, -2, 138, 1, base, unit);
+    };
+    print({hs_surface("p1_of_hs", liquid_hs, p_of, liquid_error, grid_1_hs(50, 0x1p-24)),
+           hs_surface("t1_of_hs", liquid_hs, t_of, liquid_error, grid_1_hs(448, 0x1p-23))});
+    print({hs_surface("s_plus_r_ln_p2_of_hs", vapour_hs, s_plus_r_ln_p, vapour_error,
+                      grid(-4.9, 1, 2490, 4165, 8, 6.5, 0x1p-30, 32))});
     std::printf("\n}  // namespace vaprix::tables\n");
 }
