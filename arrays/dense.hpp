@@ -93,8 +93,10 @@ VAPRIX_INLINE Number density_of(Number p, Number t, Number v) noexcept {
     }
     Number d = 1 / v;
     d = machine::in_single(select(d < side_low, side_low, select(side_high < d, side_high, d)));
-    Number low = side_low, high = side_high, root = 0;
-    auto searching = d == d;
+    Number low = side_low, high = side_high;
+    Number root = region3_density::corrected(isotherm, p, d);
+    auto searching = !((side_low < root) & (root < side_high));
+    if (machine::none(searching)) return root;
     for (int round = 0; round < rounds; ++round) {
         const Number slope = isotherm.p_d(d);
         const Number step = (p - isotherm.p(d)) / slope;

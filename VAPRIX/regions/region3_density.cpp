@@ -30,19 +30,28 @@ constexpr Side liquid{d_crit, densest, -far};
 
 constexpr Side side_of(double d) noexcept { return d > d_crit ? liquid : vapour; }
 
+// The side of the phase that the saturation line gives.
+Side side_of(double p, double t) noexcept {
+    if (t > T_crit) return whole;
+    return p > p_crit || t < tsat(p) ? liquid : vapour;
+}
+
+// In single precision the start does not carry the last digit of the host's exponential, which
+// subregion 3n passes through, into the result.
+double start_on(Side side, double d_start) noexcept {
+    return machine::in_single(std::clamp(d_start, side.low, side.high));
+}
+
 // Root of p(d) = p on a side, by Newton's method; 0.0 where there is none.
 double newton(const region3::Isotherm& isotherm, double p, Side side, double d_start) noexcept {
     constexpr double rounding = 1e-12;  // of the pressure, relative
     constexpr double flat = 1e-30;      // MPa m3/kg, a slope that leads to the end of the bracket
-    // In single precision the start does not carry the last digit of the host's exponential, which
-    // subregion 3n passes through, into the result.
-    const double start = machine::in_single(std::clamp(d_start, side.low, side.high));
     const NewtonRoot<double> root = bracketed_newton(
         [&](double d) noexcept {
             const Tangent<double> at{isotherm.p(d), isotherm.p_d(d)};
             return at.y_x > 0 ? at : Tangent<double>{at.y + side.p_beyond, flat};
         },
-        p, side.low, side.high, start, last_step);
+        p, side.low, side.high, start_on(side, d_start), last_step);
     // an end of the side stands for a root beyond it, and next to the critical point the isotherm
     // is so flat that rounding decides the steps
     const bool solved = (root.converged && root.x > side.low && root.x < side.high) ||
@@ -59,13 +68,19 @@ double published(double p, double t) noexcept {
 
 double density_pt(double p, double t, double d_start) noexcept {
     const region3::Isotherm isotherm(t);
-    if (t > T_crit) return newton(isotherm, p, whole, d_start);
-    const bool is_liquid = p > p_crit || t < tsat(p);
-    const double own = newton(isotherm, p, is_liquid ? liquid : vapour, d_start);
-    return own > 0 ? own : newton(isotherm, p, is_liquid ? vapour : liquid, d_start);
+    const Side side = side_of(p, t);
+    const double own = newton(isotherm, p, side, d_start);
+    if (own > 0 || t > T_crit) return own;
+    return newton(isotherm, p, side.low == d_crit ? vapour : liquid, d_start);
 }
 
-double density_pt(double p, double t) noexcept { return density_pt(p, t, published(p, t)); }
+double density_pt(double p, double t) noexcept {
+    const double d_start = published(p, t);
+    const region3::Isotherm isotherm(t);
+    const Side side = side_of(p, t);
+    const double d = corrected(isotherm, p, start_on(side, d_start));
+    return side.low < d && d < side.high ? d : density_pt(p, t, d_start);
+}
 
 double density_beside(double p, double t, double d_start) noexcept {
     return newton(region3::Isotherm(t), p, side_of(d_start), d_start);
