@@ -7,8 +7,10 @@
 #include <algorithm>
 #include <array>
 #include <map>
+#include <optional>
 #include <regex>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "table.hpp"
@@ -54,6 +56,18 @@ private:
     };
     N x_;
     Sequence positive_, inverse_;
+};
+// What the formulas cost as they are printed is measured with those of the host.
+template <>
+class Powers<double> {
+public:
+    explicit Powers(double base) : x_(base) {}
+    double operator()(const Exponent<double>& e, int less) const {
+        return power(x_, e.exact - less);
+    }
+
+private:
+    double x_;
 };
 
 template <class N>
@@ -473,8 +487,8 @@ private:
             total.size += part.size;
         };
         const auto at = [this](const Variable<N>& of) { return of({given_, t}); };
-        if (x_.empty()) x_.emplace_back(at(of_.residual->x)), x_.emplace_back(at(of_.residual->y));
-        add(*of_.residual, sum(of_.residual->terms, x_[0], x_[1], i, j));
+        if (!powers_) powers_.emplace(at(of_.residual->x), at(of_.residual->y));
+        add(*of_.residual, sum(of_.residual->terms, powers_->first, powers_->second, i, j));
         if (const auto* ideal = of_.ideal)
             add(*ideal, sum(ideal->terms, at(ideal->x), at(ideal->y), i, j));
         if (of_.logarithm != 0 && j == 0)
@@ -488,7 +502,7 @@ private:
     N given_;  // p, in region 3 d
     const Basic& of_;
     N a_, tau_;
-    mutable std::vector<Powers<N>> x_;
+    mutable std::optional<std::pair<Powers<N>, Powers<N>>> powers_{};
     mutable std::array<Sum<N>, 9> sums_{};
     mutable std::array<bool, 9> known_{};
 };
