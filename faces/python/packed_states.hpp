@@ -13,7 +13,7 @@ namespace vaprix::arrays::states {
 
 using bridge::Resolved;
 
-inline constexpr std::size_t most = 256;  // states of a block
+inline constexpr std::size_t most = 512;  // states of a block
 
 // An export that packs may evaluate.
 struct Export;
