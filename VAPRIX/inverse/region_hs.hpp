@@ -35,7 +35,7 @@ inline constexpr double lowest_region5 = 3925.9;   // h2(p, 1073.15 K) >= 3925.9
 inline constexpr double beyond_region2 = 4160.7;   // h2(p, 1073.15 K) <= 4160.661
 
 // Whether h at p is below that of the isotherm 1073.15 K.
-[[nodiscard]] inline bool below_t25(double p, double h) noexcept {
+[[nodiscard]] VAPRIX_INLINE bool below_t25(double p, double h) noexcept {
     if (p >= p_min && p <= p_max) {
         const LimitBounds t25 = Enthalpy::limits[isobar_band(p)].t25;
         if (h < static_cast<double>(t25.low)) return true;
